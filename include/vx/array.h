@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The host's arrays, as the module sees them. Every host defines each of these functions once; the
+// module never looks inside a vxArray.
+//
+// Ownership. Arguments belong to the host and stay unchanged during the call. An array that a
+// vxCreate function returns belongs to the host from its creation: put into a result slot it is
+// handed to the script, put into a cell it belongs to the cell, and left anywhere else (also when
+// an error passes) it ends with the call.
+//
+// Failure. A function that allocates never returns null: on exhaustion, or when the dimensions are
+// larger than the host can hold, the host raises an out-of-memory error of its own, as a C++
+// exception that passes through the module. No other function here raises anything.
+//
+// Order. Elements are stored column-major: the first dimension varies fastest. Dimensions are
+// listed in that order.
+#pragma once
+
+#include <cstddef>
+
+extern "C" {
+
+struct vxArray;
+
+// The class of an array. A value of a class that is not listed (a structure, a function handle, an
+// object) is of vxUNKNOWN_CLASS.
+enum vxClassID {
+    vxUNKNOWN_CLASS = 0,
+    vxCELL_CLASS = 1,
+    vxCHAR_CLASS = 2,
+    vxLOGICAL_CLASS = 3,
+    vxDOUBLE_CLASS = 6,
+    vxSINGLE_CLASS = 7,
+    vxINT8_CLASS = 8,
+    vxUINT8_CLASS = 9,
+    vxINT16_CLASS = 10,
+    vxUINT16_CLASS = 11,
+    vxINT32_CLASS = 12,
+    vxUINT32_CLASS = 13,
+    vxINT64_CLASS = 14,
+    vxUINT64_CLASS = 15
+};
+
+// Whether a numeric array is to have an imaginary part. The module creates real arrays only.
+enum vxComplexity { vxREAL = 0, vxCOMPLEX = 1 };
+
+// --- Looking at an array
+// -------------------------------------------------------------------------------------
+
+vxClassID vxGetClassID(const vxArray* array);
+
+// True when the array has no elements.
+bool vxIsEmpty(const vxArray* array);
+
+size_t vxGetNumberOfElements(const vxArray* array);
+
+// The rank, at least 2, and that many lengths, valid as long as the array.
+size_t vxGetNumberOfDimensions(const vxArray* array);
+const size_t* vxGetDimensions(const vxArray* array);
+
+// The number of bytes that each element takes behind vxGetData: 8 for double, 2 for char (one
+// UTF-16 unit), 1 for logical; 0 for a class whose storage is not handed out (vxCELL_CLASS,
+// vxUNKNOWN_CLASS).
+size_t vxGetElementSize(const vxArray* array);
+
+// The elements, in storage order: vxGetNumberOfElements times vxGetElementSize bytes, aligned for
+// the element. The real part only, of a complex array; every element, of a sparse one. Valid as
+// long as the array. Null or not to be followed when there are no bytes.
+const void* vxGetData(const vxArray* array);
+
+// The same storage of an array that the module created and has not yet returned from the call with,
+// for filling.
+void* vxGetWritableData(vxArray* array);
+
+// True for a logical array of exactly one element.
+bool vxIsLogicalScalar(const vxArray* array);
+
+// The elements of a logical array, one byte each; non-zero means true.
+const bool* vxGetLogicals(const vxArray* array);
+
+bool vxIsNaN(double value);
+bool vxIsInf(double value);
+
+// --- Text and memory of the host's allocator
+// -----------------------------------------------------------------
+
+// The characters of a char array in storage order, in the narrow encoding, NUL-terminated; null
+// when the array is not of class char. Released with vxFree.
+char* vxArrayToString(const vxArray* array);
+
+// count times size bytes, all zero, aligned for any element; never null, also for zero bytes.
+// Raises the host's out-of-memory error. Released with vxFree.
+void* vxCalloc(size_t count, size_t size);
+
+// Releases what vxArrayToString or vxCalloc returned. Null is allowed and does nothing.
+void vxFree(void* memory);
+
+// --- Creating arrays
+// ----------------------------------------------------------------------------------------- rank
+// and dims: rank 0 makes a 0-by-0 array (dims may then be null), rank 1 a column, any other what it
+// says.
+
+// A 1-by-1 double.
+vxArray* vxCreateDoubleScalar(double value);
+
+// A 1-by-1 logical.
+vxArray* vxCreateLogicalScalar(bool value);
+
+// A 1-by-n char row from NUL-terminated narrow text; 1-by-0 when the text is empty.
+vxArray* vxCreateString(const char* text);
+
+// A char array of zero characters.
+vxArray* vxCreateCharArray(size_t rank, const size_t* dims);
+
+// A numeric array of zeros, of one of the ten numeric classes.
+vxArray* vxCreateNumericArray(size_t rank, const size_t* dims, vxClassID classId,
+                              vxComplexity complexity);
+
+// A numeric array whose elements hold anything. vxUNKNOWN_CLASS is allowed for an array without
+// elements.
+vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID classId,
+                                    vxComplexity complexity);
+
+// A cell array of empty cells.
+vxArray* vxCreateCellArray(size_t rank, const size_t* dims);
+
+// Puts value, which the cell array then owns, into the cell of that zero-based index in storage
+// order.
+void vxSetCell(vxArray* cells, size_t index, vxArray* value);
+
+} // extern "C"

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// How a host enters the module, and how the module asks to be told of its own end.
+#pragma once
+
+#include "vx/array.h"
+
+// The most results that any operation sets: a host passes at least this many slots, all null, in
+// every call, however few the script asked for.
+constexpr int plugResultSlots = 4;
+
+extern "C" {
+
+// Defined by the module. arguments[0] names the operation, the rest are the operation's arguments;
+// nrhs counts them all. Results are left in results[0], results[1], ... in the operation's order,
+// whatever nlhs says. A failure leaves as an exception that implements fnd::except::IMsgIDException
+// (vx/error.h) or as an exception of the host's own that was raised in a vx function; results are
+// then void.
+void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
+// Defined by the host: remembers the function to be called once, when the host unloads the module
+// or ends, before the module's static objects are destroyed. The last registration holds. Cheap:
+// the module renews it at every call.
+void plugAtExit(void (*handler)());
+
+} // extern "C"
