@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "convert/argument_readers.h"
+
+#include "convert/numeric_class.h"
+#include "convert/numeric_conversion.h"
+#include "error_identifiers.h"
+#include "vx/text.h"
+
+#include <cstring>
+#include <type_traits>
+
+namespace Ovard::gridio {
+namespace {
+
+static_assert(sizeof(long) == 8 && sizeof(std::size_t) == 8 && sizeof(int) == 4);
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "charDataToString takes the first byte");
+
+// Of attribute writes, which are exempt from the rule against empty data.
+constexpr std::int32_t firstAttributeWrite = 77;
+constexpr std::int32_t lastAttributeWrite = 88;
+
+[[noreturn]] void raiseBadScalar(std::string_view name)
+{
+    vxErrMsgId(netcdf::badScalarArgument(std::string(name), "numeric"));
+}
+
+bool isFinite(double value) { return !vxIsNaN(value) && !vxIsInf(value); }
+
+template <class Target> Target readScalar(const vxArray* a, std::string_view name)
+{
+    if (vxGetNumberOfElements(a) != 1)
+        raiseBadScalar(name);
+
+    Target result{};
+    const bool isNumeric = visitNumericElements(a, [&](const auto* elements) {
+        const auto value = *elements;
+        if constexpr (std::is_floating_point_v<std::decay_t<decltype(value)>>) {
+            if (!isFinite(value) && name != fillValueName)
+                raiseBadScalar(name);
+        }
+        result = convertChecked<Target>(value);
+    });
+    if (!isNumeric)
+        raiseBadScalar(name);
+    return result;
+}
+
+} // namespace
+
+std::size_t readSizeScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<std::size_t>(a, name);
+}
+
+int readIntScalar(const vxArray* a, std::string_view name) { return readScalar<int>(a, name); }
+
+double readDoubleScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<double>(a, name);
+}
+
+float readFloatScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<float>(a, name);
+}
+
+long readInt64Scalar(const vxArray* a, std::string_view name) { return readScalar<long>(a, name); }
+
+unsigned int readUintScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<unsigned int>(a, name);
+}
+
+unsigned short readUshortScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<unsigned short>(a, name);
+}
+
+short readShortScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<short>(a, name);
+}
+
+unsigned char readUcharScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<unsigned char>(a, name);
+}
+
+signed char readScharScalar(const vxArray* a, std::string_view name)
+{
+    return readScalar<signed char>(a, name);
+}
+
+std::string readText(const vxArray* a, const char* name)
+{
+    if (vxGetClassID(a) != vxCHAR_CLASS)
+        vxErrMsgId(netcdf::argumentWasNotChar(name));
+    return fnd::filesystem::codecvt_ustring_to_narrow_string()(vxGetText(a));
+}
+
+bool readFlag(const vxArray* a, std::string_view name)
+{
+    if (!vxIsLogicalScalar(a))
+        vxErrMsgId(netcdf::expectedLogicalType(std::string(name)));
+
+    unsigned char stored = 0;
+    std::memcpy(&stored, vxGetLogicals(a), 1); // any non-zero byte is true, not only 1
+    return stored != 0;
+}
+
+float readRawFloat(const vxArray* a, std::string_view name)
+{
+    float value = 0;
+    if (vxGetNumberOfElements(a) * vxGetElementSize(a) < sizeof value)
+        raiseBadScalar(name);
+    std::memcpy(&value, vxGetData(a), sizeof value);
+    return value;
+}
+
+std::string charDataToString(const vxArray* a)
+{
+    const std::size_t count = vxGetNumberOfElements(a);
+    requireStorage(a, count, sizeof(char16_t));
+
+    std::string bytes(count, '\0');
+    const auto* storage = static_cast<const char*>(vxGetData(a));
+    for (std::size_t i = 0; i < count; ++i)
+        bytes[i] = storage[sizeof(char16_t) * i];
+    return bytes;
+}
+
+void requireVariableData(const vxArray* data, const OperationEntry* entry)
+{
+    const bool isAttributeWrite =
+        entry->code >= firstAttributeWrite && entry->code <= lastAttributeWrite;
+    if (vxGetNumberOfElements(data) == 0 && !isAttributeWrite)
+        vxErrMsgId(netcdf::emptyVariableData());
+}
+
+void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize)
+{
+    const std::size_t bytesHeld = vxGetNumberOfElements(data) * vxGetElementSize(data);
+    if (count > bytesHeld / elementSize)
+        vxErrMsgId(netcdf::dataSizeMismatch());
+}
+
+} // namespace Ovard::gridio

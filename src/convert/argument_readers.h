@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Readers of scalar, text, flag and data arguments. The parameter name appears in the error, so
+// that a script sees which argument was wrong.
+#pragma once
+
+#include "operation_entry.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Ovard::gridio {
+
+// The name under which the numeric readers let NaN and infinite values through: fill values may be
+// such.
+constexpr std::string_view fillValueName = "FILLVALUE";
+
+// Typed scalar readers: an array of one element of any of the ten numeric classes, its real part
+// converted by convertChecked. Raise badScalarArgument(name, "numeric") for any other count or
+// class and, unless the name is fillValueName, for NaN and infinity; throw a Boost overflow for a
+// value out of range.
+std::size_t readSizeScalar(const vxArray* a, std::string_view name);
+int readIntScalar(const vxArray* a, std::string_view name);
+double readDoubleScalar(const vxArray* a, std::string_view name);
+float readFloatScalar(const vxArray* a, std::string_view name);
+long readInt64Scalar(const vxArray* a, std::string_view name);
+unsigned int readUintScalar(const vxArray* a, std::string_view name);
+unsigned short readUshortScalar(const vxArray* a, std::string_view name);
+short readShortScalar(const vxArray* a, std::string_view name);
+unsigned char readUcharScalar(const vxArray* a, std::string_view name);
+signed char readScharScalar(const vxArray* a, std::string_view name);
+
+// A name or word: a char array of any shape, in storage order, in the narrow encoding. Raises
+// argumentWasNotChar(name) for any other class. An empty char array gives an empty string.
+std::string readText(const vxArray* a, const char* name);
+
+// A logical scalar. Raises expectedLogicalType(name) for anything else, numeric 0 and 1 too.
+bool readFlag(const vxArray* a, std::string_view name);
+
+// The first four bytes of the array's storage as a float, deliberately whatever its class, count
+// and value: a double is not converted. Raises badScalarArgument(name, "numeric") when there are
+// not four bytes.
+float readRawFloat(const vxArray* a, std::string_view name);
+
+// Text to be stored in a file: one byte for each element, the low byte of its UTF-16 unit, with no
+// conversion of encoding. Deliberately unlike readText, and whatever the class: other storage is
+// taken as units. Raises dataSizeMismatch when the storage holds fewer than two bytes for each
+// element.
+std::string charDataToString(const vxArray* a);
+
+// Raises emptyVariableData when data to be written have no elements, unless the row is an attribute
+// write (codes 77 to 88), which may store an empty value.
+void requireVariableData(const vxArray* data, const OperationEntry* entry);
+
+// Raises dataSizeMismatch when the array's storage holds fewer bytes than count elements of that
+// size. The class of data is deliberately not checked; reading past their end would be another
+// matter.
+void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize);
+
+} // namespace Ovard::gridio
