@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The one entry point of the module.
+#include "vx/plug.h"
+
+#include "convert/host_memory.h"
+#include "error_identifiers.h"
+#include "gateway/operation_table.h"
+#include "open_file_registry.h"
+
+#include <boost/numeric/conversion/cast.hpp>
+
+using namespace Ovard::gridio;
+
+void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    plugAtExit(closeRegisteredFiles);
+
+    const HostMemory<char> name(nrhs > 0 ? vxArrayToString(arguments[0]) : nullptr);
+    const int nargs = nrhs > 0 ? nrhs - 1 : 0;
+    const OperationEntry* entry = findOperation(name.get(), static_cast<unsigned>(nargs));
+
+    try {
+        entry->handler(nlhs, results, nargs, arguments + 1, entry);
+    } catch (const boost::numeric::bad_numeric_cast&) {
+        vxErrMsgId(validate::argumentOutOfBounds());
+    }
+}
