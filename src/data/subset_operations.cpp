@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Subset reads and writes: one value, a block or a strided block, all three through the strided
+// library calls.
+#include "data/data_operations.h"
+
+#include "check_status.h"
+#include "convert/argument_readers.h"
+#include "data/element_storage.h"
+#include "data/element_types.h"
+#include "data/shapes.h"
+#include "error_identifiers.h"
+
+namespace Ovard::gridio::operations {
+namespace {
+
+// All in the library's dimension order.
+struct Subset {
+    SizeVector start;
+    SizeVector count;
+    StrideVector stride;
+};
+
+// Reads START and as many of COUNT and STRIDE as there are: what is missing becomes ones.
+Subset readSubset(const vxArray* vectors[], int vectorCount)
+{
+    Subset subset;
+    subset.start = toSizeVector(vectors[0], "START");
+    const std::size_t rank = subset.start.size();
+    subset.count = vectorCount > 1 ? toSizeVector(vectors[1], "COUNT") : SizeVector(rank, 1);
+    subset.stride = vectorCount > 2 ? toStrideVector(vectors[2], "STRIDE") : StrideVector(rank, 1);
+    return subset;
+}
+
+[[noreturn]] void raiseBadLength(const char* label, const char* variable, std::size_t required,
+                                 std::size_t given)
+{
+    vxErrMsgId(netcdf::badIndexArgumentLength(label, variable, static_cast<long>(required),
+                                              static_cast<long>(given)));
+}
+
+enum class Access { read, write };
+
+// Raises badIndexArgumentLength unless the vectors have one element for each dimension of the
+// variable. For COUNT and STRIDE a read deliberately reports the required length twice, a write
+// also the length that was given.
+void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access access,
+                            const OperationEntry* entry)
+{
+    char name[NC_MAX_NAME + 1] = "";
+    int ndims = 0;
+    checkStatus(nc_inq_var(ncid, varid, name, nullptr, &ndims, nullptr, nullptr), entry);
+
+    const std::size_t rank = subset.start.size();
+    if (rank != static_cast<std::size_t>(ndims))
+        raiseBadLength("START", name, static_cast<std::size_t>(ndims), rank);
+    const auto shown = [&](std::size_t given) { return access == Access::read ? rank : given; };
+    if (subset.count.size() != rank)
+        raiseBadLength("COUNT", name, rank, shown(subset.count.size()));
+    if (subset.stride.size() != rank)
+        raiseBadLength("STRIDE", name, rank, shown(subset.stride.size()));
+}
+
+} // namespace
+
+void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
+                  const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int varid = readIntScalar(args[1], "varid");
+    const Subset subset = readSubset(args + 2, nargs - 2);
+    const ElementType* element = findElementType(subsetReads, entry->code);
+    if (element == nullptr)
+        vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
+    requireMatchingLengths(subset, ncid, varid, Access::read, entry);
+
+    DimensionVector<int> dimids(subset.start.size());
+    checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
+
+    // The buffer of a text read is deliberately twice what its bytes need.
+    ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
+    const int status = element->getVars(ncid, varid, subset.start.data(), subset.count.data(),
+                                        subset.stride.data(), values.destination());
+    values.finish();
+    checkStatus(status, entry);
+}
+
+void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int varid = readIntScalar(args[1], "varid");
+    const Subset subset = readSubset(args + 2, nargs - 3);
+    const vxArray* data = args[nargs - 1];
+    const ElementType* element = findElementType(subsetWrites, entry->code);
+    if (element == nullptr)
+        vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
+    requireVariableData(data, entry);
+    requireMatchingLengths(subset, ncid, varid, Access::write, entry);
+    const std::size_t product = productOf(subset.count);
+    const std::size_t given = vxGetNumberOfElements(data);
+    if (product != given)
+        vxErrMsgId(
+            netcdf::countNotEqualToData(static_cast<long>(product), static_cast<long>(given)));
+
+    const ElementSource values(data, *element);
+    checkStatus(element->putVars(ncid, varid, subset.start.data(), subset.count.data(),
+                                 subset.stride.data(), values.get()),
+                entry);
+}
+
+} // namespace Ovard::gridio::operations

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Whole-variable reads and writes.
+#include "data/data_operations.h"
+
+#include "check_status.h"
+#include "convert/argument_readers.h"
+#include "data/element_storage.h"
+#include "data/element_types.h"
+#include "data/shapes.h"
+#include "error_identifiers.h"
+
+namespace Ovard::gridio::operations {
+namespace {
+
+SizeVector inquireLengths(int ncid, const int* dimids, int ndims, const OperationEntry* entry)
+{
+    SizeVector lengths(static_cast<std::size_t>(ndims));
+    for (std::size_t i = 0; i < lengths.size(); ++i)
+        checkStatus(nc_inq_dimlen(ncid, dimids[i], &lengths[i]), entry);
+    return lengths;
+}
+
+// What a variable with a zero-length dimension reads as: 0-by-0, deliberately not the variable's
+// own shape. Text read from a variable that is not NC_CHAR has no class here.
+vxArray* createFlattenedEmpty(const ElementType& element, nc_type xtype)
+{
+    if (xtype == NC_CHAR)
+        return vxCreateCharArray(0, nullptr);
+    const vxClassID classId =
+        element.hostClass == vxCHAR_CLASS ? vxUNKNOWN_CLASS : element.hostClass;
+    return vxCreateUninitNumericArray(0, nullptr, classId, vxREAL);
+}
+
+} // namespace
+
+void getVar(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int varid = readIntScalar(args[1], "varid");
+    const ElementType* element = findElementType(wholeReads, entry->code);
+    if (element == nullptr)
+        vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
+
+    // The status is deliberately ignored: a bad identifier leaves ndims at 0 and is reported by the
+    // read itself.
+    nc_type xtype = NC_NAT;
+    int ndims = 0;
+    int dimids[NC_MAX_VAR_DIMS];
+    static_cast<void>(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, dimids, nullptr));
+    const SizeVector lengths = inquireLengths(ncid, dimids, ndims, entry);
+
+    ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
+    const int status = element->getVar(ncid, varid, values.destination());
+    values.finish();
+    if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS))
+        results[0] = createFlattenedEmpty(*element, xtype);
+    else
+        checkStatus(status, entry);
+}
+
+// The whole variable as it is now: a write of this kind never adds records.
+void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int varid = readIntScalar(args[1], "varid");
+    const vxArray* data = args[2];
+    const ElementType* element = findElementType(wholeWrites, entry->code);
+    if (element == nullptr)
+        vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
+    requireVariableData(data, entry);
+
+    int ndims = 0;
+    int dimids[NC_MAX_VAR_DIMS];
+    checkStatus(nc_inq_var(ncid, varid, nullptr, nullptr, &ndims, dimids, nullptr), entry);
+    const std::size_t size = productOf(inquireLengths(ncid, dimids, ndims, entry));
+    if (size != vxGetNumberOfElements(data))
+        vxErrMsgId(netcdf::dataSizeMismatch());
+
+    const ElementSource values(data, *element);
+    checkStatus(element->putVar(ncid, varid, values.get()), entry);
+}
+
+} // namespace Ovard::gridio::operations
