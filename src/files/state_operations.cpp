@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Closing, flushing, define mode and fill settings.
+#include "files/file_operations.h"
+
+#include "check_status.h"
+#include "convert/argument_readers.h"
+#include "convert/result_builders.h"
+#include "open_file_registry.h"
+
+#include <netcdf.h>
+
+namespace Ovard::gridio::operations {
+
+void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+
+    checkStatus(nc_close(ncid), entry);
+    unregisterOpenFile(ncid);
+}
+
+void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+
+    checkStatus(nc_abort(ncid), entry);
+    unregisterOpenFile(ncid);
+}
+
+void sync(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+
+    checkStatus(nc_sync(ncid), entry);
+}
+
+void redef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+
+    checkStatus(nc_redef(ncid), entry);
+}
+
+void endDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+
+    checkStatus(nc_enddef(ncid), entry);
+}
+
+void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const std::size_t headerFree = readSizeScalar(args[1], "h_minfree");
+    const std::size_t variableAlign = readSizeScalar(args[2], "v_align");
+    const std::size_t variableFree = readSizeScalar(args[3], "v_minfree");
+    const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
+
+    checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
+}
+
+void setFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int newMode = readIntScalar(args[1], "new_fill_mode");
+
+    int oldMode = 0;
+    checkStatus(nc_set_fill(ncid, newMode, &oldMode), entry);
+    results[0] = intResult(oldMode);
+}
+
+void setDefaultFormat(int, vxArray* results[], int, const vxArray* args[],
+                      const OperationEntry* entry)
+{
+    const int newFormat = readIntScalar(args[0], "new default format");
+
+    int oldFormat = 0;
+    checkStatus(nc_set_default_format(newFormat, &oldFormat), entry);
+    results[0] = intResult(oldFormat);
+}
+
+} // namespace Ovard::gridio::operations
