@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Fill values: the one place where an argument is read by a type that is found in the file.
+#include "definitions/definition_operations.h"
+
+#include "check_status.h"
+#include "convert/argument_readers.h"
+#include "convert/result_builders.h"
+#include "data/element_types.h"
+#include "error_identifiers.h"
+
+namespace Ovard::gridio::operations {
+namespace {
+
+// The library's no-fill switch.
+constexpr int noFillOn = 1;
+constexpr int noFillOff = 0;
+
+const ElementType& fillElementType(nc_type xtype)
+{
+    const ElementType* element = findExternalType(xtype);
+    if (element == nullptr)
+        vxErrMsgId(netcdf::unhandledFillDatatype(xtype));
+    return *element;
+}
+
+char readFillCharacter(const vxArray* a)
+{
+    if (vxGetClassID(a) != vxCHAR_CLASS || vxGetNumberOfElements(a) != 1)
+        vxErrMsgId(netcdf::badScalarArgument(std::string(fillValueName), "char"));
+    return readText(a, "fill value")[0]; // deliberately another name than in the error above
+}
+
+void readFillValue(const vxArray* a, const ElementType& element, void* value)
+{
+    if (element.hostClass == vxCHAR_CLASS)
+        *static_cast<char*>(value) = readFillCharacter(a);
+    else
+        element.readScalar(a, fillValueName, value);
+}
+
+} // namespace
+
+// The capital names are deliberate, unlike those of every other operation on variables.
+void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "NCID");
+    const int varid = readIntScalar(args[1], "VARID");
+    const bool noFill = readFlag(args[2], "FILL FLAG");
+    if (noFill) { // the value is deliberately not looked at: it may be anything
+        checkStatus(nc_def_var_fill(ncid, varid, noFillOn, nullptr), entry);
+        return;
+    }
+
+    char name[NC_MAX_NAME + 1] = "";
+    nc_type xtype = NC_NAT;
+    checkStatus(nc_inq_var(ncid, varid, name, &xtype, nullptr, nullptr, nullptr), entry);
+    alignas(8) unsigned char value[8] = {};
+    readFillValue(args[3], fillElementType(xtype), value);
+    checkStatus(nc_def_var_fill(ncid, varid, noFillOff, value), entry);
+}
+
+// A fill character is the byte's own code, deliberately without the sign extension of text reads:
+// the library writes one byte into the zeroed 16-bit unit.
+void inqVarFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readIntScalar(args[0], "ncid");
+    const int varid = readIntScalar(args[1], "varid");
+
+    nc_type xtype = NC_NAT;
+    checkStatus(nc_inq_vartype(ncid, varid, &xtype), entry);
+    const vxClassID classId = fillElementType(xtype).hostClass;
+    const std::size_t dims[] = {1, 1};
+    vxArray* value = classId == vxCHAR_CLASS ? vxCreateCharArray(2, dims)
+                                             : vxCreateNumericArray(2, dims, classId, vxREAL);
+    results[1] = value;
+    int noFill = 0;
+    checkStatus(nc_inq_var_fill(ncid, varid, &noFill, vxGetWritableData(value)), entry);
+    results[0] = flagResult(noFill != 0);
+}
+
+} // namespace Ovard::gridio::operations
