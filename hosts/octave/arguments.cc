@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// From the interpreter's values to what the module asks of its arguments, each step taken once and
+// only when it is asked for.
+#include "array.h"
+#include "call.h"
+
+#include <algorithm>
+
+namespace hosts::oct {
+
+namespace {
+
+constexpr size_t oneByOne[] = {1, 1};
+
+} // namespace
+
+vxArray& examined(const vxArray* array)
+{
+    vxArray& result = *const_cast<vxArray*>(array);
+    if (!result.kind) {
+        const ElementClass& kind = elementClass(*result.source);
+        // An object counts as one, whatever a method of its own would say.
+        result.count = kind.id == vxUNKNOWN_CLASS ? 1 : static_cast<size_t>(result.source->numel());
+        result.kind = &kind;
+    }
+    return result;
+}
+
+void loadDimensions(vxArray& array)
+{
+    if (array.dims)
+        return;
+    if (array.kind->id == vxUNKNOWN_CLASS || !array.source) {
+        array.dims = oneByOne;
+        array.rank = 2;
+        return;
+    }
+    const dim_vector lengths = array.source->dims();
+    const auto rank = static_cast<size_t>(lengths.ndims());
+    auto* dims = static_cast<size_t*>(Call::current().allocate(rank * sizeof(size_t)));
+    for (size_t i = 0; i < rank; ++i)
+        dims[i] = static_cast<size_t>(lengths(static_cast<int>(i)));
+    array.dims = dims;
+    array.rank = rank;
+}
+
+void loadElements(vxArray& array)
+{
+    if (array.data || array.count == 0 || array.kind->size == 0)
+        return;
+    if (array.kind->id == vxCHAR_CLASS) {
+        textUnits(array);
+        return;
+    }
+    const octave_value* value = array.source;
+    const void* elements = array.kind->share(*value);
+    if (!elements && !value->is_scalar_type()) {
+        // A single element comes back as a scalar.
+        value = &array.held.emplace(array.kind->full(*value));
+        elements = array.kind->share(*value);
+    }
+    if (!elements) {
+        array.kind->readScalar(*value, array.element);
+        elements = array.element;
+    }
+    // An argument's elements are handed out as const only.
+    array.data = const_cast<void*>(elements);
+}
+
+} // namespace hosts::oct

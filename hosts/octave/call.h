@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What lives for one call of gridio: every array that the module sees or creates, and small memory.
+// A usual call finds room for all of it in the object itself, on the stack.
+#pragma once
+
+#include "array.h"
+
+#include <cstddef>
+#include <forward_list>
+#include <memory>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace hosts::oct {
+
+class Call {
+public:
+    Call() : outer_(current_) { current_ = this; }
+    ~Call();
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    // The call that is running, the innermost should a warning's handler have called again.
+    static Call& current() { return *current_; }
+    static bool isRunning() { return current_ != nullptr; }
+
+    // A new array, which ends with the call.
+    template <class... Arguments> vxArray* add(Arguments&&... arguments)
+    {
+        if (arrayCount_ == inlineArrays)
+            return &moreArrays_.emplace_front(std::forward<Arguments>(arguments)...);
+        void* place = arrays_ + arrayCount_ * sizeof(vxArray);
+        vxArray* array = ::new (place) vxArray(std::forward<Arguments>(arguments)...);
+        ++arrayCount_;
+        return array;
+    }
+
+    // Memory that ends with the call, aligned for any element, holding anything.
+    void* allocate(size_t bytes);
+
+    // The same when there is room in the object itself, null otherwise.
+    void* allocateInline(size_t bytes);
+
+    // True for memory of allocateInline, which is then used again if nothing followed it.
+    bool releaseInline(void* memory);
+
+private:
+    static constexpr size_t inlineArrays = 16;
+    static constexpr size_t inlineBytes = 4096;
+
+    static Call* current_;
+
+    Call* outer_;
+    size_t arrayCount_ = 0;
+    size_t usedBytes_ = 0;
+    size_t lastStart_ = 0;
+    std::forward_list<vxArray> moreArrays_;
+    std::vector<std::unique_ptr<unsigned char[]>> blocks_;
+    alignas(vxArray) unsigned char arrays_[inlineArrays * sizeof(vxArray)];
+    alignas(std::max_align_t) unsigned char bytes_[inlineBytes];
+};
+
+} // namespace hosts::oct

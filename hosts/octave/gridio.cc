@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// gridio (OPNAME, ...): the entry from the interpreter, which no foreign exception ever leaves.
+#include "call.h"
+#include "errors.h"
+#include "vx/plug.h"
+
+#include <octave/oct.h>
+
+#include <exception>
+#include <new>
+
+namespace {
+
+octave_value_list callModule(const octave_value_list& args, int nargout)
+{
+    hosts::oct::Call call;
+    const octave_idx_type count = args.length();
+    auto** arguments = static_cast<const vxArray**>(
+        call.allocate(static_cast<size_t>(count) * sizeof(const vxArray*)));
+    for (octave_idx_type i = 0; i < count; ++i)
+        arguments[i] = call.add(args(i));
+
+    vxArray* results[plugResultSlots] = {};
+    plugFunction(nargout, results, static_cast<int>(count), arguments);
+
+    // All of them, whatever the script asked for: the interpreter drops what is too much.
+    octave_value_list values;
+    octave_idx_type used = 0;
+    while (used < plugResultSlots && results[used])
+        ++used;
+    values.resize(used);
+    for (octave_idx_type i = 0; i < used; ++i)
+        values(i) = hosts::oct::toValue(*results[i]);
+    return values;
+}
+
+octave_value_list callGuarded(const octave_value_list& args, int nargout)
+{
+    try {
+        return callModule(args, nargout);
+    } catch (const octave::execution_exception&) {
+        throw;
+    } catch (const octave::interrupt_exception&) {
+        throw;
+    } catch (const octave::exit_exception&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const fnd::except::IMsgIDException& failure) {
+        hosts::oct::raiseMessage(failure.messageId());
+    } catch (const std::exception& failure) {
+        hosts::oct::raiseInternal(failure.what());
+    } catch (...) {
+        hosts::oct::raiseInternal("an exception of unknown type");
+    }
+}
+
+} // namespace
+
+// The interpreter finds the function by this symbol, the only one that gridio.oct exports.
+extern "C" __attribute__((visibility("default"))) octave_function*
+Ggridio(const octave::dynamic_library& library, bool isRelative);
+
+DEFUN_DLD(gridio, args, nargout, R"(-*- texinfo -*-
+@deftypefn  {} {[@var{r1}, @var{r2}, @dots{}] =} gridio (@var{operation}, @var{arg1}, @var{arg2}, @dots{})
+Call an operation of the netCDF library.
+
+The operations bear the names of the library's functions without @qcode{"nc_"}, in lower camel case, and take their
+arguments in the same order.  Results of the library are returned, in its order; its status never is: every failure is
+an error with an identifier.
+
+@table @asis
+@item Files
+@qcode{"open"}, @qcode{"create"}, @qcode{"close"}, @qcode{"redef"}, @qcode{"endDef"}, @qcode{"sync"}, @qcode{"inq"},
+@qcode{"inqFormat"}, @dots{}
+@item Groups
+@qcode{"defGrp"}, @qcode{"inqNcid"}, @qcode{"inqGrps"}, @qcode{"inqGrpName"}, @dots{}
+@item Dimensions
+@qcode{"defDim"}, @qcode{"inqDim"}, @qcode{"inqDimID"}, @qcode{"renameDim"}
+@item Variables
+@qcode{"defVar"}, @qcode{"inqVar"}, @qcode{"inqVarID"}, @qcode{"defVarChunking"}, @qcode{"defVarDeflate"},
+@qcode{"defVarFill"}, @dots{}
+@item Data
+@qcode{"getVarDouble"}, @qcode{"putVarDouble"}, and for one element @qcode{"getVar1Double"}, for a block
+@qcode{"getVaraDouble"}, for a strided block @qcode{"getVarsDouble"}; the last word is the class: @qcode{"Double"},
+@qcode{"Float"}, @qcode{"Int64"}, @qcode{"Int"}, @qcode{"Short"}, @qcode{"Schar"}, @qcode{"Text"}, @dots{}
+@item Attributes
+@qcode{"getAttDouble"}, @qcode{"putAttText"}, @qcode{"inqAtt"}, @qcode{"delAtt"}, @dots{}
+@item Constants
+@qcode{"parameter"}, @qcode{"getConstantNames"}
+@end table
+
+Dimensions are listed in the order of the array: the first varies fastest.  Positions count from 0.
+
+@example
+@group
+ncid  = gridio ("create", "field.nc", "clobber");
+x     = gridio ("defDim", ncid, "x", 3);
+varid = gridio ("defVar", ncid, "t", gridio ("parameter", "NC_DOUBLE"), x);
+gridio ("endDef", ncid);
+gridio ("putVarDouble", ncid, varid, [1 2 3]);
+gridio ("close", ncid);
+@end group
+@end example
+
+Files that are still open when @code{clear gridio} or the end of the session unloads the function are closed with a
+warning.
+@end deftypefn)")
+{
+    return callGuarded(args, nargout);
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "result_memory.h"
+
+#include <cstdint>
+#include <new>
+
+#include <sys/mman.h>
+
+namespace hosts::oct {
+
+namespace {
+
+constexpr size_t largeBlock = size_t{4} << 20;
+constexpr std::uintptr_t hugePage = std::uintptr_t{2} << 20;
+
+// Advises whole huge pages inside the block only, so that never more memory is used than without.
+void adviseHugePages(void* block, size_t bytes)
+{
+    const auto begin = reinterpret_cast<std::uintptr_t>(block);
+    const std::uintptr_t first = (begin + hugePage - 1) & ~(hugePage - 1);
+    const std::uintptr_t last = (begin + bytes) & ~(hugePage - 1);
+    // Only advice: a system without huge pages refuses it, and nothing is lost.
+    if (first < last)
+        static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
+}
+
+} // namespace
+
+void* newElements(size_t count, size_t elementSize)
+{
+    if (count > PTRDIFF_MAX / elementSize)
+        throw std::bad_alloc();
+    const size_t bytes = count * elementSize;
+    void* block = ::operator new(bytes);
+    if (bytes >= largeBlock)
+        adviseHugePages(block, bytes);
+    return block;
+}
+
+} // namespace hosts::oct
