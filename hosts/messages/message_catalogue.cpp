@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// One text per identifier, and how the arguments get into it.
+#include "hosts/messages/message_catalogue.h"
+
+#include "hosts/messages/status_advice.h"
+
+#include "vx/text.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+namespace hosts::messages {
+
+namespace {
+
+struct Message {
+    std::string_view identifier;
+    const char* text; // {1}, {2}, ... are the places of the arguments
+};
+
+// clang-format off
+constexpr Message catalogue[] = {
+    {"Ovard:gridio:validate:wrongNumberOfInputs",
+     "The number of arguments after the operation's name is not the one that this operation takes: see its "
+     "documentation for the list."},
+    {"Ovard:gridio:validate:argumentOutOfBounds",
+     "The value of an argument is too large, too small or not a number, and does not fit the integer or float type "
+     "that the operation takes."},
+
+    {"Ovard:gridio:netcdf:unrecognizedOperation",
+     "There is no operation \"{1}\". The first argument names one, exactly as documented, capital letters included: "
+     "\"open\", \"inqVarID\", \"getVarDouble\", ..."},
+    {"Ovard:gridio:netcdf:libraryFailure", "{1}: {2}: {3}"},
+    {"Ovard:gridio:netcdf:librarydapFailure", "{1}: {2}: {3}"},
+    {"Ovard:gridio:netcdf:badScalarArgument",
+     "The argument \"{1}\" must be one {2} value: a {2} scalar, neither empty nor NaN nor infinite."},
+    {"Ovard:gridio:netcdf:argumentWasNotChar",
+     "The argument \"{1}\" must be text: a char array."},
+    {"Ovard:gridio:netcdf:expectedLogicalType",
+     "The argument \"{1}\" must be a logical scalar: true or false. The numbers 1 and 0 are not taken for them."},
+    {"Ovard:gridio:netcdf:emptyVariableData",
+     "The values to write are empty: give as many as the variable, or the part of it, holds."},
+    {"Ovard:gridio:netcdf:argumentIsEmpty",
+     "{1} is empty: give one element for each dimension of the variable. A variable without dimensions is read and "
+     "written as a whole (\"getVarDouble\", \"putVarDouble\", ...)."},
+    {"Ovard:gridio:netcdf:argumentHasBadDatatype",
+     "{1} must be numeric: give a vector with one element for each dimension of the variable."},
+    {"Ovard:gridio:netcdf:argumentIsEmptySet",
+     "{1} is empty: give a word such as \"write\", or a sum of constants as a double or int32 number."},
+    {"Ovard:gridio:netcdf:badModeDatatype",
+     "The mode must be text, such as \"write\", or a number of class double or int32."},
+    {"Ovard:gridio:netcdf:unrecognizedFileMode",
+     "\"{1}\" is no file mode. The words are \"clobber\", \"noclobber\", \"share\", \"write\", \"nowrite\", "
+     "\"netcdf4\", \"64bit_offset\" and \"classic_model\", also with \"nc_\" before them; to combine several, pass "
+     "the sum of their constants as a number."},
+    {"Ovard:gridio:netcdf:unrecognizedCharParameter",
+     "There is no constant \"{1}\": gridio(\"getConstantNames\") lists those that there are."},
+    {"Ovard:gridio:netcdf:unknownNetCDFFormat",
+     "The file's format has the code {1}, which has no name here; the codes 1 to 4 have one."},
+    {"Ovard:gridio:netcdf:inqVarNcGlobal",
+     "\"inqVar\" was given NC_GLOBAL (-1), which stands for the file itself and is no variable: use \"inq\" and "
+     "\"inqAtt\" for the file and its attributes."},
+    {"Ovard:gridio:netcdf:invalidChunkParameter",
+     "{1} chunk sizes were given, and the variable has {2} dimensions: give one size for each, fastest dimension "
+     "first."},
+    {"Ovard:gridio:netcdf:unrecognizedChunkStorage",
+     "The storage of \"defVarChunking\" must be NC_CHUNKED (0) or NC_CONTIGUOUS (1)."},
+    {"Ovard:gridio:netcdf:unrecognizedChunkingCode",
+     "The variable's storage has the code {1}, which is neither chunked (0) nor contiguous (1): it is to be read, "
+     "but its storage cannot be described here."},
+    {"Ovard:gridio:netcdf:attemptedChunkingInquiryOnNetcdf3File",
+     "\"inqVarChunking\" is for netCDF-4 files, and this file is none: its variables are never chunked."},
+    {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting",
+     "The variable's checksum setting has the code {1}, which is neither none (0) nor Fletcher-32 (1)."},
+    {"Ovard:gridio:netcdf:attemptedChecksumInquiryOnNetcdf3File",
+     "\"inqVarFletcher32\" is for netCDF-4 files, and this file is none: its variables never have a checksum."},
+    {"Ovard:gridio:netcdf:unhandledFillDatatype",
+     "The variable's type has the number {1}, for which there is no fill value here: those that have one are the "
+     "numeric types and char, 1 to 11."},
+    {"Ovard:gridio:netcdf:postCreationFillValueDefinition",
+     "In a netCDF-4 file the fill value of a variable is no attribute to write: set it with \"defVarFill\", right "
+     "after \"defVar\"."},
+    {"Ovard:gridio:netcdf:unhandledAttributeOperation",
+     "\"{1}\" is no attribute read of a known type."},
+    {"Ovard:gridio:netcdf:dataSizeMismatch",
+     "The values do not fit the operation. Give as many as the variable, or the part of it, holds, and of the class "
+     "that the operation's name asks for: double for \"Double\", single for \"Float\", int32 for \"Int\", char for "
+     "\"Text\", ...; convert them first if need be. To add records along an unlimited dimension, write with START "
+     "and COUNT (\"putVaraDouble\", ...)."},
+    {"Ovard:gridio:netcdf:countNotEqualToData",
+     "COUNT asks for {1} values, and {2} were given: the product of its elements must be their number."},
+    {"Ovard:gridio:netcdf:badIndexArgumentLength",
+     "{1} of variable \"{2}\" must have one element for each dimension: {3} needed, {4} given. A variable without "
+     "dimensions is read and written as a whole (\"getVarDouble\", \"putVarDouble\", ...)."},
+    {"Ovard:gridio:netcdf:indexArgumentNotFinite",
+     "START, COUNT or STRIDE holds a NaN or an infinite value: give whole numbers."},
+    {"Ovard:gridio:netcdf:badRowDatatype",
+     "The argument \"{1}\" must be a vector of class double."},
+    {"Ovard:gridio:netcdf:rowLengthOutOfBounds",
+     "The argument \"{1}\" has too many elements: at most {2} are allowed."},
+    {"Ovard:gridio:netcdf:closingFileHandle",
+     "Files were still open and have been closed. Close each when it is no longer needed, with "
+     "gridio(\"close\", ncid)."},
+};
+// clang-format on
+
+struct AsText : boost::static_visitor<std::string> {
+    std::string operator()(long number) const { return std::to_string(number); }
+    std::string operator()(const msgcat::MessageText& text) const
+    {
+        if (const auto* units = boost::get<std::u16string>(&text))
+            return fnd::filesystem::codecvt_ustring_to_narrow_string()(*units);
+        return boost::get<std::string>(text);
+    }
+};
+
+std::vector<std::string> argumentTexts(const msgcat::BaseMsgID& id)
+{
+    std::vector<std::string> texts;
+    for (const msgcat::MessageArgument& argument : id.arguments())
+        texts.push_back(boost::apply_visitor(AsText(), argument));
+    return texts;
+}
+
+// In one pass, so that a brace inside an argument stays a brace.
+std::string fill(std::string_view text, const std::vector<std::string>& arguments)
+{
+    std::string filled;
+    while (!text.empty()) {
+        const bool isPlace = text.size() >= 3 && text[0] == '{' && text[2] == '}' &&
+                             text[1] >= '1' && text[1] <= '9';
+        const std::size_t place = isPlace ? static_cast<std::size_t>(text[1] - '1') : 0;
+        if (isPlace && place < arguments.size())
+            filled += arguments[place];
+        else if (!isPlace)
+            filled += text[0];
+        text.remove_prefix(isPlace ? 3 : 1);
+    }
+    return filled;
+}
+
+std::string textWithoutRow(std::string text, const std::vector<std::string>& arguments)
+{
+    const char* separator = ": ";
+    for (const std::string& argument : arguments) {
+        text += separator + argument;
+        separator = ", ";
+    }
+    return text;
+}
+
+bool isLibraryFailure(std::string_view identifier)
+{
+    return identifier == "Ovard:gridio:netcdf:libraryFailure" ||
+           identifier == "Ovard:gridio:netcdf:librarydapFailure";
+}
+
+} // namespace
+
+std::string messageText(const msgcat::BaseMsgID& id)
+{
+    const std::string_view identifier = id.identifier();
+    const std::vector<std::string> arguments = argumentTexts(id);
+    const auto row = std::find_if(std::begin(catalogue), std::end(catalogue),
+                                  [&](const Message& m) { return m.identifier == identifier; });
+    if (row == std::end(catalogue))
+        return textWithoutRow(id.identifier(), arguments);
+
+    std::string text = fill(row->text, arguments);
+    if (isLibraryFailure(identifier) && arguments.size() > 1) {
+        // On a line of its own: the first stays what the library says.
+        if (const char* advice = statusAdvice(arguments[1]))
+            text.append("\n").append(advice);
+    }
+    return text;
+}
+
+} // namespace hosts::messages

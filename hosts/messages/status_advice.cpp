@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Advice by status, from the causes that the library was seen to answer with it.
+#include "hosts/messages/status_advice.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace hosts::messages {
+
+namespace {
+
+struct Advice {
+    const char* codeName;
+    const char* text;
+};
+
+// clang-format off
+constexpr Advice advice[] = {
+    // System errors.
+    {"2", "There is no such file or folder: check the path, and that the folder to create a file in exists."},
+    {"13", "The file or its folder may not be accessed. Creating a netCDF-4 file also ends so when its folder "
+           "does not exist, or when the same file is still open, here or in another process."},
+    {"24", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid)."},
+    {"28", "The disk is full."},
+
+    // Files and identifiers.
+    {"NC_EBADID", "ncid is not the identifier of an open file: the file was closed, or never opened."},
+    {"NC_EBADGRPID", "The identifier of a group was given where that of a file is needed, or there is no such group."},
+    {"NC_ENFILE", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid)."},
+    {"NC_EEXIST", "The file exists, and the mode \"noclobber\" forbids replacing it: choose another name, or the "
+                  "mode \"clobber\", which empties the file."},
+    {"NC_EINVAL", "An argument has a value that the library does not accept: check the numbers and flags (two "
+                  "formats in one mode, a deflate level outside 0 to 9, an unlimited dimension with contiguous "
+                  "storage). When opening, the file may have been cut short."},
+    {"NC_EPERM", "The file is open for reading only: open it with the mode \"write\"."},
+    {"NC_ENOTNC", "This is not a netCDF file, or it is empty or a folder: check the path."},
+    {"NC_EHDFERR", "The HDF5 library refused. When opening: another process, or this one, has the file open for "
+                   "writing (or it is to be written here and is being read), or the file is damaged. When reading "
+                   "or writing: the file may be damaged or the disk full."},
+    {"NC_EFILEMETA", "The description inside the file cannot be read or written: the file may be damaged."},
+    {"NC_ECANTWRITE", "The file cannot be written: check its permissions and the space on the disk."},
+    {"NC_ECANTREAD", "The file cannot be read: check its permissions; it may be damaged."},
+    {"NC_ECANTCREATE", "The file cannot be created: check the folder and its permissions."},
+    {"NC_ENOTBUILT", "The installed netCDF library was built without this feature."},
+    {"NC_ENOMEM", "There is not enough memory: read or write a part at a time."},
+    {"NC_ETRUNC", "The file is shorter than it says: it was cut short, or not closed by the program that wrote it."},
+
+    // Define mode.
+    {"NC_ENOTINDEFINE", "The file is in data mode, where nothing is defined: call gridio(\"redef\", ncid) first."},
+    {"NC_EINDEFINE", "The file is in define mode, where no data pass: call gridio(\"endDef\", ncid) first."},
+    {"NC_ELATEDEF", "A variable's storage settings and fill value are set right after \"defVar\", before the "
+                    "definitions end and data are written."},
+    {"NC_ELATEFILL", "A fill value is set right after \"defVar\", before the definitions end and data are written."},
+
+    // Names and identifiers inside a file.
+    {"NC_ENAMEINUSE", "Another dimension, variable, attribute or group of the same place has that name: choose another."},
+    {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with a blank."},
+    {"NC_EMAXNAME", "A name may have at most 256 bytes."},
+    {"NC_ENOTVAR", "There is no such variable in this file or group: check the name, or the identifier. Identifiers "
+                   "count from 0, and a group's variables are found through the group's own identifier."},
+    {"NC_EBADDIM", "There is no such dimension in this file or group: check the name, or the identifier. Identifiers "
+                   "count from 0."},
+    {"NC_ENOTATT", "There is no such attribute: check its name and the variable; attributes of the file itself are "
+                   "those of NC_GLOBAL (-1)."},
+    {"NC_ENOGRP", "There is no such group: check the name. The file's root group has no parent."},
+    {"NC_EBADTYPE", "That type is unknown, is not to be had in this file's format (the unsigned, 64-bit and string "
+                    "types need netCDF-4), does not convert to the type asked for, or differs, for \"_FillValue\", "
+                    "from its variable's."},
+    {"NC_EBADTYPID", "There is no type of that number: see gridio(\"getConstantNames\") for those that there are."},
+    {"NC_EUNLIMIT", "The classic formats allow one unlimited dimension: give this one a length, or create the file "
+                    "with the mode \"netcdf4\"."},
+    {"NC_EUNLIMPOS", "In the classic formats the unlimited dimension must be the slowest one: put it last in the list "
+                     "of dimensions, which here runs from the fastest to the slowest."},
+    {"NC_EDIMSIZE", "The length is larger than this file's format allows: create the file with the mode \"netcdf4\"."},
+    {"NC_EVARSIZE", "The variable is larger than this file's format allows: create the file with the mode "
+                    "\"64bit_offset\" or \"netcdf4\"."},
+    {"NC_EGLOBAL", "NC_GLOBAL stands for the file itself and is no variable here."},
+    {"NC_ESTRICTNC3", "The file keeps to the classic model: groups, more than one unlimited dimension, and the "
+                      "unsigned, 64-bit and string types need \"netcdf4\" without \"classic_model\"."},
+    {"NC_ENOTNC4", "Groups, chunking, compression and checksums need a netCDF-4 file: create it with the mode \"netcdf4\"."},
+    {"NC_EBADCHUNK", "Chunk sizes go from 1 to the length of their dimension, fastest dimension first."},
+
+    // Data.
+    {"NC_EINVALCOORDS", "START lies past the end of a dimension. START is zero-based and in the host's order, fastest "
+                        "dimension first."},
+    {"NC_EEDGE", "START, COUNT and STRIDE together reach past the end of a dimension. START is zero-based and all "
+                 "three are in the host's order, fastest dimension first."},
+    {"NC_ESTRIDE", "Each element of STRIDE must be 1 or more."},
+    {"NC_ERANGE", "Some values do not fit the type that they were converted to; the others were converted. Use an "
+                  "operation of a wider type, or give the variable one."},
+    {"NC_ECHAR", "Text and numbers are not converted to one another: text is read and written with the operations "
+                 "that end in \"Text\", numbers with the others."},
+
+    // Remote access.
+    {"NC_EDAP", "The remote server's answer was not understood: check the address."},
+    {"NC_ECURL", "The remote server was not reached: check the address and the network."},
+    {"NC_EIO", "The remote server was not reached, or there is no such data set there: check the address and the network."},
+    {"NC_EDAPSVC", "The remote server was not reached, or answered with an error: check the address, or try later."},
+    {"NC_EDAPURL", "The address of the remote data set is malformed, or the file name is empty."},
+    {"NC_EDAPCONSTRAINT", "The constraint at the end of the address is malformed, or names what the data set has not."},
+    {"NC_ENODATA", "The remote data set has no data for this request."},
+};
+// clang-format on
+
+} // namespace
+
+const char* statusAdvice(const std::string& codeName)
+{
+    const auto found = std::find_if(std::begin(advice), std::end(advice),
+                                    [&](const Advice& row) { return codeName == row.codeName; });
+    return found == std::end(advice) ? nullptr : found->text;
+}
+
+} // namespace hosts::messages

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What a vxArray is in this host: a class, dimensions, and a block of elements or a row of cells.
+#pragma once
+
+#include "vx/array.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace standalone {
+
+struct FreeElements {
+    void operator()(void* elements) const noexcept { std::free(elements); }
+};
+using Elements = std::unique_ptr<void, FreeElements>;
+
+// Shared, because a Value may be copied; the array itself is never changed once it has an owner.
+using ArrayOwner = std::shared_ptr<vxArray>;
+
+// 8 for double, 2 for char, 1 for logical, 0 for cells and for anything else.
+std::size_t elementSize(vxClassID classId) noexcept;
+
+bool isNumericClass(vxClassID classId) noexcept;
+
+enum class Contents { zeros, anything };
+
+// An array of that class and those dimensions, made rank 2 at least. Throws OutOfMemory when the
+// number of bytes overflows, is past the ledger's limit, or is not to be had.
+ArrayOwner makeArray(vxClassID classId, std::size_t rank, const std::size_t* dims,
+                     Contents contents);
+
+} // namespace standalone
+
+struct vxArray {
+    vxClassID classId = vxUNKNOWN_CLASS;
+    std::vector<std::size_t> dims; // at least two, fastest first
+    std::size_t count = 0;         // product of dims
+    standalone::Elements elements; // count times the element size; null when that is zero bytes
+    standalone::Elements imaginary;
+    std::vector<standalone::ArrayOwner> cells; // of a cell array; null stands for an empty cell
+    bool writable = false;                     // made by the module in the call that is under way
+
+    vxArray();
+    ~vxArray();
+    vxArray(const vxArray&) = delete;
+    vxArray& operator=(const vxArray&) = delete;
+};

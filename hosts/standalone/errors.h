@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// An error as a script would see it, and the exceptions of this host.
+#pragma once
+
+#include "vx/error.h"
+
+#include <exception>
+#include <iosfwd>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace standalone {
+
+using Argument = std::variant<std::string, long>; // texts in UTF-8
+
+// An error, or a warning.
+struct Raised {
+    std::string identifier; // "Ovard:gridio:netcdf:libraryFailure", or "standalone:..." of our own
+    std::vector<Argument> arguments;
+    std::string message;
+
+    // The last word of the identifier: "libraryFailure".
+    std::string name() const;
+};
+
+// What "standalone:outOfMemory" and "standalone:internal" stand for: no memory left, and an
+// exception that the module should not have let out.
+extern const char* const outOfMemoryIdentifier;
+extern const char* const internalErrorIdentifier;
+
+Raised describe(const msgcat::BaseMsgID& id);
+
+// The exception in flight, whatever it is. Called in a catch block.
+Raised describeCurrentException() noexcept;
+
+std::ostream& operator<<(std::ostream& out, const Raised& raised);
+
+// Thrown at the caller of Host::call, and by a raiser that throws.
+class RaisedError : public std::exception {
+public:
+    explicit RaisedError(Raised raised) : raised_(std::move(raised)) {}
+
+    const Raised& raised() const noexcept { return raised_; }
+    const char* what() const noexcept override { return raised_.message.c_str(); }
+
+private:
+    Raised raised_;
+};
+
+// This host's own out-of-memory error. Deliberately unrelated to std::bad_alloc: the module is to
+// let it pass without knowing it.
+class OutOfMemory : public std::exception {
+public:
+    const char* what() const noexcept override { return "out of memory"; }
+};
+
+} // namespace standalone

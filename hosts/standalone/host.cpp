@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// One call of the module: arguments in, results or an error out, and nothing else.
+#include "hosts/standalone/host.h"
+
+#include "vx/plug.h"
+
+#include <algorithm>
+#include <limits>
+#include <ostream>
+#include <stdexcept>
+#include <utility>
+
+namespace standalone {
+
+namespace {
+
+// The results become the caller's, in order, up to the first slot that was left null.
+std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
+{
+    std::vector<Value> results;
+    const auto firstUnset = std::find(slots.begin(), slots.end(), nullptr);
+    for (auto slot = slots.begin(); slot != firstUnset; ++slot)
+        results.push_back(Value::adopt(*slot));
+    if (std::any_of(firstUnset, slots.end(), [](const vxArray* a) { return a != nullptr; }))
+        ledger().noteBreach("a result slot was left out");
+    return results;
+}
+
+} // namespace
+
+Host::Host() : books_(ledger())
+{
+    if (std::exchange(books_.hasHost, true))
+        throw std::logic_error("there is a host already, and a process holds one module");
+    books_.reset();
+}
+
+Host::~Host()
+{
+    books_.reset();
+    books_.hasHost = false;
+}
+
+Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs)
+{
+    Outcome outcome;
+    try {
+        std::vector<const vxArray*> arguments;
+        arguments.reserve(everyArgument.size());
+        for (const Value& argument : everyArgument)
+            arguments.push_back(argument.array());
+        std::vector<vxArray*> slots(static_cast<std::size_t>(std::max(nlhs, plugResultSlots)));
+
+        plugFunction(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
+        outcome.results = takeResults(slots);
+    } catch (...) {
+        outcome.raised = describeCurrentException();
+    }
+    books_.created.clear(); // what was not returned ends with the call
+    return outcome;
+}
+
+Outcome Host::attempt(const std::string& operation, const std::vector<Value>& arguments)
+{
+    try {
+        std::vector<Value> everyArgument;
+        everyArgument.reserve(arguments.size() + 1);
+        everyArgument.emplace_back(operation);
+        everyArgument.insert(everyArgument.end(), arguments.begin(), arguments.end());
+        return attemptRaw(everyArgument);
+    } catch (...) {
+        return {{}, describeCurrentException()};
+    }
+}
+
+std::vector<Value> Host::call(const std::string& operation, const std::vector<Value>& arguments)
+{
+    Outcome outcome = attempt(operation, arguments);
+    if (outcome.raised)
+        throw RaisedError(std::move(*outcome.raised));
+    return std::move(outcome.results);
+}
+
+void Host::failAllocation(std::size_t n)
+{
+    books_.failingAllocation = n == 0 ? 0 : books_.allocations + n;
+}
+
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome)
+{
+    if (outcome.raised)
+        return out << *outcome.raised;
+    out << '{';
+    for (std::size_t i = 0; i < outcome.results.size(); ++i)
+        out << (i == 0 ? "" : ", ") << outcome.results[i];
+    return out << '}';
+}
+
+} // namespace standalone

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// UTF-16, the text of arrays, and UTF-8, this host's narrow encoding. Neither direction ever fails:
+// what is malformed becomes U+FFFD.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace standalone {
+
+std::string toUtf8(std::u16string_view units);
+std::u16string toUtf16(std::string_view utf8);
+
+} // namespace standalone
