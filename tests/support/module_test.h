@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The fixture of every test that calls the module: a host with clean books, a folder, and at the
+// end a look at the books. Files that a test leaves open are closed for it.
+#pragma once
+
+#include "hosts/standalone/host.h"
+#include "tests/support/raised_matcher.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace testsupport {
+
+class ModuleTest : public testing::Test {
+protected:
+    standalone::Host host;
+    ScratchFolder folder;
+
+    // A new file in the folder, in define mode, and its identifier.
+    int createFile(const std::string& name, const standalone::Value& mode = "netcdf4");
+    int openFile(const std::string& name, const standalone::Value& mode = "nowrite");
+    void closeFile(int ncid);
+
+    // Opens or creates nothing and loses nothing: every block freed, no array but those of Values,
+    // the contract kept. Members of a derived fixture that are Values must be gone by then.
+    void TearDown() override;
+
+private:
+    std::size_t arraysBefore_ = host.liveArrays();
+};
+
+// Runs the unload handler and forgets every file, so that the next test starts with none.
+void closeEverything(standalone::Host& host);
+
+} // namespace testsupport
