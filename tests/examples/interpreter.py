@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""Runs scripts in the interpreter with the gridio of this build."""
+import os
+import pathlib
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+FIELD = str(ROOT / "examples" / "field.m")
+
+
+def run(script, *args, cwd):
+    """The finished process, its stdout and stderr as bytes."""
+    command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
+               "--path", os.environ["GRIDIO_OCT_DIR"], script, *args]
+    return subprocess.run(command, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True,
+                          env={**os.environ, "OCTAVE_HISTFILE": os.devnull})
+
+
+def output_of(script, *args, cwd):
+    """What a script that must succeed prints, one text a line; bytes map to characters 0 to 255."""
+    done = run(script, *args, cwd=cwd)
+    assert done.returncode == 0 and not done.stderr, f"{script} {args}: {done}"
+    return done.stdout.decode("latin-1").splitlines()

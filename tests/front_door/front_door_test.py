@@ -1,0 +1,295 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""./gridio: what it says, what it installs and builds, and how scripts run through it."""
+import os
+import re
+import unittest
+
+from sandbox import Sandbox
+
+
+class FrontDoorTest(unittest.TestCase):
+    def setUp(self):
+        self.sandbox = Sandbox()
+        self.addCleanup(self.sandbox.close)
+
+    def gridio(self, *args, **options):
+        return self.sandbox.gridio(*args, **options)
+
+    def assert_one_line(self, done, status, text):
+        self.assertEqual((done.returncode, done.stdout), (status, ""), done.stderr)
+        self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
+        self.assertIn(text, done.stderr)
+
+    def assert_last_line(self, done, text):
+        self.assertEqual((done.returncode, done.stdout), (1, ""), done.stderr)
+        self.assertTrue(done.stderr.splitlines()[-1].startswith("gridio: "), done.stderr)
+        self.assertIn(text, done.stderr.splitlines()[-1])
+
+
+class Commands(FrontDoorTest):
+    def test_help_names_every_command(self):
+        done = self.gridio("help")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        commands = re.findall(r"^command_(\w+)\(\)", (self.sandbox.tree / "gridio").read_text(), re.M)
+        self.assertIn("run", commands)
+        for command in commands:
+            self.assertRegex(done.stdout, rf"(?m)^    {command}\b")
+
+    def test_no_command_and_help_options_show_help(self):
+        for args in ([], ["-h"], ["--help"]):
+            self.assertEqual(self.gridio(*args).stdout, self.gridio("help").stdout)
+
+    def test_unknown_command_is_one_line_and_status_2(self):
+        for name in ("walk", "", "run ", "-x", "help;ls"):
+            self.assert_one_line(self.gridio(name), 2, f"there is no command {name}")
+
+    def test_a_bad_call_changes_nothing(self):
+        self.assert_one_line(self.gridio("run"), 2, "run needs a script")
+        self.assert_one_line(self.gridio("run", "no.m"), 2, "cannot read the script no.m")
+        self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
+        self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
+        self.assertEqual(self.sandbox.log(), [])
+
+    def test_shell_loads_gridio_and_keeps_its_history_out_of_home(self):
+        self.sandbox.build_everything()
+        done = self.gridio("shell", stdin="disp (exist ('gridio'))\nexit (5)\n")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (5, "3\n", ""))
+        self.assertFalse((self.sandbox.home / "nobody").exists())
+
+    def test_format_formats_the_sources_in_place(self):
+        self.sandbox.install_everything()
+        for folder in ("include", "src", "hosts", "tests"):
+            (self.sandbox.tree / folder).mkdir()
+        (self.sandbox.tree / "src" / "a b.cpp").touch()
+        self.assertEqual(self.gridio("format").returncode, 0)
+        self.assertEqual(self.sandbox.log("clang-format"),
+                         [f"clang-format -i --style=file {self.sandbox.tree}/src/a b.cpp"])
+
+
+class Scripts(FrontDoorTest):
+    """With everything installed and built, in the real interpreter."""
+
+    def setUp(self):
+        super().setUp()
+        self.sandbox.build_everything()
+        self.folder = self.sandbox.home / "it's a \"folder\""
+        self.folder.mkdir()
+
+    def script(self, text, name="script.m"):
+        (self.folder / name).write_text(text)
+        return name
+
+    def run_script(self, text, *args, name="script.m", **options):
+        done = self.gridio("run", self.script(text, name), *args, cwd=self.folder, **options)
+        self.assertEqual(done.stderr, "")
+        return done
+
+    def test_arguments_arrive_exactly_as_argv(self):
+        args = ["plain", "two words", "", "--help", "-x", "--", "it's", 'say "x"', "$HOME", "*", "\\n"]
+        done = self.run_script('printf ("%d\\n", numel (argv ())); printf ("[%s]\\n", argv (){:});', *args)
+        self.assertEqual(done.stdout, "".join([f"{len(args)}\n"] + [f"[{a}]\n" for a in args]))
+
+    def test_exit_status_is_the_scripts(self):
+        for status in (0, 1, 7, 255):
+            self.assertEqual(self.run_script(f"exit ({status})").returncode, status)
+
+    def test_an_uncaught_error_is_status_1(self):
+        done = self.gridio("run", self.script("error ('this went wrong')"), cwd=self.folder)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("error: this went wrong", done.stderr)
+
+    def test_gridio_is_loaded(self):
+        done = self.run_script('puts (gridio ("inqLibVers"));')
+        self.assertRegex(done.stdout, r"^4\.\d+\.\d+")
+
+    def test_nothing_stands_between_a_user_and_the_output(self):
+        done = self.run_script('puts ("only this");')
+        self.assertEqual((done.stdout, done.stderr), ("only this", ""))
+        self.assertEqual(self.sandbox.log(), [])
+
+    def test_nothing_is_written_to_home(self):
+        self.run_script("1;")
+        self.assertFalse((self.sandbox.home / "nobody").exists())
+
+    def test_startup_files_are_not_read(self):
+        (self.folder / ".octaverc").write_text("disp ('a startup file')")
+        self.assertEqual(self.run_script("1;").stdout, "")
+
+    def test_input_reaches_the_script(self):
+        self.assertEqual(self.run_script('disp (2 * input (""))', stdin="21\n").stdout, "42\n")
+
+    def test_paths_are_relative_to_the_callers_folder(self):
+        (self.folder / "data").write_text("some data")
+        text = 'puts (fileread (argv (){1}));'
+        self.assertEqual(self.run_script(text, "data").stdout, "some data")
+        for name in ('it\'s "quoted".m', "-dash.m", "ünïcode.m"):
+            self.assertEqual(self.run_script(text, "data", name=name).stdout, "some data")
+
+    def test_works_through_symbolic_links(self):
+        (self.sandbox.home / "bin").mkdir()
+        link = self.sandbox.home / "bin" / "sea data"
+        link.symlink_to("../tree/gridio")
+        (self.sandbox.home / "link to link").symlink_to(link)
+        for command in (link, "../link to link"):
+            done = self.gridio("run", self.script("disp (exist ('gridio'))"), command=command,
+                               cwd=self.folder)
+            self.assertEqual((done.stdout, done.stderr), ("3\n", ""))
+
+    def test_works_in_a_tree_with_an_odd_name(self):
+        self.sandbox = Sandbox("it's a \"tree\" $HOME")
+        self.addCleanup(self.sandbox.close)
+        self.sandbox.build_everything()
+        self.assertEqual(self.run_script("disp (exist ('gridio'))").stdout, "3\n")
+
+
+class Packages(FrontDoorTest):
+    def setUp(self):
+        super().setUp()
+        (self.sandbox.home / "script.m").touch()
+
+    def run_empty(self):
+        return self.gridio("run", "script.m")
+
+    def test_nothing_is_asked_when_all_is_there(self):
+        self.sandbox.install_everything()
+        self.sandbox.remove("network")
+        self.sandbox.remove("apt-get")
+        self.sandbox.remove("sudo")
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertEqual(self.sandbox.log("apt-get"), [])
+
+    def test_says_what_is_missing_and_why_before_installing_it(self):
+        self.sandbox.install_everything()
+        installed = self.sandbox.machine / "installed"
+        installed.write_text(installed.read_text().replace("cmake\n", "").replace("libboost-dev\n", ""))
+        self.sandbox.write("lists")
+        done = self.run_empty()
+        self.assertEqual(done.stderr.splitlines()[:3], [
+            "gridio: needs the package cmake: configures the build",
+            "gridio: needs the package libboost-dev: range-checked number conversions (headers only)",
+            "gridio: installing 2 packages from Debian, with what they need"])
+        self.assertRegex(self.sandbox.log("apt-get")[-1],
+                         "install --no-install-recommends cmake libboost-dev$")
+        self.assertEqual((done.returncode, done.stdout), (0, ""))
+
+    def test_run_does_not_install_what_only_tests_need(self):
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertNotIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
+        self.assertEqual(self.gridio("test").returncode, 0)
+        self.assertIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
+
+    def test_lists_are_fetched_only_when_a_package_is_unknown(self):
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 1)
+        self.sandbox.write("log", "")
+        self.sandbox.write("installed", "")
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 0)
+
+    def test_lists_are_renewed_when_the_packages_they_name_are_gone(self):
+        self.sandbox.write("lists")
+        self.sandbox.write("stale")
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 1)
+
+    def test_root_needs_no_sudo_and_others_use_it(self):
+        self.sandbox.write("uid", "1000")
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertTrue(all("apt-get" in call for call in self.sandbox.log("sudo")))
+        self.assertEqual(len(self.sandbox.log("sudo")), 2)
+        self.sandbox.write("uid", "0")
+        self.sandbox.write("installed", "")
+        self.sandbox.remove("sudo")
+        self.assertEqual(self.run_empty().returncode, 0)
+
+    def test_one_clear_line_without_sudo(self):
+        self.sandbox.write("uid", "1000")
+        self.sandbox.remove("sudo")
+        self.assert_last_line(self.run_empty(), "sudo is missing, so run this as root: apt-get install")
+        self.assertEqual(self.sandbox.log(), [])
+
+    def test_one_clear_line_without_apt(self):
+        self.sandbox.remove("apt-get")
+        self.assert_last_line(self.run_empty(), "apt-get is missing, so install by hand: g++ cmake")
+        self.sandbox.remove("dpkg-query")
+        self.assert_one_line(self.run_empty(), 1, "dpkg-query is missing")
+
+    def test_one_clear_line_without_network(self):
+        self.sandbox.remove("network")
+        self.assert_last_line(self.run_empty(), "no package list has all of these (is the network there?)")
+        self.sandbox.write("lists")
+        self.assert_last_line(self.run_empty(), "could not be installed (is the network there?)")
+
+
+class Building(FrontDoorTest):
+    def setUp(self):
+        super().setUp()
+        self.sandbox.install_everything()
+        (self.sandbox.home / "script.m").touch()
+
+    def builds(self):
+        self.sandbox.write("log", "")
+        done = self.gridio("run", "script.m")
+        self.assertEqual((done.returncode, done.stdout), (0, ""), done.stderr)
+        return self.sandbox.log("cmake")
+
+    def test_builds_gridio_alone_and_once(self):
+        build = f"cmake --build {self.sandbox.tree}/build/release --target gridio_octave"
+        self.assertEqual(self.builds(), ["cmake --preset release -DGRIDIO_TESTS=OFF", build])
+        self.assertEqual(self.builds(), [])
+        self.sandbox.remove("built")
+        self.assertEqual(self.builds(), [build])
+
+    def test_a_tree_with_tests_keeps_them(self):
+        self.assertEqual(self.gridio("test").returncode, 0)
+        self.sandbox.remove("built")
+        self.assertNotIn("GRIDIO_TESTS", " ".join(self.builds()))
+
+    def test_a_moved_tree_is_configured_afresh(self):
+        self.builds()
+        self.sandbox.tree = self.sandbox.tree.rename(self.sandbox.home / "moved")
+        self.assertIn("cmake --preset release --fresh -DGRIDIO_TESTS=OFF", self.builds())
+
+    def test_a_build_that_fails_ends_in_one_clear_line(self):
+        self.sandbox.write("broken")
+        for command in (["run", "script.m"], ["test"]):
+            self.assert_last_line(self.gridio(*command), "configuring")
+        self.sandbox.remove("broken")
+        self.builds()
+        self.sandbox.remove("built")
+        self.sandbox.write("broken")
+        self.assert_last_line(self.gridio("run", "script.m"), "building")
+        self.assertEqual(self.sandbox.log("octave-cli"), ["octave-cli --quiet --path "
+                         f"{self.sandbox.tree}/build/release/octave --norc --no-history script.m"])
+
+
+class Testing(FrontDoorTest):
+    def setUp(self):
+        super().setUp()
+        self.sandbox.install_everything()
+
+    def test_every_test_runs_and_then_the_sanitized_ones(self):
+        done = self.gridio("test", "-R", "Two Words")
+        tree = self.sandbox.tree
+        self.assertEqual(self.sandbox.log("cmake"), [
+            "cmake --preset release -DGRIDIO_TESTS=ON",
+            f"cmake --build {tree}/build/release --target all",
+            "cmake --preset sanitize",
+            f"cmake --build {tree}/build/sanitize --target all"])
+        self.assertEqual(self.sandbox.log("ctest"), [
+            f"ctest --test-dir {tree}/build/{preset} -j2 --output-on-failure -R Two Words"
+            for preset in ("release", "sanitize")])
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertRegex(done.stdout, r"100% tests passed of \S+/sanitize\n$")
+
+    def test_a_failure_of_either_build_is_a_failure(self):
+        for preset in ("release", "sanitize"):
+            self.sandbox.write("failing", preset)
+            done = self.gridio("test")
+            self.assertEqual(done.returncode, 1)
+            self.assertEqual(done.stderr.splitlines()[-1], f"gridio: tests failed: {preset}")
+            self.assertEqual(len(done.stdout.splitlines()), 2)
+
+
+if __name__ == "__main__":
+    unittest.main()

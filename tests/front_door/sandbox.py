@@ -1,0 +1,117 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""A copy of ./gridio in a folder of its own, with stand-ins for everything that changes a machine.
+
+The stand-ins log each call and behave as the files in the folder `machine` say. Nothing else is on
+the PATH but a few tools of the base system, and the real interpreter where a test asks for it.
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BASE_TOOLS = ("bash", "cat", "dirname", "env", "find", "flock", "grep", "mkdir", "readlink", "sed",
+              "sh", "touch")
+
+STAND_INS = {
+    "id": "cat $M/uid",
+    "sudo": 'log sudo "$@"; exec "$@"',
+    # "installed NAME" for each package that the machine has.
+    "dpkg-query": "sed 's/^/installed /' $M/installed",
+    # Packages are known once lists are there; lists and packages come over the network.
+    "apt-get": """
+        log apt-get "$@"
+        case "$*" in
+        *update*) [ ! -e $M/network ] || touch $M/lists ;;
+        -s*) [ -e $M/lists ] ;;
+        *install*)
+            if [ ! -e $M/network ]; then echo 'E: Failed to fetch' >&2; exit 100; fi
+            if [ -e $M/stale ]; then rm_stale; echo 'E: 404 Not Found' >&2; exit 100; fi
+            for p in "$@"; do echo "$p" >>$M/installed; done ;;
+        esac""",
+    "cmake": """
+        log cmake "$@"
+        [ ! -e $M/broken ] || { echo 'a compiler error' >&2; exit 1; }
+        case $1 in
+        --preset)
+            mkdir -p build/$2
+            echo "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" >build/$2/CMakeCache.txt
+            touch build/$2/build.ninja ;;
+        --build) touch $M/built ;;
+        esac""",
+    "ninja": '[ ! -e $M/built ] || echo "ninja: no work to do."',
+    "ctest": 'log ctest "$@"; echo "100% tests passed of $2"; case $2 in *"$(cat $M/failing)") exit 8; esac',
+    "octave-cli": 'log octave-cli "$@"',
+    "clang-format": 'log clang-format "$@"',
+}
+
+
+class Sandbox:
+    """`machine` is the state of the machine; a test writes it, the stand-ins read and change it."""
+
+    def __init__(self, name="tree"):
+        self._folder = tempfile.TemporaryDirectory()
+        self.home = pathlib.Path(self._folder.name)
+        self.tree = self.home / name
+        self.tools = self.home / "tools"
+        self.machine = self.home / "machine"
+        for folder in (self.tree, self.tools, self.machine):
+            folder.mkdir()
+        shutil.copy(ROOT / "gridio", self.tree / "gridio")
+        for tool in BASE_TOOLS:
+            (self.tools / tool).symlink_to(shutil.which(tool))
+        for tool, body in STAND_INS.items():
+            self._stand_in(tool, body)
+        for state, text in (("uid", "0"), ("installed", ""), ("log", ""), ("failing", "none")):
+            self.write(state, text)
+        self.write("network")
+
+    def _stand_in(self, tool, body):
+        path = self.tools / tool
+        path.write_text(f"""#!/bin/sh
+M='{self.machine}'
+log() {{ echo "$@" >>$M/log; }}
+rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
+{body}
+""")
+        path.chmod(0o755)
+
+    def close(self):
+        self._folder.cleanup()
+
+    def write(self, state, text=""):
+        (self.machine / state).write_text(text)
+
+    def remove(self, name):
+        for folder in (self.machine, self.tools):
+            if os.path.lexists(folder / name):
+                (folder / name).unlink()
+
+    def install_everything(self):
+        """The packages that the script's own table names."""
+        table = re.search(r"packages\(\).*?END'\n(.*?)\nEND", (self.tree / "gridio").read_text(), re.S)
+        self.write("installed", "".join(row.split()[1] + "\n" for row in table[1].splitlines()))
+
+    def build_everything(self):
+        """All packages, a finished build that holds the gridio under test, and the real interpreter."""
+        self.install_everything()
+        release = self.tree / "build" / "release"
+        release.mkdir(parents=True)
+        (release / "build.ninja").touch()
+        (release / "CMakeCache.txt").write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.tree}\n")
+        self.write("built")
+        (release / "octave").symlink_to(os.environ["GRIDIO_OCT_DIR"])
+        self.remove("octave-cli")
+        (self.tools / "octave-cli").symlink_to(os.environ["OCTAVE_CLI"])
+
+    def gridio(self, *args, command=None, cwd=None, stdin=""):
+        return subprocess.run([command or self.tree / "gridio", *args], cwd=cwd or self.home,
+                              input=stdin, capture_output=True, text=True,
+                              env={"PATH": str(self.tools), "HOME": str(self.home / "nobody")})
+
+    def log(self, tool=""):
+        """The calls of a stand-in so far, one line each."""
+        return [line for line in (self.machine / "log").read_text().splitlines()
+                if line.startswith(tool)]
