@@ -135,11 +135,11 @@ class Scripts(FrontDoorTest):
                                cwd=self.folder)
             self.assertEqual((done.stdout, done.stderr), ("3\n", ""))
 
-    def test_works_in_a_tree_with_an_odd_name(self):
-        self.sandbox = Sandbox("it's a \"tree\" $HOME")
+    def test_works_in_a_tree_with_blanks_in_its_name(self):
+        self.sandbox = Sandbox("the  ünïcode (tree) #1")
         self.addCleanup(self.sandbox.close)
         self.sandbox.build_everything()
-        self.assertEqual(self.run_script("disp (exist ('gridio'))").stdout, "3\n")
+        self.assertEqual(self.run_script("disp (exist ('gridio'));").stdout, "3\n")
 
 
 class Packages(FrontDoorTest):
@@ -249,6 +249,15 @@ class Building(FrontDoorTest):
         self.builds()
         self.sandbox.tree = self.sandbox.tree.rename(self.sandbox.home / "moved")
         self.assertIn("cmake --preset release --fresh -DGRIDIO_TESTS=OFF", self.builds())
+
+    def test_a_tree_that_cannot_be_built_in_is_refused_in_one_clear_line(self):
+        for name in ("it's", '"quoted"', "a:b", "a;b", "a\\b", "$HOME"):
+            self.sandbox = Sandbox(name)
+            self.addCleanup(self.sandbox.close)
+            self.sandbox.install_everything()
+            (self.sandbox.home / "script.m").touch()
+            self.assert_last_line(self.gridio("run", "script.m"), "its path must not hold any of")
+            self.assertEqual(self.sandbox.log(), [])
 
     def test_a_build_that_fails_ends_in_one_clear_line(self):
         self.sandbox.write("broken")
