@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""examples/describe.m against ncdump -h and ncdump -hs, line by line.
+
+Of what ncdump prints, what no operation tells is taken out first, and nothing else:
+declarations of user-defined types, values of string and user-defined attributes, text behind a
+NUL, the byte order (_Endianness), and the name of storage that is neither chunked nor contiguous.
+"""
+import difflib
+import os
+import re
+import subprocess
+
+from interpreter import ROOT, output_of
+from real_and_made_files import for_each_file, kind_of, ncdump
+
+DESCRIBE = str(ROOT / "examples" / "describe.m")
+LEGEND = "// Not known: byte order, and filters other than deflate, shuffle and checksum."
+
+
+def without_types(lines):
+    """The lines without the sections "types:", and the names that these declare."""
+    kept, names, inside = [], set(), False
+    for line in lines:
+        if re.fullmatch(r" *types:", line):
+            inside = True
+        elif re.match(r" *(dimensions:|variables:|// \w+ attributes:|group: )|$", line):
+            inside = False
+        if not inside:
+            kept.append(line)
+        else:
+            names.update(re.findall(r"(?:opaque\(\d+\)|\(\*\)|enum|compound) (\w+) [;{]", line))
+    return kept, names
+
+
+def tellable(lines):
+    """What of ncdump's lines the operations can tell, the rest in comments."""
+    lines, types = without_types(lines)
+    result, of_user_type = [], None
+    for line in lines:
+        indent, text = re.fullmatch(r"(\s*)(.*)", line).groups()
+        first = text.split(" ", 1)[0]
+        if not indent.endswith("\t\t"):
+            of_user_type = first in types
+        if re.search(r":_Endianness = ", text):
+            continue
+        if re.search(r':_Storage = "compact"', text):
+            text = re.sub(r" = .*", " = ... ; (neither chunked nor contiguous)", text)
+            text = "// " + text
+        elif indent.endswith("\t\t") and first in types | {"string"}:
+            text = re.sub(r" = .*", " = ... ; (values that cannot be read)", text)
+            text = "// " + text
+        elif of_user_type:
+            note = "" if indent.endswith("\t\t") else " (a type that cannot be described)"
+            text = "// " + text + note
+        if first in types:
+            text = text.replace(first, "user_type", 1)
+        result.append(indent + text)
+    return result
+
+
+def without_notes(lines, dumped):
+    """describe.m's lines with the notes on NUL checked and taken away; cuts ncdump's text there."""
+    note = r" // (\d+) of (\d+) bytes: text can be read up to its first NUL only"
+    result = []
+    for i, line in enumerate(lines):
+        line = re.sub(r"\buser_type_\d+\b", "user_type", line)
+        found = re.search(note + "$", line)
+        if found:
+            line = line[:found.start()]
+            dumped[i] = re.sub(r'\\000.*" ;$', '" ;', dumped[i])
+            shown = len(re.sub(r"\\(\d{3}|.)", ".", re.search(r'= "(.*)" ;', line)[1]))
+            assert shown == int(found[1]) < int(found[2]) - 1, line
+        result.append(line)
+    return result
+
+
+def same(described, dumped, path):
+    described = without_notes(described, dumped)
+    difference = list(difflib.unified_diff(dumped, described, "ncdump", "describe.m", lineterm="", n=0))
+    assert not difference, "\n".join([path] + difference)
+    return len(described)
+
+
+def check(path, folder):
+    described = output_of(DESCRIBE, path, cwd="/")
+    count = same(described, tellable(ncdump("-h", path))[:-1], path)
+    stored = output_of(DESCRIBE, "-s", path, cwd="/")
+    kind = kind_of(path)
+    if kind == "cdf5":  # ncdump -hs fails on these
+        ending = [] if any(re.search("(global|group) attributes:", line) for line in described) else \
+            ["", "// global attributes:"]
+        assert stored == described[:-1] + ending + ['\t\t:_Format = "cdf5" ;', "}"], stored[-4:]
+    else:
+        if kind.startswith("netCDF-4"):
+            assert stored.pop() == LEGEND
+        same(stored, tellable(ncdump("-hs", path))[:-1], path)
+
+    # What is printed in comments' stead must leave CDL that can be read.
+    cdl = os.path.join(folder, "described.cdl")
+    with open(cdl, "w", encoding="latin-1") as file:
+        file.write("\n".join(described))
+    subprocess.run([os.environ["NCGEN"], "-k", kind, "-o", os.path.join(folder, "again.nc"), cdl],
+                   check=True)
+    return f"{count} and {len(stored)} lines agree with ncdump"
+
+
+for_each_file(check)
