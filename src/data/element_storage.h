@@ -25,7 +25,7 @@ public:
     std::size_t count() const { return count_; }
 
     // Brings text into the array, each byte widened by sign extension: bytes from 0x80 become units
-    // from 0xFF80, deliberately. To be called after the read, whatever its status.
+    // from 0xFF80, deliberately. To be called when the read has succeeded.
     void finish();
 
 private:

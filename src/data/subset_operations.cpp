@@ -78,10 +78,10 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
-    const int status = element->getVars(ncid, varid, subset.start.data(), subset.count.data(),
-                                        subset.stride.data(), values.destination());
+    checkStatus(element->getVars(ncid, varid, subset.start.data(), subset.count.data(),
+                                 subset.stride.data(), values.destination()),
+                entry);
     values.finish();
-    checkStatus(status, entry);
 }
 
 void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const OperationEntry* entry)

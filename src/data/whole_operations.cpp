@@ -51,11 +51,12 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
 
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
     const int status = element->getVar(ncid, varid, values.destination());
-    values.finish();
-    if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS))
+    if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
         results[0] = createFlattenedEmpty(*element, xtype);
-    else
-        checkStatus(status, entry);
+        return;
+    }
+    checkStatus(status, entry);
+    values.finish();
 }
 
 // The whole variable as it is now: a write of this kind never adds records.
