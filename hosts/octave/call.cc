@@ -1,11 +1,23 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "call.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
 
 namespace hosts::oct {
+
+namespace {
+
+size_t bytesOf(size_t count, size_t size)
+{
+    if (size != 0 && count > PTRDIFF_MAX / size)
+        throw std::bad_alloc();
+    return count * size;
+}
+
+} // namespace
 
 Call* Call::current_ = nullptr;
 
@@ -28,11 +40,23 @@ void* Call::allocateInline(size_t bytes)
 
 void* Call::allocate(size_t bytes)
 {
-    if (void* memory = allocateInline(bytes))
-        return memory;
-    blocks_.reserve(blocks_.size() + 1);
-    blocks_.emplace_back(new unsigned char[bytes]);
-    return blocks_.back().get();
+    void* memory = allocateInline(bytes);
+    return memory ? memory : keep(std::malloc(bytes));
+}
+
+void* Call::allocateZeros(size_t count, size_t size)
+{
+    void* memory = allocateInline(bytesOf(count, size));
+    return memory ? std::memset(memory, 0, count * size) : keep(std::calloc(count, size));
+}
+
+void* Call::keep(void* block)
+{
+    std::unique_ptr<void, Free> owner(block);
+    if (!block)
+        throw std::bad_alloc();
+    blocks_.push_back(std::move(owner));
+    return block;
 }
 
 bool Call::releaseInline(void* memory)
@@ -51,13 +75,11 @@ using hosts::oct::Call;
 
 void* vxCalloc(size_t count, size_t size)
 {
-    if (size != 0 && count > SIZE_MAX / size)
-        throw std::bad_alloc();
-    const size_t bytes = count * size;
-    void* memory = Call::isRunning() ? Call::current().allocateInline(bytes) : nullptr;
-    if (memory)
+    const size_t bytes = hosts::oct::bytesOf(count, size);
+    if (void* memory = Call::isRunning() ? Call::current().allocateInline(bytes) : nullptr)
         return std::memset(memory, 0, bytes);
-    memory = std::calloc(bytes ? bytes : 1, 1);
+    // A zero-sized block may be null.
+    void* memory = std::calloc(bytes ? bytes : 1, 1);
     if (!memory)
         throw std::bad_alloc();
     return memory;

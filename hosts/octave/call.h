@@ -6,6 +6,7 @@
 #include "array.h"
 
 #include <cstddef>
+#include <cstdlib>
 #include <forward_list>
 #include <memory>
 #include <new>
@@ -36,8 +37,10 @@ public:
         return array;
     }
 
-    // Memory that ends with the call, aligned for any element, holding anything.
+    // Memory that ends with the call, aligned for any element, holding anything or zeros. Much
+    // zeroed memory costs nothing until it is written to.
     void* allocate(size_t bytes);
+    void* allocateZeros(size_t count, size_t size);
 
     // The same when there is room in the object itself, null otherwise.
     void* allocateInline(size_t bytes);
@@ -49,6 +52,12 @@ private:
     static constexpr size_t inlineArrays = 16;
     static constexpr size_t inlineBytes = 4096;
 
+    struct Free {
+        void operator()(void* memory) const { std::free(memory); }
+    };
+
+    void* keep(void* block);
+
     static Call* current_;
 
     Call* outer_;
@@ -56,7 +65,7 @@ private:
     size_t usedBytes_ = 0;
     size_t lastStart_ = 0;
     std::forward_list<vxArray> moreArrays_;
-    std::vector<std::unique_ptr<unsigned char[]>> blocks_;
+    std::vector<std::unique_ptr<void, Free>> blocks_;
     alignas(vxArray) unsigned char arrays_[inlineArrays * sizeof(vxArray)];
     alignas(std::max_align_t) unsigned char bytes_[inlineBytes];
 };

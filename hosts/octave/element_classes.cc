@@ -47,7 +47,11 @@ void readScalar(const octave_value& value, void* element)
 
 template <auto arrayOf, auto... force> octave_value full(const octave_value& value)
 {
-    return octave_value((value.full_value().*arrayOf)(force...));
+    octave_value spelled = value.full_value();
+    // Asking a complex array for its real elements fails for some types.
+    if (spelled.iscomplex())
+        spelled = spelled.real();
+    return octave_value((spelled.*arrayOf)(force...));
 }
 
 template <class Element> octave_value adopt(void* block, const dim_vector& dims)

@@ -135,8 +135,7 @@ vxArray* vxCreateString(const char* text)
 vxArray* vxCreateCharArray(size_t rank, const size_t* dims)
 {
     vxArray* array = addArray(elementClass(vxCHAR_CLASS), rank, dims);
-    const size_t bytes = array->count * sizeof(char16_t);
-    array->data = std::memset(Call::current().allocate(bytes), 0, bytes);
+    array->data = Call::current().allocateZeros(array->count, sizeof(char16_t));
     return array;
 }
 
@@ -156,11 +155,8 @@ vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID c
 vxArray* vxCreateCellArray(size_t rank, const size_t* dims)
 {
     vxArray* array = addArray(elementClass(vxCELL_CLASS), rank, dims);
-    const size_t bytes = array->count * sizeof(vxArray*);
-    if (array->count > PTRDIFF_MAX / sizeof(vxArray*))
-        throw std::bad_alloc();
-    array->cells = static_cast<vxArray**>(Call::current().allocate(bytes));
-    std::fill(array->cells, array->cells + array->count, nullptr);
+    array->cells =
+        static_cast<vxArray**>(Call::current().allocateZeros(array->count, sizeof(vxArray*)));
     return array;
 }
 
