@@ -1,0 +1,117 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""The entries of the operations' manual against the sources that they describe."""
+import os
+import pathlib
+import re
+import subprocess
+import tempfile
+import unittest
+
+import interpreter
+import make_operations
+import operation_entries
+
+ENTRIES = operation_entries.read_entries()
+
+
+def table_rows():
+    """(name, number of arguments, first name with the same handler) of each row of the code's table."""
+    listing = subprocess.run([os.environ["LIST_OPERATIONS"]], capture_output=True, text=True, check=True)
+    rows = [line.split() for line in listing.stdout.splitlines()]
+    return [(name, int(nargs), first) for name, nargs, first in rows]
+
+
+def error_classes():
+    """{"netcdf:libraryFailure": number of arguments, ...} as include/error_identifiers.h declares them."""
+    header = (interpreter.ROOT / "include" / "error_identifiers.h").read_text()
+    classes = {}
+    for name, constructor, identifier in re.findall(
+            r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*'
+            r':\s*BaseMsgID\("Ovard:gridio:([\w:]+)"', header):
+        assert identifier.endswith(f":{name}")
+        classes[identifier] = len([word for word in constructor.split(",") if word.strip()])
+    assert len(classes) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
+    return classes
+
+
+class Table(unittest.TestCase):
+    def test_has_an_entry_for_every_name_and_no_other(self):
+        self.assertEqual(sorted({name for name, _, _ in table_rows()}),
+                         sorted(entry.name for entry in ENTRIES))
+
+    def test_agrees_with_the_entries_on_the_number_of_arguments(self):
+        first_rows = {name: nargs for name, nargs, _ in reversed(table_rows())}
+        self.assertEqual(first_rows, {entry.name: len(entry.arguments) for entry in ENTRIES})
+
+    def test_puts_operations_of_one_handler_into_one_family(self):
+        families = {entry.name: entry.family for entry in ENTRIES}
+        for name, _, first in table_rows():
+            with self.subTest(name):
+                self.assertEqual(families[name], families[first])
+
+
+class Headers(unittest.TestCase):
+    def setUp(self):
+        header = pathlib.Path(os.environ["NETCDF_INCLUDE"], "netcdf.h").read_text()
+        self.functions = set(re.findall(r"\b(nc_\w+)\(", header))
+        self.constants = set(re.findall(r"^#define\s+(NC_\w+)\s", header, re.M))
+
+    def test_declare_every_library_function(self):
+        for entry in ENTRIES:
+            for function in entry.library:
+                with self.subTest(entry.name, function=function):
+                    self.assertTrue(function in self.functions)
+
+    def test_define_every_status(self):
+        for status in {status for entry in ENTRIES for status, _ in entry.statuses}:
+            if not status.isdigit():
+                with self.subTest(status):
+                    self.assertTrue(status in self.constants)
+
+    def test_declare_every_error_with_as_many_arguments(self):
+        classes = error_classes()
+        for entry in ENTRIES:
+            for error in entry.errors:
+                with self.subTest(entry.name, error=error.call()):
+                    self.assertEqual(classes.get(error.identifier), len(error.arguments))
+
+    # The name of an operation comes before its entry; the code of a family cannot be wrong; and one is a warning.
+    def test_declare_no_error_that_no_entry_names(self):
+        named = {error.identifier for entry in ENTRIES for error in entry.errors}
+        self.assertEqual(set(error_classes()) - named,
+                         {"netcdf:unrecognizedOperation", "netcdf:unhandledAttributeOperation",
+                          "netcdf:closingFileHandle"})
+
+
+class Generated(unittest.TestCase):
+    remedy = "run docs/make_operations.py"
+
+    def test_markdown_is_up_to_date(self):
+        self.assertTrue(make_operations.MARKDOWN.read_text("utf-8") == make_operations.markdown(ENTRIES),
+                        self.remedy)
+
+    def test_text_is_up_to_date_and_fits_a_terminal(self):
+        text = make_operations.TEXT.read_text("utf-8")
+        self.assertTrue(text == make_operations.text(ENTRIES), self.remedy)
+        self.assertLessEqual(max(map(len, text.splitlines())), 80)
+
+    def test_links_of_the_markdown_lead_to_headings(self):
+        text = make_operations.markdown(ENTRIES)
+        headings = [make_operations.anchor(title) for title in re.findall(r"^##+ (.+)$", text, re.M)]
+        self.assertEqual(len(headings), len(set(headings)))
+        links = re.findall(r"\]\(#([^)]*)\)", text)
+        self.assertEqual(sorted(links), sorted(headings))
+
+    def test_chapter_of_the_manual_is_sound_texinfo(self):
+        chapter = make_operations.texinfo(ENTRIES)
+        with tempfile.TemporaryDirectory() as folder:
+            manual = pathlib.Path(folder, "manual.texi")
+            manual.write_text("\\input texinfo\n@settitle gridio\n@node Top\n@top gridio\n@menu\n"
+                              f"* Operations::\n@end menu\n{chapter}@bye\n")
+            done = subprocess.run(["makeinfo", "--error-limit=5", "--info", manual.name], cwd=folder,
+                                  capture_output=True, text=True)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+
+if __name__ == "__main__":
+    unittest.main()
