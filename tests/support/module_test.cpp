@@ -35,10 +35,9 @@ void ModuleTest::TearDown()
 
 void closeEverything(standalone::Host& host)
 {
-    const std::size_t warningsBefore = host.warnings().size();
     host.unload();
-    if (host.warnings().size() == warningsBefore)
-        return;
+    if (host.warnings().empty())
+        return; // the list is empty
     // The module goes with its list of files; here it stays, and the list is to be emptied by hand.
     for (int file = 0; file < fileCount; ++file)
         Ovard::gridio::unregisterOpenFile(file * fileStep);
