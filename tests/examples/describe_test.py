@@ -11,25 +11,10 @@ import re
 import subprocess
 
 from interpreter import ROOT, output_of
-from real_and_made_files import for_each_file, kind_of, ncdump
+from real_and_made_files import for_each_file, kind_of, ncdump, without_types
 
 DESCRIBE = str(ROOT / "examples" / "describe.m")
 LEGEND = "// Not known: byte order, and filters other than deflate, shuffle and checksum."
-
-
-def without_types(lines):
-    """The lines without the sections "types:", and the names that these declare."""
-    kept, names, inside = [], set(), False
-    for line in lines:
-        if re.fullmatch(r" *types:", line):
-            inside = True
-        elif re.match(r" *(dimensions:|variables:|// \w+ attributes:|group: )|$", line):
-            inside = False
-        if not inside:
-            kept.append(line)
-        else:
-            names.update(re.findall(r"(?:opaque\(\d+\)|\(\*\)|enum|compound) (\w+) [;{]", line))
-    return kept, names
 
 
 def tellable(lines):

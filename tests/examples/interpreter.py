@@ -8,12 +8,19 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 FIELD = str(ROOT / "examples" / "field.m")
 
 
+def command(script, *args):
+    return [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
+            "--path", os.environ["GRIDIO_OCT_DIR"], script, *args]
+
+
+def environment():
+    return {**os.environ, "OCTAVE_HISTFILE": os.devnull}
+
+
 def run(script, *args, cwd):
     """The finished process, its stdout and stderr as bytes."""
-    command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
-               "--path", os.environ["GRIDIO_OCT_DIR"], script, *args]
-    return subprocess.run(command, cwd=cwd, stdin=subprocess.DEVNULL, capture_output=True,
-                          env={**os.environ, "OCTAVE_HISTFILE": os.devnull})
+    return subprocess.run(command(script, *args), cwd=cwd, stdin=subprocess.DEVNULL,
+                          capture_output=True, env=environment())
 
 
 def output_of(script, *args, cwd):

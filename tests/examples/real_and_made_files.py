@@ -3,6 +3,7 @@
 import glob
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -27,6 +28,21 @@ def ncdump(*args):
 
 def kind_of(path):
     return ncdump("-k", path)[0]
+
+
+def without_types(lines):
+    """The lines without the sections "types:", and the names that these declare."""
+    kept, names, inside = [], set(), False
+    for line in lines:
+        if re.fullmatch(r" *types:", line):
+            inside = True
+        elif re.match(r" *(dimensions:|variables:|// \w+ attributes:|group: )|$", line):
+            inside = False
+        if not inside:
+            kept.append(line)
+        else:
+            names.update(re.findall(r"(?:opaque\(\d+\)|\(\*\)|enum|compound) (\w+) [;{]", line))
+    return kept, names
 
 
 def made_files(folder):
