@@ -27,6 +27,10 @@ def call(name, values):
     return f"gridio({', '.join([f'{chr(34)}{name}{chr(34)}', *values])});"
 
 
+def as_word(name):
+    return rf"(?<!\w){re.escape(name)}(?!\w)" if name else "^"
+
+
 def errors_of(calls, setup=()):
     """(identifier, message) of each call's error."""
     with tempfile.TemporaryDirectory() as folder:
@@ -52,7 +56,7 @@ class BadArguments(unittest.TestCase):
         for (code, identifier, named), (raised, message) in zip(cases, errors_of([c[0] for c in cases])):
             with self.subTest(code):
                 self.assertEqual(raised, f"Ovard:gridio:{identifier}")
-                self.assertIn(named, message)
+                self.assertRegex(message, as_word(named))
 
     def test_are_reported_from_left_to_right(self):
         several = [entry for entry in ENTRIES
@@ -62,7 +66,7 @@ class BadArguments(unittest.TestCase):
             with self.subTest(entry.name):
                 first = entry.arguments[0]
                 self.assertEqual(raised, f"Ovard:gridio:{COMMON.kinds[first.kind][1][0].identifier}")
-                self.assertIn(first.error_name, message)
+                self.assertRegex(message, as_word(first.error_name))
 
     def test_of_another_number_are_refused(self):
         calls = []
