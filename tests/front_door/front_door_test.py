@@ -58,9 +58,9 @@ class Commands(FrontDoorTest):
 
     def test_format_formats_the_sources_in_place(self):
         self.sandbox.install_everything()
-        for folder in ("include", "src", "hosts", "tests"):
-            (self.sandbox.tree / folder).mkdir()
-        (self.sandbox.tree / "src" / "a b.cpp").touch()
+        for name in ("src/a b.cpp", "build/made.cpp", ".git/odd.cpp", "src/notes.txt"):
+            (self.sandbox.tree / name).parent.mkdir(exist_ok=True)
+            (self.sandbox.tree / name).touch()
         self.assertEqual(self.gridio("format").returncode, 0)
         self.assertEqual(self.sandbox.log("clang-format"),
                          [f"clang-format -i --style=file {self.sandbox.tree}/src/a b.cpp"])
