@@ -1,0 +1,76 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""Reads the pictures of subset.m without the interpreter: PNG, and text in the pixel font."""
+import pathlib
+import struct
+import zlib
+
+FONT = pathlib.Path(__file__).resolve().parents[2] / "examples" / "shared" / "pixel_font.txt"
+BLACK, WHITE = (0, 0, 0), (255, 255, 255)
+
+
+def read_png(path):
+    """Rows of (red, green, blue) pixels of an 8-bit RGB file."""
+    data = path.read_bytes()
+    assert data[:8] == b"\x89PNG\r\n\x1a\n", path
+    at, packed = 8, b""
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at:at + 8])
+        body = data[at + 8:at + 8 + length]
+        at += 12 + length
+        if kind == b"IHDR":
+            width, height, depth, colour, _, _, interlaced = struct.unpack(">IIBBBBB", body)
+            assert (depth, colour, interlaced) == (8, 2, 0), body
+        packed += body if kind == b"IDAT" else b""
+    raw = zlib.decompress(packed)
+    rows, before = [], bytes(3 * width)
+    for y in range(height):
+        line = raw[y * (3 * width + 1):(y + 1) * (3 * width + 1)]
+        before = unfilter(line[0], bytearray(line[1:]), before)
+        rows.append([tuple(before[i:i + 3]) for i in range(0, 3 * width, 3)])
+    return rows
+
+
+def unfilter(kind, line, above):
+    for i in range(len(line) if kind else 0):
+        left, up, corner = (line[i - 3] if i > 2 else 0), above[i], (above[i - 3] if i > 2 else 0)
+        estimate = left + up - corner
+        nearest = min((abs(estimate - v), n, v) for n, v in enumerate((left, up, corner)))[2]
+        line[i] = line[i] + (0, left, up, (left + up) // 2, nearest)[kind] & 255
+    return bytes(line)
+
+
+def glyphs():
+    blocks = [block.split("\n") for block in FONT.read_text().strip().split("\n\n")[1:]]
+    shapes = {}
+    for b, block in enumerate(blocks):
+        for i in range(16):
+            shape = tuple(line[6 * i:6 * i + 5] for line in block)
+            shapes[shape] = chr(32 + 16 * b + i)
+    return shapes
+
+
+SHAPES = glyphs()
+
+
+def read_text(rows, column, middle, scale=2):
+    """The text that begins at a column, up to two blanks or the first shape that is no character."""
+    text = ""
+    while column + 5 * scale <= len(rows[0]):
+        shape = tuple("".join("#" if rows[middle - 4 * scale + y * scale][column + x * scale] == BLACK
+                              else "." for x in range(5)) for y in range(8))
+        if shape not in SHAPES or text.endswith("  "):
+            break
+        text += SHAPES[shape]
+        column += 6 * scale
+    return text.rstrip()
+
+
+def read_number(rows, column, middle):
+    """A number and its text, in large letters or, where these had no room, in small ones."""
+    for scale in (2, 1):
+        text = read_text(rows, column, middle, scale)
+        try:
+            return float(text), text
+        except ValueError:
+            pass
+    return None, ""
