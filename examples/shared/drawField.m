@@ -7,8 +7,8 @@
 % the colour scale lie, in pixels counted from 0: x increases to the right, y and colours upwards.
 function [picture, layout] = drawField (field)
   [nx, ny] = size (field.values);
-  cellSize = max (1, round (min (900 / nx, 700 / ny)));
-  cellSize = max (cellSize, ceil ([360 / nx, 240 / ny]));  % room for titles and the scale
+  cellSize = min (24, max (1, round (min (900 / nx, 700 / ny))));
+  cellSize = max (cellSize, ceil ([360 / nx, 256 / ny]));  % room for titles and all colours
   [width, height] = deal (nx * cellSize(1), ny * cellSize(2));
   [left, top] = deal (110, 72);
   picture = repmat (uint8 (255), [top + height + 66, left + width + 160, 3]);

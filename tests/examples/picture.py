@@ -31,11 +31,21 @@ def read_png(path):
 
 
 def unfilter(kind, line, above):
-    for i in range(len(line) if kind else 0):
-        left, up, corner = (line[i - 3] if i > 2 else 0), above[i], (above[i - 3] if i > 2 else 0)
-        estimate = left + up - corner
-        nearest = min((abs(estimate - v), n, v) for n, v in enumerate((left, up, corner)))[2]
-        line[i] = line[i] + (0, left, up, (left + up) // 2, nearest)[kind] & 255
+    if kind == 1:
+        for i in range(3, len(line)):
+            line[i] = line[i] + line[i - 3] & 255
+    elif kind == 2:
+        line = bytes(map(lambda a, b: a + b & 255, line, above))
+    elif kind == 3:
+        for i, up in enumerate(above):
+            line[i] = line[i] + ((line[i - 3] if i > 2 else 0) + up) // 2 & 255
+    elif kind == 4:
+        for i, up in enumerate(above):
+            left, corner = (line[i - 3], above[i - 3]) if i > 2 else (0, 0)
+            to_left, to_up, to_corner = abs(up - corner), abs(left - corner), abs(left + up - 2 * corner)
+            nearest = left if to_left <= to_up and to_left <= to_corner else \
+                up if to_up <= to_corner else corner
+            line[i] = line[i] + nearest & 255
     return bytes(line)
 
 
