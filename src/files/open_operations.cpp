@@ -11,12 +11,28 @@
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
+namespace {
+
+// Flags that the library does not refuse but crashes on: formats that a program would have to
+// define first, and a file in memory that nobody handed over. They get the status that other
+// senseless modes get.
+constexpr int flagsUnfitForCreating = NC_UDF0 | NC_UDF1;
+constexpr int flagsUnfitForOpening = NC_INMEMORY;
+
+void refuseFlags(int mode, int flags, const OperationEntry* entry)
+{
+    if ((mode & flags) != 0)
+        checkStatus(NC_EINVAL, entry);
+}
+
+} // namespace
 
 void open(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
     const int mode = readModeArgument(args[1]);
 
+    refuseFlags(mode, flagsUnfitForOpening, entry);
     int ncid = 0;
     checkStatus(nc_open(file.c_str(), mode, &ncid), entry);
     registerOpenFile(ncid);
@@ -28,6 +44,7 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
     const std::string file = readText(args[0], "file");
     const int mode = readModeArgument(args[1]);
 
+    refuseFlags(mode, flagsUnfitForCreating, entry);
     int ncid = 0;
     checkStatus(nc_create(file.c_str(), mode, &ncid), entry);
     registerOpenFile(ncid);
@@ -40,6 +57,7 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     const int mode = readModeArgument(args[1]);
     std::size_t chunkSizeHint = readSizeScalar(args[2], "chunksizehint");
 
+    refuseFlags(mode, flagsUnfitForOpening, entry);
     int ncid = 0;
     checkStatus(nc__open(file.c_str(), mode, &chunkSizeHint, &ncid), entry);
     registerOpenFile(ncid);
@@ -47,7 +65,8 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     results[1] = intResult(ncid);
 }
 
-// Deliberately not registered: such a file is neither warned about nor closed at unload.
+// Deliberately not registered: such a file is neither warned about nor closed at unload. Without
+// memory for its identifier nobody could ever close it, so that this is done here.
 void pCreate(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
@@ -55,10 +74,16 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const std::size_t initialSize = readSizeScalar(args[2], "initialsize");
     std::size_t chunkSize = readSizeScalar(args[3], "chunksize");
 
+    refuseFlags(mode, flagsUnfitForCreating, entry);
     int ncid = 0;
     checkStatus(nc__create(file.c_str(), mode, initialSize, &chunkSize, &ncid), entry);
-    results[0] = sizeResult(chunkSize);
-    results[1] = intResult(ncid);
+    try {
+        results[0] = sizeResult(chunkSize);
+        results[1] = intResult(ncid);
+    } catch (...) {
+        static_cast<void>(nc_close(ncid)); // the caller is told that there is no memory
+        throw;
+    }
 }
 
 } // namespace Ovard::gridio::operations

@@ -10,12 +10,41 @@
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
+namespace {
+
+// A file of the classic formats, open for writing. Asked of the library by a renaming that can not
+// come to pass: of a read-only file it is refused before anything else is looked at.
+bool isWritableClassic(int ncid)
+{
+    int model = 0;
+    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC3 &&
+           nc_rename_dim(ncid, -1, "") != NC_EPERM;
+}
+
+// What is still to be written of such a file. When nc_close comes to do this itself and fails, it
+// has either freed what the identifier stands for, so that the next use of it crashes, or it says
+// nothing and the data are gone.
+int writeRest(int ncid)
+{
+    const int status = nc_enddef(ncid);
+    return status == NC_NOERR || status == NC_ENOTINDEFINE ? nc_sync(ncid) : status;
+}
+
+// nc_close, but a file that can not be written to its end stays open, to be mended and closed, or
+// aborted.
+int closeFile(int ncid)
+{
+    const int status = isWritableClassic(ncid) ? writeRest(ncid) : NC_NOERR;
+    return status == NC_NOERR ? nc_close(ncid) : status;
+}
+
+} // namespace
 
 void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readIntScalar(args[0], "ncid");
 
-    checkStatus(nc_close(ncid), entry);
+    checkStatus(closeFile(ncid), entry);
     unregisterOpenFile(ncid);
 }
 

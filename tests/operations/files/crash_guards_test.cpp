@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What the library would crash on, and a script must survive.
+#include "tests/operations/operation_test.h"
+#include "tests/support/library_file.h"
+#include "tests/support/raised_matcher.h"
+
+#include <netcdf.h>
+
+#include <csignal>
+#include <filesystem>
+#include <sys/resource.h>
+
+namespace {
+
+// No file may grow beyond this size while it lives, as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit = {bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    rlimit before_ = {};
+};
+
+using testsupport::OperationTest;
+using testsupport::raises;
+
+class CrashGuards : public OperationTest {
+protected:
+    // A classic file in define mode with a fill value of the wrong type, which the library takes
+    // and then can not write.
+    int createUnclosableFile()
+    {
+        const int ncid = id("create", {folder.file("unclosable.nc"), "clobber"});
+        const double dimid = number("defDim", {ncid, "x", 2});
+        const int varid = id("defVar", {ncid, "v", NC_SHORT, row({dimid})});
+        host.call("putAttInt", {ncid, varid, "_FillValue", NC_INT, Value::scalar<std::int32_t>(1)});
+        return ncid;
+    }
+};
+
+TEST_F(CrashGuards, UserDefinedFormatsAreRefusedWhereTheLibraryWouldCrash)
+{
+    for (const int flag : {NC_UDF0, NC_UDF1, NC_UDF0 | NC_NETCDF4}) {
+        EXPECT_THAT(attempt("create", {folder.file("x.nc"), flag}),
+                    raises("libraryFailure", {"create", "NC_EINVAL", "Invalid argument"}));
+        EXPECT_THAT(attempt("pCreate", {folder.file("x.nc"), flag, 0, 4096}),
+                    raises("libraryFailure", {"pCreate", "NC_EINVAL", "Invalid argument"}));
+    }
+}
+
+TEST_F(CrashGuards, OpeningAFileInMemoryIsRefusedWhereTheLibraryWouldCrash)
+{
+    host.call("close", host.call("create", {folder.file("x.nc"), "clobber"}));
+    EXPECT_THAT(attempt("open", {folder.file("x.nc"), NC_INMEMORY}),
+                raises("libraryFailure", {"open", "NC_EINVAL", "Invalid argument"}));
+    EXPECT_THAT(attempt("pOpen", {folder.file("x.nc"), NC_INMEMORY | NC_WRITE, 4096}),
+                raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
+}
+
+TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedStaysOpenAndUsable)
+{
+    const int ncid = createUnclosableFile();
+    const auto refusal =
+        raises("libraryFailure",
+               {"close", "NC_EBADTYPE", "Not a valid data type or _FillValue type mismatch"});
+    EXPECT_THAT(attempt("close", {ncid}), refusal);
+    EXPECT_THAT(attempt("close", {ncid}), refusal);
+    EXPECT_EQ(number("inq", {ncid}), 1);
+
+    host.call("delAtt", {ncid, 0, "_FillValue"});
+    host.call("close", {ncid});
+}
+
+TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedCanBeAborted)
+{
+    host.call("abort", {createUnclosableFile()});
+}
+
+// In closing, the library would say nothing of values that it could not write.
+TEST_F(CrashGuards, AClassicFileOnAFullDiskStaysOpenUntilThereIsRoom)
+{
+    const int ncid = id("create", {folder.file("full.nc"), "clobber"});
+    const double dimid = number("defDim", {ncid, "x", 100});
+    const int varid = id("defVar", {ncid, "v", NC_DOUBLE, row({dimid})});
+    host.call("endDef", {ncid});
+    host.call("putVarDouble", {ncid, varid, Value::row(std::vector<double>(100, 1.5))});
+    {
+        const FileSizeLimit full(64);
+        EXPECT_THAT(attempt("close", {ncid}),
+                    raises("libraryFailure", {"close", "27", "File too large"}));
+    }
+    host.call("close", {ncid});
+
+    const auto written = testsupport::LibraryFile::open(folder.file("full.nc"));
+    std::vector<double> values(100);
+    testsupport::require(nc_get_var_double(written.ncid(), varid, values.data()));
+    EXPECT_EQ(values, std::vector<double>(100, 1.5));
+}
+
+TEST_F(CrashGuards, AReadOnlyFileThatIsTruncatedCanStillBeClosed)
+{
+    const int made = id("create", {folder.file("short.nc"), "clobber"});
+    host.call("defDim", {made, "x", 100});
+    host.call("close", {made});
+    const int ncid = id("open", {folder.file("short.nc"), "nowrite"});
+    std::filesystem::resize_file(folder.file("short.nc"), 5);
+    host.call("close", {ncid});
+}
+
+} // namespace
