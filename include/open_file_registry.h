@@ -13,6 +13,8 @@ void registerOpenFile(int ncid);
 // Removes a file identifier; one not held is no error. Called after the library closed the file.
 void unregisterOpenFile(int ncid);
 
+bool isRegisteredFile(int ncid);
+
 // The unload handler: warns once with closingFileHandle when any file is held, then closes each
 // with nc_close, in ascending order of identifier, whatever the library answers. Raises nothing.
 void closeRegisteredFiles();

@@ -27,6 +27,8 @@ void registerOpenFile(int ncid)
 
 void unregisterOpenFile(int ncid) { openFiles.erase(ncid); }
 
+bool isRegisteredFile(int ncid) { return openFiles.count(ncid) != 0; }
+
 void closeRegisteredFiles()
 {
     if (openFiles.empty())
