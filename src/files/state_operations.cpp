@@ -9,20 +9,34 @@
 
 #include <netcdf.h>
 
+#include <algorithm>
+#include <set>
+
 namespace Ovard::gridio::operations {
 namespace {
 
-// A file of the classic formats, open for writing. Asked of the library by a renaming that can not
-// come to pass: of a read-only file it is refused before anything else is looked at.
-bool isWritableClassic(int ncid)
+bool isClassic(int ncid)
 {
     int model = 0;
-    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC3 &&
-           nc_rename_dim(ncid, -1, "") != NC_EPERM;
+    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC3;
 }
 
-// What is still to be written of such a file. When nc_close comes to do this itself and fails, it
-// has either freed what the identifier stands for, so that the next use of it crashes, or it says
+// A file of the classic formats, open for writing. Asked of the library by a renaming that can not
+// come to pass: of a read-only file it is refused before anything else is looked at.
+bool isWritableClassic(int ncid) { return nc_rename_dim(ncid, -1, "") != NC_EPERM; }
+
+// Not one of its groups, which are never closed.
+bool isNetcdf4File(int ncid) { return nc_inq_grp_parent(ncid, nullptr) == NC_ENOGRP; }
+
+// Whether nc_close should find nothing left to write in the file.
+bool isWrittenFirst(int ncid, int model)
+{
+    return (model == NC_FORMATX_NC3 && isWritableClassic(ncid)) ||
+           (model == NC_FORMATX_NC_HDF5 && isNetcdf4File(ncid));
+}
+
+// What is still to be written of a file. When nc_close comes to do this itself and fails, it has
+// either freed what the identifier stands for, so that the next use of it crashes, or it says
 // nothing and the data are gone.
 int writeRest(int ncid)
 {
@@ -30,19 +44,45 @@ int writeRest(int ncid)
     return status == NC_NOERR || status == NC_ENOTINDEFINE ? nc_sync(ncid) : status;
 }
 
+// NetCDF-4 files that were written and that the library then failed to close. It has taken them
+// apart but for the identifier, which it never gives out again, and crashes when it is to close or
+// to abort them once more.
+std::set<int> brokenFiles;
+
+void requireUnbroken(int ncid, const OperationEntry* entry)
+{
+    if (brokenFiles.count(ncid) != 0)
+        checkStatus(NC_EHDFERR, entry);
+}
+
 // nc_close, but a file that can not be written to its end stays open, to be mended and closed, or
-// aborted.
+// aborted. One that breaks is deliberately held no longer: closing it at unload would crash.
 int closeFile(int ncid)
 {
-    const int status = isWritableClassic(ncid) ? writeRest(ncid) : NC_NOERR;
-    return status == NC_NOERR ? nc_close(ncid) : status;
+    int model = NC_FORMATX_UNDEFINED;
+    const bool isWritten =
+        nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && isWrittenFirst(ncid, model);
+    const int writing = isWritten ? writeRest(ncid) : NC_NOERR;
+    if (writing != NC_NOERR && writing != NC_EPERM)
+        return writing;
+
+    const int status = nc_close(ncid);
+    if (status != NC_NOERR && isWritten && model == NC_FORMATX_NC_HDF5) {
+        brokenFiles.insert(ncid);
+        unregisterOpenFile(ncid);
+    }
+    return status;
 }
+
+// The library divides by an alignment: 0 asks for none, as 1 does.
+std::size_t usableAlignment(std::size_t alignment) { return std::max<std::size_t>(alignment, 1); }
 
 } // namespace
 
 void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readIntScalar(args[0], "ncid");
+    requireUnbroken(ncid, entry);
 
     checkStatus(closeFile(ncid), entry);
     unregisterOpenFile(ncid);
@@ -51,6 +91,7 @@ void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* en
 void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readIntScalar(args[0], "ncid");
+    requireUnbroken(ncid, entry);
 
     checkStatus(nc_abort(ncid), entry);
     unregisterOpenFile(ncid);
@@ -85,7 +126,12 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const std::size_t variableFree = readSizeScalar(args[3], "v_minfree");
     const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
 
-    checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
+    // The library would divide by them.
+    if ((variableAlign == 0 || recordAlign == 0) && isClassic(ncid))
+        checkStatus(NC_EINVAL, entry);
+    checkStatus(nc__enddef(ncid, headerFree, usableAlignment(variableAlign), variableFree,
+                           usableAlignment(recordAlign)),
+                entry);
 }
 
 void setFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)

@@ -66,6 +66,20 @@ TEST_F(CrashGuards, OpeningAFileInMemoryIsRefusedWhereTheLibraryWouldCrash)
                 raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
 }
 
+TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideByThem)
+{
+    const int ncid = id("create", {folder.file("x.nc"), "clobber"});
+    const auto refusal = raises("libraryFailure", {"pEndDef", "NC_EINVAL", "Invalid argument"});
+    EXPECT_THAT(attempt("pEndDef", {ncid, 0, 0, 0, 4}), refusal);
+    EXPECT_THAT(attempt("pEndDef", {ncid, 0, 4, 0, 0}), refusal);
+    EXPECT_THAT(attempt("pEndDef", {ncid, 0, 4, 0, 4}), testsupport::succeeds());
+    host.call("close", {ncid});
+
+    const int netcdf4 = id("create", {folder.file("x4.nc"), "netcdf4"});
+    EXPECT_THAT(attempt("pEndDef", {netcdf4, 0, 0, 0, 0}), testsupport::succeeds());
+    host.call("close", {netcdf4});
+}
+
 TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedStaysOpenAndUsable)
 {
     const int ncid = createUnclosableFile();
