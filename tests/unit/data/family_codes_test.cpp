@@ -24,10 +24,13 @@ protected:
             args.push_back(value.array());
         vxArray* results[4] = {};
         const OperationEntry entry = {code, "strayName", 0, handler};
-        return outcomeOf([&] {
+        Outcome outcome = outcomeOf([&] {
             handler(1, results, static_cast<int>(args.size()), args.data(), &entry);
             return 0;
         });
+        if (results[0] != nullptr)
+            static_cast<void>(Value::adopt(results[0]));
+        return outcome;
     }
 };
 

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Values of any element type of the table, so that a test may loop over the table: made from bytes
+// and compared as bytes, past every conversion of the module.
+#pragma once
+
+#include "data/element_types.h"
+#include "hosts/standalone/value.h"
+
+#include <string>
+#include <vector>
+
+namespace testsupport {
+
+// Elements as the library hands them out: C elements of the type, one byte for each character.
+using Bytes = std::string;
+
+// count elements of the type: first its extremes and oddities (of a floating type: NaN with a
+// payload, both infinities, -0, the smallest), then small numbers. Of Text: NUL, every kind of high
+// byte, letters.
+Bytes sampleBytes(const Ovard::gridio::ElementType& element, std::size_t count);
+
+// 0, 1, 2, ... count-1 as elements of that type.
+Bytes countingBytes(const Ovard::gridio::ElementType& element, std::size_t count);
+
+// What a script has that holds those bytes. Characters are widened by sign extension.
+standalone::Value valueOfBytes(vxClassID classId, const standalone::Dims& dims, const Bytes& bytes);
+
+// The other way round; of a char array the low byte of each unit.
+Bytes bytesOfValue(const standalone::Value& value);
+
+// "getVara" and "Double" make "getVaraDouble"; the two names with a capital I are spelled as they
+// are.
+std::string operationName(const std::string& form, const std::string& suffix);
+
+} // namespace testsupport

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The typed library calls by the suffix of an operation's name, spelled out: what the module's own
+// table is checked against.
+#pragma once
+
+#include <netcdf.h>
+
+#include <string>
+
+namespace testsupport {
+
+int libraryGetVar(const std::string& suffix, int ncid, int varid, void* values);
+int libraryGetAtt(const std::string& suffix, int ncid, int varid, const char* name, void* values);
+
+} // namespace testsupport
