@@ -9,8 +9,16 @@
 #include "data/element_types.h"
 #include "error_identifiers.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace Ovard::gridio::operations {
 namespace {
+
+// Room that every attribute read has at least: of the attributes that the library makes up for
+// netCDF-4 files it writes a whole int ("_IsNetcdf4", "_SuperblockVersion"), or a NUL behind the
+// text ("_NCProperties"), whatever type is asked for.
+constexpr std::size_t excessBytes = sizeof(int);
 
 // As a host string, which deliberately ends at the first NUL: padding is dropped, and so is all
 // that follows an embedded NUL. The buffer is twice the length, so that a NUL always follows the
@@ -18,9 +26,24 @@ namespace {
 vxArray* readTextAttribute(int ncid, int varid, const char* name, std::size_t length,
                            const ElementType& element, int& status)
 {
-    const HostMemory<char> text(static_cast<char*>(vxCalloc(length, sizeof(char16_t))));
+    const std::size_t units = std::max(length, excessBytes);
+    const HostMemory<char> text(static_cast<char*>(vxCalloc(units, sizeof(char16_t))));
     status = element.getAtt(ncid, varid, name, text.get());
     return textResult(length == 0 ? "" : text.get());
+}
+
+int readNumericAttribute(int ncid, int varid, const char* name, std::size_t length,
+                         const ElementType& element, vxArray* values)
+{
+    if (element.size >= excessBytes)
+        return element.getAtt(ncid, varid, name, vxGetWritableData(values));
+
+    const std::size_t bytes = length * element.size;
+    const HostMemory<char> buffer(static_cast<char*>(vxCalloc(bytes + excessBytes, 1)));
+    const int status = element.getAtt(ncid, varid, name, buffer.get());
+    if (bytes != 0)
+        std::memcpy(vxGetWritableData(values), buffer.get(), bytes);
+    return status;
 }
 
 // On a netCDF-4 file, but deliberately not on one of the classic model, fill values of variables
@@ -52,7 +75,7 @@ void getAtt(int, vxArray* results[], int, const vxArray* args[], const Operation
     } else {
         const std::size_t dims[] = {length == 0 ? std::size_t{0} : std::size_t{1}, length};
         results[0] = vxCreateUninitNumericArray(2, dims, element->hostClass, vxREAL);
-        status = element->getAtt(ncid, varid, name.c_str(), vxGetWritableData(results[0]));
+        status = readNumericAttribute(ncid, varid, name.c_str(), length, *element, results[0]);
     }
     checkStatus(status, entry);
 }

@@ -9,7 +9,6 @@
 
 #include <netcdf.h>
 
-#include <algorithm>
 #include <set>
 
 namespace Ovard::gridio::operations {
@@ -74,9 +73,6 @@ int closeFile(int ncid)
     return status;
 }
 
-// The library divides by an alignment: 0 asks for none, as 1 does.
-std::size_t usableAlignment(std::size_t alignment) { return std::max<std::size_t>(alignment, 1); }
-
 } // namespace
 
 void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
@@ -129,9 +125,7 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     // The library would divide by them.
     if ((variableAlign == 0 || recordAlign == 0) && isClassic(ncid))
         checkStatus(NC_EINVAL, entry);
-    checkStatus(nc__enddef(ncid, headerFree, usableAlignment(variableAlign), variableFree,
-                           usableAlignment(recordAlign)),
-                entry);
+    checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
 }
 
 void setFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
