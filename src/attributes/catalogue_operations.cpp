@@ -4,6 +4,7 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
+#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
 
 #include <netcdf.h>
@@ -40,7 +41,7 @@ void inqAttName(int, vxArray* results[], int, const vxArray* args[], const Opera
     const int varid = readIntScalar(args[1], "varid");
     const int attnum = readIntScalar(args[2], "attid");
 
-    char name[NC_MAX_NAME + 1] = "";
+    char* name = nameBuffer();
     checkStatus(nc_inq_attname(ncid, varid, attnum, name), entry);
     results[0] = textResult(name);
 }

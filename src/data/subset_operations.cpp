@@ -5,8 +5,10 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
+#include "convert/name_buffer.h"
 #include "data/element_storage.h"
 #include "data/element_types.h"
+#include "data/rank_limit.h"
 #include "data/shapes.h"
 #include "error_identifiers.h"
 
@@ -46,7 +48,7 @@ enum class Access { read, write };
 void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access access,
                             const OperationEntry* entry)
 {
-    char name[NC_MAX_NAME + 1] = "";
+    char* name = nameBuffer();
     int ndims = 0;
     checkStatus(nc_inq_var(ncid, varid, name, nullptr, &ndims, nullptr, nullptr), entry);
 
@@ -58,6 +60,7 @@ void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access ac
         raiseBadLength("COUNT", name, rank, shown(subset.count.size()));
     if (subset.stride.size() != rank)
         raiseBadLength("STRIDE", name, rank, shown(subset.stride.size()));
+    requireAccessibleRank(ndims, entry);
 }
 
 } // namespace

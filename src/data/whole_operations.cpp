@@ -6,15 +6,21 @@
 #include "convert/argument_readers.h"
 #include "data/element_storage.h"
 #include "data/element_types.h"
+#include "data/rank_limit.h"
 #include "data/shapes.h"
 #include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
 namespace {
 
-SizeVector inquireLengths(int ncid, const int* dimids, int ndims, const OperationEntry* entry)
+// Of the variable's ndims dimensions, in the library's order.
+SizeVector inquireLengths(int ncid, int varid, int ndims, const OperationEntry* entry)
 {
+    requireAccessibleRank(ndims, entry);
+    int dimids[NC_MAX_VAR_DIMS];
     SizeVector lengths(static_cast<std::size_t>(ndims));
+    if (ndims > 0)
+        checkStatus(nc_inq_vardimid(ncid, varid, dimids), entry);
     for (std::size_t i = 0; i < lengths.size(); ++i)
         checkStatus(nc_inq_dimlen(ncid, dimids[i], &lengths[i]), entry);
     return lengths;
@@ -45,9 +51,8 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     // read itself.
     nc_type xtype = NC_NAT;
     int ndims = 0;
-    int dimids[NC_MAX_VAR_DIMS];
-    static_cast<void>(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, dimids, nullptr));
-    const SizeVector lengths = inquireLengths(ncid, dimids, ndims, entry);
+    static_cast<void>(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, nullptr, nullptr));
+    const SizeVector lengths = inquireLengths(ncid, varid, ndims, entry);
 
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
     const int status = element->getVar(ncid, varid, values.destination());
@@ -71,9 +76,8 @@ void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
     requireVariableData(data, entry);
 
     int ndims = 0;
-    int dimids[NC_MAX_VAR_DIMS];
-    checkStatus(nc_inq_var(ncid, varid, nullptr, nullptr, &ndims, dimids, nullptr), entry);
-    const std::size_t size = productOf(inquireLengths(ncid, dimids, ndims, entry));
+    checkStatus(nc_inq_var(ncid, varid, nullptr, nullptr, &ndims, nullptr, nullptr), entry);
+    const std::size_t size = productOf(inquireLengths(ncid, varid, ndims, entry));
     if (size != vxGetNumberOfElements(data))
         vxErrMsgId(netcdf::dataSizeMismatch());
 

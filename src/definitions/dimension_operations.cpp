@@ -3,6 +3,7 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
+#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
 
 #include <netcdf.h>
@@ -35,7 +36,7 @@ void inqDim(int, vxArray* results[], int, const vxArray* args[], const Operation
     const int ncid = readIntScalar(args[0], "ncid");
     const int dimid = readIntScalar(args[1], "dimid");
 
-    char name[NC_MAX_NAME + 1] = "";
+    char* name = nameBuffer();
     std::size_t length = 0;
     checkStatus(nc_inq_dim(ncid, dimid, name, &length), entry);
     results[0] = textResult(name);

@@ -51,9 +51,8 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
         return;
     }
 
-    char name[NC_MAX_NAME + 1] = "";
     nc_type xtype = NC_NAT;
-    checkStatus(nc_inq_var(ncid, varid, name, &xtype, nullptr, nullptr, nullptr), entry);
+    checkStatus(nc_inq_var(ncid, varid, nullptr, &xtype, nullptr, nullptr, nullptr), entry);
     alignas(8) unsigned char value[8] = {};
     readFillValue(args[3], fillElementType(xtype), value);
     checkStatus(nc_def_var_fill(ncid, varid, noFillOff, value), entry);

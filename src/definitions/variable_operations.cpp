@@ -3,6 +3,7 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
+#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
 #include "definitions/dimension_rows.h"
 #include "error_identifiers.h"
@@ -43,16 +44,17 @@ void inqVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     if (varid == NC_GLOBAL)
         vxErrMsgId(netcdf::inqVarNcGlobal());
 
-    char name[NC_MAX_NAME + 1] = "";
+    int ndims = 0; // asked for beforehand: a classic file may hold more than NC_MAX_VAR_DIMS
+    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
+    std::vector<int> dimids(static_cast<std::size_t>(ndims));
+    char* name = nameBuffer();
     nc_type xtype = NC_NAT;
-    int ndims = 0;
-    int dimids[NC_MAX_VAR_DIMS];
     int natts = 0;
-    checkStatus(nc_inq_var(ncid, varid, name, &xtype, &ndims, dimids, &natts), entry);
+    checkStatus(nc_inq_var(ncid, varid, name, &xtype, nullptr, dimids.data(), &natts), entry);
+    std::reverse(dimids.begin(), dimids.end());
     results[0] = textResult(name);
     results[1] = intResult(xtype);
-    results[2] = idVectorToRow(
-        std::vector<int>(std::reverse_iterator(dimids + ndims), std::reverse_iterator(dimids)));
+    results[2] = idVectorToRow(dimids);
     results[3] = intResult(natts);
 }
 

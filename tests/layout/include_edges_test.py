@@ -16,7 +16,7 @@ SOURCES = {".h", ".cpp", ".cc"}
 VX = r"include/vx/"
 SHARED = VX + r"|include/[^/]+$"
 CONVERT = SHARED + r"|src/convert/"
-DATA_FILES = r"src/data/(element_types|element_storage|index_vectors|shapes)\.(h|cpp)$"
+DATA_FILES = r"src/data/(element_types|element_storage|index_vectors|rank_limit|shapes)\.(h|cpp)$"
 ELEMENTS = CONVERT + "|" + DATA_FILES
 
 # (including file, files that it may include): the first row that matches holds. {0} is the left side's group.
