@@ -111,6 +111,7 @@ TEST_F(OpenFileRegistry, ClosesTheFileWhenThereIsNoMemoryToRememberIt)
     library.closed.reserve(1);
     library.hasMemory = false; // until nc_close is called
     EXPECT_THROW(registerOpenFile(0x10000), std::bad_alloc);
+    library.hasMemory = true; // also when it was not called
     EXPECT_THAT(library.closed, ElementsAre(0x10000));
 
     closeRegisteredFiles();
