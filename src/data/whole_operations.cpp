@@ -47,11 +47,11 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     if (element == nullptr)
         vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
 
-    // The status is deliberately ignored: a bad identifier leaves ndims at 0 and is reported by the
-    // read itself.
+    // Never ignored, though the read would answer the same of a bad identifier: not knowing the
+    // shape, it would be given too little room. NC_GLOBAL passes, and is left to the read.
     nc_type xtype = NC_NAT;
     int ndims = 0;
-    static_cast<void>(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, nullptr, nullptr));
+    checkStatus(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, nullptr, nullptr), entry);
     const SizeVector lengths = inquireLengths(ncid, varid, ndims, entry);
 
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
