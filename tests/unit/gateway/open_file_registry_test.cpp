@@ -87,6 +87,17 @@ TEST_F(OpenFileRegistry, TakesOutNothingForAFileThatItDoesNotHold)
     EXPECT_THAT(library.closed, ElementsAre(0x10000));
 }
 
+TEST_F(OpenFileRegistry, TellsTheFilesThatItHoldsFromOthers)
+{
+    EXPECT_FALSE(isRegisteredFile(0x10000));
+    hold(0x10000);
+    EXPECT_TRUE(isRegisteredFile(0x10000));
+    EXPECT_FALSE(isRegisteredFile(0x10001));
+    EXPECT_FALSE(isRegisteredFile(0x20000));
+    unregisterOpenFile(0x10000);
+    EXPECT_FALSE(isRegisteredFile(0x10000));
+}
+
 TEST_F(OpenFileRegistry, ClosesTheOthersAndRaisesNothingWhenTheLibraryFails)
 {
     for (const int ncid : {0x10000, 0x20000, 0x30000})
