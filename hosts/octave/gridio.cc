@@ -63,48 +63,46 @@ Ggridio(const octave::dynamic_library& library, bool isRelative);
 
 DEFUN_DLD(gridio, args, nargout, R"(-*- texinfo -*-
 @deftypefn  {} {[@var{r1}, @var{r2}, @dots{}] =} gridio (@var{operation}, @var{arg1}, @var{arg2}, @dots{})
-Call an operation of the netCDF library.
+Read and write netCDF files of every kind, from classic CDF to NetCDF-4/HDF5, by an operation of the netCDF library.
 
 The operations bear the names of the library's functions without @qcode{"nc_"}, in lower camel case, and take their
-arguments in the same order.  Results of the library are returned, in its order; its status never is: every failure is
-an error with an identifier.
+arguments in the same order.  @code{gridio_help} lists them all, and @code{gridio_help ("defVar")} explains one.
 
 @table @asis
 @item Files
-@qcode{"open"}, @qcode{"create"}, @qcode{"close"}, @qcode{"redef"}, @qcode{"endDef"}, @qcode{"sync"}, @qcode{"inq"},
-@qcode{"inqFormat"}, @dots{}
+@qcode{"open"}, @qcode{"create"}, @qcode{"close"}, @qcode{"endDef"}, @qcode{"redef"}, @qcode{"sync"}, @qcode{"inq"}
 @item Groups
-@qcode{"defGrp"}, @qcode{"inqNcid"}, @qcode{"inqGrps"}, @qcode{"inqGrpName"}, @dots{}
+@qcode{"defGrp"}, @qcode{"inqGrps"}, @qcode{"inqNcid"}
 @item Dimensions
-@qcode{"defDim"}, @qcode{"inqDim"}, @qcode{"inqDimID"}, @qcode{"renameDim"}
+@qcode{"defDim"}, @qcode{"inqDim"}, @qcode{"inqDimID"}
 @item Variables
-@qcode{"defVar"}, @qcode{"inqVar"}, @qcode{"inqVarID"}, @qcode{"defVarChunking"}, @qcode{"defVarDeflate"},
-@qcode{"defVarFill"}, @dots{}
+@qcode{"defVar"}, @qcode{"inqVar"}, @qcode{"inqVarID"}, @qcode{"defVarFill"}
+@item Storage
+@qcode{"defVarChunking"}, @qcode{"defVarDeflate"}, @qcode{"setChunkCache"}
 @item Data
-@qcode{"getVarDouble"}, @qcode{"putVarDouble"}, and for one element @qcode{"getVar1Double"}, for a block
-@qcode{"getVaraDouble"}, for a strided block @qcode{"getVarsDouble"}; the last word is the class: @qcode{"Double"},
-@qcode{"Float"}, @qcode{"Int64"}, @qcode{"Int"}, @qcode{"Short"}, @qcode{"Schar"}, @qcode{"Text"}, @dots{}
+@qcode{"getVarDouble"}, @qcode{"putVarDouble"} for all values, @qcode{"getVaraDouble"} for a block, @dots{}; other
+classes are @qcode{"Float"}, @qcode{"Int"}, @qcode{"Short"}, @qcode{"Schar"}, @qcode{"Text"}, @dots{}
 @item Attributes
-@qcode{"getAttDouble"}, @qcode{"putAttText"}, @qcode{"inqAtt"}, @qcode{"delAtt"}, @dots{}
+@qcode{"getAttDouble"}, @qcode{"putAttText"}, @qcode{"inqAtt"}
 @item Constants
 @qcode{"parameter"}, @qcode{"getConstantNames"}
 @end table
 
-Dimensions are listed in the order of the array: the first varies fastest.  Positions count from 0.
+Dimensions are listed in the order of the array: the first varies fastest.  Positions count from 0.  Every failure is an
+error with an identifier.
 
 @example
 @group
-ncid  = gridio ("create", "field.nc", "clobber");
-x     = gridio ("defDim", ncid, "x", 3);
-varid = gridio ("defVar", ncid, "t", gridio ("parameter", "NC_DOUBLE"), x);
-gridio ("endDef", ncid);
-gridio ("putVarDouble", ncid, varid, [1 2 3]);
+ncid = gridio ("open", "field.nc", "nowrite");
+t = gridio ("getVarDouble", ncid, gridio ("inqVarID", ncid, "t"));
 gridio ("close", ncid);
 @end group
 @end example
 
 Files that are still open when @code{clear gridio} or the end of the session unloads the function are closed with a
-warning.
+warning; @code{gridio_open_files} lists them.
+
+@seealso{gridio_help, gridio_open_files, gridio_version}
 @end deftypefn)")
 {
     return callGuarded(args, nargout);

@@ -82,7 +82,7 @@ endfunction
 %!test
 %! ## Leaves no file behind, open or on the disk.
 %! before = {gridio_open_files(), readdir(pwd ())};
-%! gridio_version ();
+%! found = gridio_version ();
 %! assert ({gridio_open_files(), readdir(pwd ())}, before);
 
 %!test

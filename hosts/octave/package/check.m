@@ -1,0 +1,189 @@
+% SPDX-License-Identifier: BSD-3-Clause
+% check.m TARBALL: what a package index asks of a package, tried on this one: its files, and a real installation in the
+% current folder, with loading, help, tests, demos, unloading and uninstalling. Exit status 1 if any claim fails.
+1;
+
+function check (claim, holds)
+  global passed failed
+  if (holds)
+    passed++;
+  else
+    failed++;
+    printf ("FAILED: %s\n", claim);
+  end
+end
+
+function [status, text] = run (varargin)
+  [status, text] = system ([sprintf("'%s' ", varargin{:}) "2>&1"]);
+end
+
+% The lines of a file, without comments and empty ones.
+function lines = lines_of (path)
+  lines = strsplit (fileread (path), "\n");
+  lines(cellfun (@isempty, lines) | strncmp (lines, "#", 1)) = [];
+end
+
+function yes = is_mapped ()
+  yes = ! isempty (strfind (fileread ("/proc/self/maps"), "gridio.oct"));
+end
+
+function check_archive (tarball, name)
+  [status, list] = run ("tar", "--numeric-owner", "-tvzf", tarball);
+  rows = strsplit (strtrim (list), "\n");
+  check ("the archive can be read", status == 0);
+  inside = regexp (rows, [' \d+:\d+ ' regexptranslate("escape", name) '/']);
+  check (["everything stands in the folder " name], ! any (cellfun (@isempty, inside)));
+  check ("every file belongs to root and is readable by all",
+         ! any (cellfun (@isempty, regexp (rows, '^(drwxr-xr-x|-rw-r--r--|-rwxr-xr-x) 0/0 '))));
+  check ("only the configure script is executable",
+         numel (regexp (list, '-rwxr-xr-x [^\n]*')) == 1 && any (regexp (list, '-rwxr-xr-x [^\n]*/src/configure\n')));
+  check ("nothing built and no data are inside", isempty (regexp (list, '\.(o|oct|so|nc|orig|pyc)\n|~\n')));
+end
+
+function check_files (name, version)
+  for file = {"DESCRIPTION", "COPYING", "INDEX", "NEWS", "src/configure", "src/Makefile", "doc/gridio.info"}
+    check (["there is a file " file{1}], exist (fullfile (name, file{1}), "file") == 2);
+  end
+
+  fields = struct ();
+  for line = regexp (strjoin (lines_of (fullfile (name, "DESCRIPTION")), "\n"), '(?<=^|\n)(\w+): *([^\n]+)', "tokens")
+    fields.(line{1}{1}) = line{1}{2};
+  end
+  for field = {"Name", "Version", "Date", "Author", "Maintainer", "Title", "Description", "Categories", "Depends", ...
+               "BuildRequires", "SystemRequirements", "License"}
+    check (["DESCRIPTION has the field " field{1}], isfield (fields, field{1}));
+  end
+  check ("DESCRIPTION bears the name and version of the archive",
+         strcmp ([fields.Name "-" fields.Version], name) && strcmp (fields.Version, version));
+  check ("the date is one", ! isempty (regexp (fields.Date, '^\d{4}-\d\d-\d\d$')));
+  check ("COPYING is the licence that DESCRIPTION names",
+         strcmp (fields.License, "BSD-3-Clause")
+         && ! isempty (strfind (fileread (fullfile (name, "COPYING")), "BSD 3-Clause License")));
+  news = strsplit (fileread (fullfile (name, "NEWS")), "\n");
+  newest = news{find (strncmp (news, "## ", 3), 1)};
+  check ("NEWS begins with this version and its date", strcmp (newest, sprintf ("## gridio %s (%s)", version, fields.Date)));
+end
+
+% The functions of INDEX, in their order.
+function functions = indexed (folder)
+  lines = lines_of (fullfile (folder, "INDEX"));
+  check ("INDEX begins with the name", strncmp (lines{1}, "gridio >> ", 10));
+  is_function = isspace (cellfun (@(line) line(1), lines));
+  functions = strtrim (lines(is_function));
+end
+
+% The functions that the load path has in the folders of the package.
+function functions = provided (folder)
+  functions = {};
+  for path = strsplit (genpath (folder), pathsep ())
+    if (isempty (regexp (path{1}, '(private|packinfo|doc|html)$')))
+      functions = [functions, {dir(fullfile (path{1}, "*.m")).name}, {dir(fullfile (path{1}, "*.oct")).name}];
+    end
+  end
+  functions = regexprep (functions, '\.\w+$', "");
+end
+
+function check_help (name)
+  [text, format] = get_help_text (name);
+  check (["the help of " name " is texinfo"], strcmp (format, "texinfo"));
+  file = [tempname() ".texi"];
+  fid = fopen (file, "w");
+  fprintf (fid, "\\input texinfo\n%s\n@node Top\n%s\n@bye\n", fileread (texi_macros_file ()),
+           strrep (text, "-*- texinfo -*-", ""));
+  fclose (fid);
+  [status, said] = run ("makeinfo", "--no-validate", "--plaintext", "-o", "/dev/null", file);
+  delete (file);
+  check (["makeinfo has nothing to say about the help of " name ": " said], status == 0 && isempty (strtrim (said)));
+  sentence = get_first_help_sentence (name, 200);
+  check (["the first sentence of the help of " name " fits"], ! isempty (sentence) && isempty (regexp (sentence, '\.\.\.$')));
+  check (["the help of " name " has an example"], ! isempty (strfind (text, "@example")));
+end
+
+function check_session (folder)
+  functions = indexed (fullfile (folder, "packinfo"));
+  check ("INDEX lists exactly the functions that there are", isequal (sort (functions), sort (provided (folder))));
+  cellfun (@check_help, functions);
+
+  for word = {"netCDF", "HDF5", "NetCDF-4", "CDF"}
+    check (["lookfor finds gridio by " word{1}], any (strcmp (lookfor (word{1}), "gridio")));
+  end
+  check ("news are shown", ! isempty (strfind (evalc ("news gridio"), "## gridio 1")));
+
+  % The tests of every function, and no file without any.
+  sources = {file_in_loadpath("gridio.cc-tst")};
+  for f = functions
+    if (! strcmp (f{1}, "gridio"))
+      sources{end+1} = file_in_loadpath ([f{1} ".m"]);
+    end
+  end
+  total = 0;
+  for source = sources
+    [good, all] = test (source{1}, "quiet", "tests.log");
+    check (sprintf ("the tests of %s pass: %d of %d", source{1}, good, all), all > 0 && good == all);
+    total += all;
+  end
+  printf ("%d tests of the package passed\n", total);
+  check ("there are a few hundred tests", total > 200);
+  % What "pkg test" prints comes from the same tests, found by itself.
+  said = evalc ("pkg test gridio");
+  counts = regexp (said, '\n +PASS +(\d+)\n +FAIL +(\d+)\n', "tokens", "once");
+  check (["pkg test passes: " said], isequal (str2double (counts)(:), [total; 0]));
+
+  for f = {"gridio", "gridio_help"}
+    [code, at] = test (f{1}, "grabdemo");
+    check (["there is a demo of " f{1}], numel (at) > 1);
+    for k = 1:numel (at) - 1
+      said = evalc (code(at(k):at(k+1)-1));
+      check (["the demo of " f{1} " shows something"], ! isempty (said));
+    end
+  end
+end
+
+% A file that is open when the package is unloaded is closed.
+function check_unloading ()
+  ncid = gridio ("create", "left_open.nc", "clobber");
+  gridio ("putAttText", ncid, -1, "title", "kept");
+  check ("gridio.oct is mapped", is_mapped ());
+  said = evalc ("pkg unload gridio; clear gridio");
+  check (["unloading warns of an open file: " said], numel (strfind (said, "Files were still open")) == 1);
+  check ("gridio.oct is gone after unloading", ! is_mapped ());
+  check ("no function is left", ! exist ("gridio") && ! exist ("gridio_help"));
+  check ("a file left open was written to its end", ! isempty (strfind (fileread ("left_open.nc"), "kept")));
+  pkg load gridio
+  ncid = gridio ("open", "left_open.nc", "nowrite");
+  check ("and opens again after loading again", strcmp (gridio ("getAttText", ncid, -1, "title"), "kept"));
+  gridio ("close", ncid);
+  pkg unload gridio
+end
+
+function main (tarball)
+  global passed = 0
+  global failed = 0
+  name = strrep (tarball(rindex (tarball, "/")+1:end), ".tar.gz", "");
+  version = strsplit (name, "-"){end};
+
+  check_archive (tarball, name);
+  unpack (tarball, pwd ());
+  check_files (name, version);
+
+  mkdir ("prefix");
+  prefix = fullfile (pwd (), "prefix");
+  pkg ("prefix", prefix, prefix);
+  pkg ("local_list", fullfile (pwd (), "local"));
+  pkg ("global_list", fullfile (pwd (), "global"));
+  lastwarn ("");
+  said = evalc ('pkg ("install", "-local", tarball)');
+  check (["installing warns about nothing: " lastwarn()], isempty (lastwarn ()));
+  listed = pkg ("list", "gridio");
+  check (["the package is installed: " said], numel (listed) == 1 && strcmp (listed{1}.version, version));
+  pkg load gridio
+  check_session (fullfile (prefix, name));
+  check_unloading ();
+  pkg uninstall -local gridio
+  check ("uninstalling leaves nothing", isempty (pkg ("list", "gridio")) && numel (readdir (prefix)) == 2);
+
+  printf ("%d passed, %d failed\n", passed, failed);
+  exit (double (failed > 0));
+end
+
+main (argv (){1});
