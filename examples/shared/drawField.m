@@ -1,45 +1,48 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % drawField (FIELD): a picture of a field, with a colour scale and labelled axes.
 %   field.values           one row for each x, one column for each y; NaN where there is no value
-%   field.x, field.y       structs: label, and ascending values where the rows or columns lie
+%   field.x, field.y       structs: label, and ascending values where the rows or columns lie;
+%                          y.down, if it is there and true, makes y increase downwards
 %   field.title, subtitle  one line each
+%   field.width            at least so many pixels, if it is there
 % PICTURE is a height by width by 3 uint8 array. LAYOUT tells where in it the cells of the field and
 % the colour scale lie, in pixels counted from 0: x increases to the right, y and colours upwards.
 function [picture, layout] = drawField (field)
   [nx, ny] = size (field.values);
   cellSize = min (24, max (1, round (min (900 / nx, 700 / ny))));
-  cellSize = max (cellSize, ceil ([360 / nx, 256 / ny]));  % room for titles and all colours
+  least = [360 256];  % room for titles and all colours
+  if (isfield (field, "width"))
+    least(1) = field.width;
+  endif
+  cellSize = max (cellSize, ceil (least ./ [nx ny]));
   [width, height] = deal (nx * cellSize(1), ny * cellSize(2));
   [left, top] = deal (110, 72);
   picture = repmat (uint8 (255), [top + height + 66, left + width + 160, 3]);
   layout = struct ("left", left, "top", top, "cell", cellSize, "scaleLeft", left + width + 30);
 
   field.values(! isfinite (field.values)) = NaN;
+  field.x.at = ((1:nx) - 0.5) / nx;
+  field.y.at = ((1:ny) - 0.5) / ny;
+  if (isfield (field.y, "down") && field.y.down)
+    field.values = fliplr (field.values);
+    field.y.at = 1 - field.y.at;
+  endif
   limits = [min(field.values(:)), max(field.values(:))];
   pixels = repelem (flipud (colourIndex (field.values.', limits)), cellSize(2), cellSize(1));
   picture = paint (picture, left, top, pixels);
+  frame = struct ("left", left, "top", top, "width", width, "height", height);
+  picture = drawAxes (picture, frame, field);
+
   scale = repmat ((256:-1:1)(ceil ((1:height) * 256 / height)).', 1, 20);
   picture = paint (picture, layout.scaleLeft, top, scale);
-
-  picture = drawText (picture, field.title, left, 24, "left", 2);
-  picture = drawText (picture, field.subtitle, left, 50, "left", 2);
-  for tick = ticks (field.x.values, 6)
-    column = left + (tick.position - 0.5) * cellSize(1);
-    picture = line (picture, column, top + height, 1, 6);
-    picture = drawText (picture, tick.text, column, top + height + 18, "centre", 2);
-  endfor
-  for tick = ticks (field.y.values, 6)
-    row = top + height - (tick.position - 0.5) * cellSize(2);
-    picture = line (picture, left - 6, row, 6, 1);
-    picture = drawText (picture, tick.text, left - 10, row, "right", 2);
-  endfor
-  picture = drawText (picture, field.x.label, left + width / 2, top + height + 46, "centre", 2);
-  sideways = rot90 (drawText (blankLine (height + top), field.y.label, height / 2, 10, "centre", 2));
-  picture(1:rows (sideways), 4:23, :) = sideways;
-
-  for tick = ticks (linspace (limits(1), limits(2), 256), 6)
-    row = top + height - (tick.position - 0.5) * height / 256;
-    picture = line (picture, layout.scaleLeft + 20, row, 6, 1);
+  colours = struct ("values", linspace (limits(1), limits(2), 256));
+  for tick = ticks (colours)
+    at = 0.5;
+    if (limits(2) > limits(1))
+      at = ((tick.value - limits(1)) / (limits(2) - limits(1)) * 255 + 0.5) / 256;
+    endif
+    row = round (top + height - at * height);
+    picture(row + 1, layout.scaleLeft + 20 + (1:6), :) = 0;
     picture = drawText (picture, tick.text, layout.scaleLeft + 30, row, "left", 2);
   endfor
   if (any (isnan (field.values(:))))
@@ -63,51 +66,4 @@ function picture = paint (picture, left, top, index)
   [height, width] = size (index);
   picture(top:top + height + 1, left:left + width + 1, :) = 0;
   picture(top + (1:height), left + (1:width), :) = reshape (colours(index, :), height, width, 3);
-endfunction
-
-function picture = line (picture, column, row, width, height)
-  picture(round (row) + (1:height), round (column) + (1:width), :) = 0;
-endfunction
-
-function picture = blankLine (width)
-  picture = repmat (uint8 (255), [20, width, 3]);
-endfunction
-
-% ROW is the middle of the line; text that does not fit becomes smaller, then is cut.
-function picture = drawText (picture, text, column, row, alignment, scale)
-  pixels = textPixels (text, scale);
-  if (scale > 1 && columns (pixels) > columns (picture) - merge (strcmp (alignment, "left"), column, 0))
-    pixels = textPixels (text, 1);
-  endif
-  [height, width] = size (pixels);
-  shift = struct ("left", 0, "centre", width / 2, "right", width).(alignment);
-  [at, from] = deal (round (column - shift) + (1:width), round (row - height / 2) + (1:height));
-  [inColumns, inRows] = deal (at >= 1 & at <= columns (picture), from >= 1 & from <= rows (picture));
-  for colour = 1:3
-    part = picture(from(inRows), at(inColumns), colour);
-    part(pixels(inRows, inColumns)) = 0;
-    picture(from(inRows), at(inColumns), colour) = part;
-  endfor
-endfunction
-
-% Round numbers within ascending values: a row of structs with the text, and the position among
-% the values, counted from 1.
-function list = ticks (values, wanted)
-  [low, high] = deal (values(1), values(end));
-  list = struct ("text", {}, "position", {});
-  if (! (high > low))
-    if (isfinite (low))
-      list(1) = struct ("text", sprintf ("%.6g", low), "position", (1 + numel (values)) / 2);
-    endif
-    return;
-  endif
-  step = (high - low) / wanted;
-  power = 10 ^ floor (log10 (step));
-  step = power * [1 2 5 10](find (step <= power * [1 2 5 10] * (1 + 1e-9), 1));
-  for number = ceil (low / step - 1e-9):floor (high / step + 1e-9)
-    number += 0;  % no "-0"
-    value = min (max (number * step, low), high);
-    list(end + 1) = struct ("text", sprintf ("%.10g", number * step), ...
-                            "position", interp1 (values, 1:numel (values), value));
-  endfor
 endfunction
