@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What each operation takes: enough to make arguments that it may accept.
+#pragma once
+
+#include "vx/array.h"
+
+#include <string>
+#include <vector>
+
+namespace fuzz {
+
+// Kinds of parameters, one letter each.
+namespace parameter {
+constexpr char file = 'f';
+constexpr char mode = 'm';
+constexpr char ncid = 'n';
+constexpr char varid = 'v';
+constexpr char dimid = 'd';
+constexpr char attributeNumber = '#';
+constexpr char name = 'N'; // of a dimension, a variable, a group or an attribute
+constexpr char externalType = 'x';
+constexpr char size = 'z';
+constexpr char setting = 'i'; // a small number: fill mode, format, storage, level, checksum
+constexpr char flag = 'l';
+constexpr char dimids = 'R';
+constexpr char chunkSizes = 'K';
+constexpr char start = 's';
+constexpr char count = 'c';
+constexpr char stride = 'k';
+constexpr char data = 'D';
+constexpr char fillValue = 'V';
+constexpr char preemption = 'P';
+constexpr char constantName = 'C';
+} // namespace parameter
+
+struct Operation {
+    std::string name;
+    std::string parameters; // kinds, in order
+    vxClassID dataClass;    // of what a typed operation reads and writes; otherwise unknown
+};
+
+// Every operation that can be called, once.
+const std::vector<Operation>& operations();
+
+} // namespace fuzz

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Fuzzes the entry point: a few calls in a row, on a file that may be there already.
+#include "fuzz/argument_values.h"
+#include "fuzz/session.h"
+
+#include "fuzz/scratch_folder.h"
+
+#include <netcdf.h>
+
+#include <iostream>
+#include <map>
+
+namespace fuzz {
+namespace {
+
+constexpr std::size_t callLimit = 24;
+
+// Modes of the file that a run begins with; -1: without one.
+constexpr int diskless = NC_DISKLESS;
+constexpr int prologueModes[] = {
+    -1,
+    -1,
+    diskless,
+    diskless,
+    diskless | NC_64BIT_OFFSET,
+    diskless | NC_CDF5,
+    diskless | NC_NETCDF4,
+    diskless | NC_NETCDF4 | NC_CLASSIC_MODEL,
+    NC_CLOBBER,
+    NC_NETCDF4,
+};
+
+// Dimensions x (2), y (3), t (unlimited, 2 records); variables v (y, x), w (x, t) of text, s
+// (scalar), r (t); some attributes; a group where there can be one. Made by the library alone,
+// which is quicker.
+int makeFile(int mode)
+{
+    const int xy[] = {1, 0};
+    const int tx[] = {2, 0};
+    const double range[] = {0, 1};
+    const short records[] = {7, 8};
+    const std::size_t first = 0;
+    const std::size_t two = 2;
+    int ncid = 0;
+    int id = 0;
+    const int status = nc_create((scratchFolder() + "/a.nc").c_str(), mode, &ncid);
+    if (status != NC_NOERR)
+        finding("no file to begin with: " + std::to_string(status));
+    nc_def_dim(ncid, "x", 2, &id);
+    nc_def_dim(ncid, "y", 3, &id);
+    nc_def_dim(ncid, "t", NC_UNLIMITED, &id);
+    nc_def_var(ncid, "v", NC_DOUBLE, 2, xy, &id);
+    nc_def_var(ncid, "w", NC_CHAR, 2, tx, &id);
+    nc_def_var(ncid, "s", NC_INT, 0, nullptr, &id);
+    nc_def_var(ncid, "r", NC_SHORT, 1, tx, &id);
+    nc_put_att_text(ncid, NC_GLOBAL, "title", 4, "seed");
+    nc_put_att_double(ncid, 0, "range", NC_DOUBLE, 2, range);
+    if ((mode & NC_NETCDF4) != 0 && (mode & NC_CLASSIC_MODEL) == 0) {
+        int group = 0;
+        nc_def_grp(ncid, "g", &group);
+        nc_def_var(group, "u", NC_INT64, 1, xy + 1, &id);
+    }
+    nc_enddef(ncid);
+    nc_put_vara_short(ncid, 3, &first, &two, records);
+    return ncid;
+}
+
+// What was done, told at the end of the process.
+struct Figures {
+    std::map<int, unsigned long> runs; // by the mode of the file that they began with
+    unsigned long calls = 0;
+    unsigned long callsThatSucceeded = 0;
+
+    ~Figures()
+    {
+        std::cerr << "calls: " << calls << ", of which succeeded: " << callsThatSucceeded << '\n';
+        for (const auto& [mode, number] : runs)
+            std::cerr << "runs with a file of mode " << mode << ": " << number << '\n';
+    }
+};
+
+Figures& figures()
+{
+    static Figures all;
+    return all;
+}
+
+void count(const standalone::Outcome& outcome)
+{
+    ++figures().calls;
+    figures().callsThatSucceeded += outcome.succeeded() ? 1 : 0;
+}
+
+void run(InputBytes& input)
+{
+    Session session;
+    const std::uint8_t settings = input.byte();
+    session.host().setRaiser((settings & 1) != 0 ? standalone::Raiser::throws
+                                                 : standalone::Raiser::returns);
+    if ((settings & 2) != 0)
+        session.host().fillUninitialised(std::uint8_t{0xa5});
+    const int mode = input.oneOf(prologueModes);
+    ++figures().runs[mode];
+    if (mode >= 0)
+        session.adoptFile(makeFile(mode));
+    if ((settings & 0xf0) == 0xf0)
+        session.host().failAllocation(input.byte());
+
+    const auto& all = operations();
+    for (std::size_t calls = 0; calls < callLimit && !input.atEnd(); ++calls) {
+        const std::size_t chosen = input.byte();
+        ArgumentValues arguments(input, session.knownIds());
+        if (chosen < all.size())
+            count(session.call(all[chosen].name, arguments.forOperation(all[chosen])));
+        else
+            session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4);
+    }
+}
+
+} // namespace
+} // namespace fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count)
+{
+    fuzz::InputBytes input(bytes, count);
+    fuzz::run(input);
+    return 0;
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What the sanitizers are told: an allocation may fail, and the libraries' own leaks are not ours.
+
+extern "C" {
+
+const char* __asan_default_options();
+const char* __lsan_default_suppressions();
+
+__attribute__((visibility("default"))) const char* __asan_default_options()
+{
+    return "allocator_may_return_null=1:max_allocation_size_mb=64:malloc_context_size=6";
+}
+
+__attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:libnetcdf\nleak:libhdf5\n";
+}
+
+} // extern "C"
