@@ -8,6 +8,7 @@
 #include "convert/name_buffer.h"
 #include "data/element_storage.h"
 #include "data/element_types.h"
+#include "data/known_dimensions.h"
 #include "data/rank_limit.h"
 #include "data/shapes.h"
 #include "error_identifiers.h"
@@ -63,6 +64,13 @@ void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access ac
     requireAccessibleRank(ndims, entry);
 }
 
+void requireDimensions(const Subset& subset, int ncid, int varid, const OperationEntry* entry)
+{
+    DimensionVector<int> dimids(subset.start.size());
+    checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
+    requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
+}
+
 } // namespace
 
 void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
@@ -76,8 +84,7 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
         vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
     requireMatchingLengths(subset, ncid, varid, Access::read, entry);
 
-    DimensionVector<int> dimids(subset.start.size());
-    checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
+    requireDimensions(subset, ncid, varid, entry);
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
@@ -103,6 +110,8 @@ void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const Opera
     if (product != given)
         vxErrMsgId(
             netcdf::countNotEqualToData(static_cast<long>(product), static_cast<long>(given)));
+
+    requireDimensions(subset, ncid, varid, entry);
 
     const ElementSource values(data, *element);
     checkStatus(element->putVars(ncid, varid, subset.start.data(), subset.count.data(),

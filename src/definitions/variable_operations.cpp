@@ -5,6 +5,7 @@
 #include "convert/argument_readers.h"
 #include "convert/name_buffer.h"
 #include "convert/result_builders.h"
+#include "data/known_dimensions.h"
 #include "definitions/dimension_rows.h"
 #include "error_identifiers.h"
 
@@ -13,6 +14,42 @@
 #include <algorithm>
 
 namespace Ovard::gridio::operations {
+namespace {
+
+bool isNetcdf4(int ncid)
+{
+    int model = NC_FORMATX_UNDEFINED;
+    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC_HDF5;
+}
+
+// Of this group, not of one around it.
+bool isOwnDimension(int ncid, const std::string& name, const OperationEntry* entry)
+{
+    int dimid = 0;
+    if (nc_inq_dimid(ncid, name.c_str(), &dimid) != NC_NOERR)
+        return false;
+    int count = 0;
+    checkStatus(nc_inq_dimids(ncid, &count, nullptr, 0), entry);
+    std::vector<int> own(static_cast<std::size_t>(count));
+    checkStatus(nc_inq_dimids(ncid, nullptr, own.data(), 0), entry);
+    return std::find(own.begin(), own.end(), dimid) != own.end();
+}
+
+// In a netCDF-4 file the library looks for the dimension after which a variable is named, and
+// crashes when the variable has none, or has lost it.
+void requireRenameable(int ncid, int varid, const std::string& name, const OperationEntry* entry)
+{
+    int ndims = 0;
+    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
+    std::vector<int> dimids(static_cast<std::size_t>(ndims));
+    if (ndims > 0)
+        checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
+    requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
+    if (ndims == 0 && isNetcdf4(ncid) && isOwnDimension(ncid, name, entry))
+        checkStatus(NC_ENAMEINUSE, entry);
+}
+
+} // namespace
 
 void defVar(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
@@ -64,6 +101,7 @@ void renameVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "variable");
 
+    requireRenameable(ncid, varid, name, entry);
     checkStatus(nc_rename_var(ncid, varid, name.c_str()), entry);
 }
 
