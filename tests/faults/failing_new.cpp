@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "tests/faults/failing_new.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace faults {
+namespace {
+
+long live = 0;
+std::size_t countdown = 0; // to the call that fails; 0: none
+Failing manner = Failing::once;
+bool failed = false;
+
+void* allocate(std::size_t size)
+{
+    if (countdown > 0 && --countdown == 0) {
+        failed = true;
+        if (manner == Failing::fromThenOn)
+            countdown = 1;
+        throw std::bad_alloc();
+    }
+    void* block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    ++live;
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block != nullptr)
+        --live;
+    std::free(block);
+}
+
+} // namespace
+
+FailingNew::FailingNew(std::size_t n, Failing failing)
+{
+    countdown = n;
+    manner = failing;
+    failed = false;
+}
+
+FailingNew::~FailingNew() { countdown = 0; }
+
+bool FailingNew::hasFailed() { return failed; }
+
+long liveNewBlocks() { return live; }
+
+} // namespace faults
+
+void* operator new(std::size_t size) { return faults::allocate(size); }
+void* operator new[](std::size_t size) { return faults::allocate(size); }
+void operator delete(void* block) noexcept { faults::release(block); }
+void operator delete[](void* block) noexcept { faults::release(block); }
+void operator delete(void* block, std::size_t) noexcept { faults::release(block); }
+void operator delete[](void* block, std::size_t) noexcept { faults::release(block); }

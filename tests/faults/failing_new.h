@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// operator new that fails when a test wants it to: of this program, the module included, but not of
+// the C libraries.
+#pragma once
+
+#include <cstddef>
+
+namespace faults {
+
+enum class Failing { once, fromThenOn };
+
+// Until its end, the n-th call of operator new (1: the next) throws std::bad_alloc, and all that
+// follow too if asked for.
+class FailingNew {
+public:
+    FailingNew(std::size_t n, Failing failing);
+    ~FailingNew();
+    FailingNew(const FailingNew&) = delete;
+    FailingNew& operator=(const FailingNew&) = delete;
+
+    // Whether a call has failed.
+    static bool hasFailed();
+};
+
+// Blocks of operator new that are not deleted.
+long liveNewBlocks();
+
+} // namespace faults

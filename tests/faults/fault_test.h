@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The fixture of every test of a fault: what must hold after each.
+#pragma once
+
+#include "hosts/standalone/host.h"
+#include "tests/faults/library_stand_in.h"
+#include "tests/faults/operation_calls.h"
+#include "tests/support/library_failure.h"
+#include "tests/support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace faults {
+
+using standalone::Outcome;
+using standalone::Value;
+
+class FaultTest : public testing::Test {
+protected:
+    FaultTest();
+    ~FaultTest() override;
+
+    standalone::Host host;
+    testsupport::ScratchFolder folder;
+
+    // Holds the module to what must be true after any fault, then closes every file: no block and
+    // no array left, the host's contract kept, each open file held by the registry and nothing
+    // else, the next call good. Values of the test must be gone by then.
+    void expectHealth();
+
+    // A file that is rightly open without being held.
+    void expectUnheld(int ncid) { unheld_ = ncid; }
+
+private:
+    std::size_t arraysBefore_ = 0;
+    std::vector<int> openBefore_;
+    int unheld_ = 0;
+};
+
+// What an outcome must be when a call of the library gave that status.
+testing::Matcher<const Outcome&> failsWithStatus(const std::string& operation, int status);
+
+// Whether it is the host's error of exhausted memory.
+bool ranOutOfMemory(const Outcome& outcome);
+
+// The files that the library has open.
+std::vector<int> openFiles();
+
+} // namespace faults

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Where the library itself is at fault, and the module keeps it from harm. Each test does what
+// crashes, or writes past a buffer, when the library is called alone (docs/limits.md).
+#include "tests/faults/fault_test.h"
+
+#include <netcdf.h>
+
+namespace faults {
+namespace {
+
+class LibraryGuards : public FaultTest {
+protected:
+    int create(const Value& mode)
+    {
+        const Value path = folder.file("guarded.nc");
+        return static_cast<int>(host.call("create", {path, mode}).at(0).toDouble());
+    }
+};
+
+// Under the address sanitizer: the library writes four bytes whatever type is asked for.
+TEST_F(LibraryGuards, AttributesMadeUpByTheLibraryFitIntoElementsOfAnySize)
+{
+    const int ncid = create("netcdf4");
+    host.call("endDef", {ncid});
+    for (const std::string name : {"_IsNetcdf4", "_SuperblockVersion"}) {
+        for (const fuzz::Operation& operation : fuzz::operations()) {
+            if (operation.parameters != "nvN" || operation.dataClass == vxUNKNOWN_CLASS)
+                continue;
+            const Outcome outcome = host.attempt(operation.name, {ncid, NC_GLOBAL, name});
+            ASSERT_THAT(outcome, testsupport::succeeds()) << operation.name << ' ' << name;
+            // As text, the bytes of the int up to the first NUL.
+            const bool isEmpty = operation.dataClass == vxCHAR_CLASS && name == "_IsNetcdf4";
+            EXPECT_EQ(outcome.results.at(0).numel(), isEmpty ? 0U : 1U) << operation.name << name;
+        }
+    }
+    EXPECT_EQ(host.call("getAttInt", {ncid, NC_GLOBAL, "_SuperblockVersion"}).at(0),
+              Value::scalar<std::int32_t>(2));
+    EXPECT_EQ(host.call("getAttSchar", {ncid, NC_GLOBAL, "_SuperblockVersion"}).at(0),
+              Value::scalar<std::int8_t>(2));
+    EXPECT_EQ(host.call("getAttUshort", {ncid, NC_GLOBAL, "_SuperblockVersion"}).at(0),
+              Value::scalar<std::uint16_t>(2));
+    expectHealth();
+}
+
+TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
+{
+    const int ncid = create("netcdf4");
+    host.call("endDef", {ncid});
+    const std::string text =
+        host.call("getAttText", {ncid, NC_GLOBAL, "_NCProperties"}).at(0).toText();
+    const std::vector<std::uint8_t> elements =
+        host.call("getAttUchar", {ncid, NC_GLOBAL, "_NCProperties"}).at(0).elements<std::uint8_t>();
+    EXPECT_EQ(std::string(elements.begin(), elements.end()), text);
+    expectHealth();
+}
+
+// Renaming a written variable to the name of a dimension that is not its own, or naming a dimension
+// as a variable that was written before, is what the library then trips over.
+class FileThatBreaks : public LibraryGuards, public testing::WithParamInterface<bool> {
+protected:
+    int make()
+    {
+        const int ncid = create("netcdf4");
+        host.call("putAttText", {ncid, NC_GLOBAL, "title", "kept"});
+        host.call("defDim", {ncid, "x", 2});
+        host.call("defDim", {ncid, "y", 3});
+        host.call("defVar", {ncid, "v", NC_DOUBLE, Value::row<double>({0, 1})});
+        host.call("endDef", {ncid});
+        if (GetParam())
+            host.attempt("renameVar", {ncid, 0, "x"});
+        else
+            host.attempt("defDim", {ncid, "v", 0});
+        return ncid;
+    }
+};
+
+TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
+{
+    const int ncid = make();
+    for (int i = 0; i < 3; ++i) // at first the library fails to write, then to close
+        EXPECT_THAT(host.attempt("close", {ncid}), failsWithStatus("close", NC_EHDFERR));
+    LibraryStandIn library;
+    EXPECT_THAT(host.attempt("close", {ncid}), failsWithStatus("close", NC_EHDFERR));
+    EXPECT_THAT(host.attempt("abort", {ncid}), failsWithStatus("abort", NC_EHDFERR));
+    host.unload();
+    EXPECT_THAT(library.calls, testing::IsEmpty());
+    EXPECT_THAT(host.warnings(), testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(LibraryGuards, FileThatBreaks, testing::Bool());
+
+TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
+{
+    for (const char* mode : {"netcdf4", "clobber"}) {
+        const int ncid = create(mode);
+        host.call("defDim", {ncid, "x", 2});
+        host.call("defVar", {ncid, "s", NC_INT, Value::empty()});
+        const Outcome renamed = host.attempt("renameVar", {ncid, 0, "x"});
+        if (std::string(mode) == "clobber")
+            EXPECT_THAT(renamed, testsupport::succeeds());
+        else
+            EXPECT_THAT(renamed, failsWithStatus("renameVar", NC_ENAMEINUSE));
+        EXPECT_THAT(host.attempt("renameVar", {ncid, 0, "other"}), testsupport::succeeds());
+        host.call("close", {ncid});
+    }
+    // The dimension of a group around it has its name elsewhere.
+    const int ncid = create("netcdf4");
+    host.call("defDim", {ncid, "x", 2});
+    const int group = static_cast<int>(host.call("defGrp", {ncid, "g"}).at(0).toDouble());
+    host.call("defVar", {group, "s", NC_INT, Value::empty()});
+    EXPECT_THAT(host.attempt("renameVar", {group, 0, "x"}), testsupport::succeeds());
+    expectHealth();
+}
+
+// A renaming that fails leaves a second identifier of the file without one of the dimensions.
+TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
+{
+    const int first = create("netcdf4");
+    host.call("defDim", {first, "x", 2});
+    host.call("defDim", {first, "y", 3});
+    host.call("defVar", {first, "v", NC_DOUBLE, Value::row<double>({0, 1})});
+    host.call("endDef", {first});
+    host.attempt("renameVar", {first, 0, "x"});
+    host.attempt("renameVar", {first, 0, "other"});
+    {
+        const Value ncid = host.call("open", {folder.file("guarded.nc"), "write"}).at(0);
+        const Value start = Value::row<double>({0, 0});
+        const Value count = Value::row<double>({2, 1});
+        const Value stride = Value::row<double>({1, 2});
+        const Value two = Value::row<double>({1, 2});
+        const struct {
+            const char* operation;
+            std::vector<Value> arguments;
+        } calls[] = {
+            {"getVarDouble", {ncid, 0}},
+            {"getVar1Double", {ncid, 0, start}},
+            {"getVaraDouble", {ncid, 0, start, count}},
+            {"getVarsDouble", {ncid, 0, start, count, stride}},
+            {"putVaraDouble", {ncid, 0, start, count, two}},
+            {"putVarDouble", {ncid, 0, two}},
+            {"renameVar", {ncid, 0, "x"}},
+        };
+        for (const auto& call : calls)
+            EXPECT_THAT(host.attempt(call.operation, call.arguments),
+                        failsWithStatus(call.operation, NC_EBADDIM));
+    }
+    for (const int ncid : openFiles())
+        host.attempt("close", {ncid});
+}
+
+} // namespace
+} // namespace faults

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Every library call of every operation fails in turn.
+#include "tests/faults/fault_test.h"
+
+#include <netcdf.h>
+
+#include <algorithm>
+#include <map>
+
+namespace faults {
+namespace {
+
+// Every status that has a name, others that a library may give, and errors of the system.
+std::vector<int> everyStatus()
+{
+    std::vector<int> all = {1, 2, 5, 12, 13, 24, 27, 28, 30, 116, -2, -32, -77, -100, -129, -200};
+    for (int status = NC_ENOTBUILT; status <= NC2_ERR; ++status) {
+        if (status >= NC_EHDFERR - 27 && status <= NC_EHDFERR)
+            all.push_back(status);
+        if ((status >= NC_ETRANSLATION && status <= NC_EBADID) || status == NC2_ERR)
+            all.push_back(status);
+    }
+    return all;
+}
+
+class LibraryStatus : public FaultTest {};
+
+TEST_F(LibraryStatus, AllStatusesAreTried)
+{
+    const std::vector<int> all = everyStatus();
+    EXPECT_EQ(
+        std::count_if(all.begin(), all.end(), [](int s) { return nc_strerror(s) != nullptr; }),
+        73 + 16);
+}
+
+// Each status once, so that names, texts and the split between the two identifiers are all seen.
+TEST_F(LibraryStatus, EachIsRaisedByItsNameAndText)
+{
+    const PreparedFile file(folder.path());
+    for (const int status : everyStatus()) {
+        LibraryStandIn library;
+        library.failingCall = 1;
+        library.status = status;
+        EXPECT_THAT(host.attempt("sync", {file.ncid()}), failsWithStatus("sync", status));
+    }
+    expectHealth();
+}
+
+// Calls whose failure the operation lives with: it asks them in order to choose its way, and the
+// call that follows tells what is wrong.
+bool mayFailSilently(const std::string& operation, const std::string& call)
+{
+    return operation == "close" && call != "nc_close";
+}
+
+class EveryLibraryCall : public FaultTest, public testing::WithParamInterface<fuzz::Operation> {
+protected:
+    // The library calls of the operation when all goes well.
+    std::vector<std::string> callsOf(const fuzz::Operation& operation)
+    {
+        std::vector<std::string> calls;
+        {
+            const PreparedFile file(folder.path());
+            const std::vector<Value> arguments = argumentsThatSucceed(operation, file);
+            LibraryStandIn library;
+            const Outcome outcome = host.attempt(operation.name, arguments);
+            EXPECT_THAT(outcome, testsupport::succeeds());
+            calls = library.calls;
+            if (operation.name == "pCreate" && outcome.succeeded())
+                expectUnheld(static_cast<int>(outcome.results.at(1).toDouble()));
+        }
+        expectHealth();
+        return calls;
+    }
+};
+
+TEST_P(EveryLibraryCall, FailsAsAnErrorOfTheOperation)
+{
+    const fuzz::Operation& operation = GetParam();
+    const std::vector<std::string> calls = callsOf(operation);
+    const std::vector<int> statuses = {NC_EHDFERR, NC_ENOMEM, NC_EDAP, NC_ENODATA, 28, -77};
+
+    for (std::size_t n = 1; n <= calls.size(); ++n) {
+        for (const int status : statuses) {
+            SCOPED_TRACE(calls[n - 1] + " gives " + std::to_string(status));
+            {
+                const PreparedFile file(folder.path());
+                const std::vector<Value> arguments = argumentsThatSucceed(operation, file);
+                LibraryStandIn library;
+                library.failingCall = n;
+                library.status = status;
+                const Outcome outcome = host.attempt(operation.name, arguments);
+                if (outcome.succeeded())
+                    EXPECT_TRUE(mayFailSilently(operation.name, calls[n - 1]));
+                else
+                    EXPECT_THAT(outcome, failsWithStatus(operation.name, status));
+                EXPECT_THAT(outcome.results, testing::IsEmpty());
+                // Written, but not closed: the library may have taken it apart.
+                if (calls[n - 1] == "nc_close")
+                    expectUnheld(file.ncid());
+            }
+            expectHealth();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Operations, EveryLibraryCall, testing::ValuesIn(fuzz::operations()),
+                         [](const auto& operation) { return operation.param.name; });
+
+} // namespace
+} // namespace faults
