@@ -13,11 +13,21 @@ namespace hosts::oct {
 
 namespace {
 
+// The interpreter's messages end at a NUL, which a script may have put into an argument: it is
+// shown as \0.
+std::string withVisibleNuls(const std::string& text)
+{
+    std::string visible;
+    for (const char c : text)
+        visible += c == '\0' ? std::string("\\0") : std::string(1, c);
+    return visible;
+}
+
 // Never fails: an error without its text is better than none.
 std::string textOf(const msgcat::BaseMsgID& id)
 {
     try {
-        return messages::messageText(id);
+        return withVisibleNuls(messages::messageText(id));
     } catch (const std::exception&) {
         return id.identifier();
     }

@@ -1,0 +1,211 @@
+% SPDX-License-Identifier: BSD-3-Clause
+% Runs the cases of argument_rules.py, read from its tables, in the interpreter, all in one session, and holds each
+% outcome against the model's. The arguments that a message holds must stand in it in their order.
+
+1;
+
+function renew ()
+  global scratch
+  try_close (scratch.ncid);
+  [~, ~] = unlink (scratch.name); % there is none at first, or after "abort"
+  gridio ("setDefaultFormat", 1);
+  gridio ("setChunkCache", 4194304, 1009, single (0.75));
+  % A new name each time: some definitions leave a file that the library can not close.
+  scratch.name = sprintf ("scratch%d", ++scratch.count);
+  ncid = gridio ("create", scratch.name, "netcdf4");
+  gridio ("defDim", ncid, "x", 3);
+  gridio ("defDim", ncid, "y", 2);
+  gridio ("defVar", ncid, "d", 6, [0 1]);
+  gridio ("defVar", ncid, "c", 2, [0 1]);
+  gridio ("defVarFill", ncid, 0, false, 7); % a value that every type can hold
+  gridio ("putAttDouble", ncid, 0, "num", 6, [1 2]);
+  gridio ("putAttText", ncid, 0, "txt", "abc");
+  scratch.group = gridio ("defGrp", ncid, "g");
+  scratch.ncid = ncid;
+  build_values ();
+end
+
+function try_close (ncid)
+  try
+    gridio ("close", ncid);
+  catch
+  end
+end
+
+% The values of the table; those that name the scratch file are made anew when its identifiers change.
+function build_values ()
+  global scratch values tokens
+  persistent dynamic = [] known = []
+  if (isempty (values))
+    dynamic = find (cellfun (@(token) any (token == "@"), tokens));
+    values = cellfun (@built, tokens, "UniformOutput", false);
+  elseif (! isequal (known, [scratch.ncid, scratch.group]))
+    values(dynamic) = cellfun (@built, tokens(dynamic), "UniformOutput", false);
+  end
+  known = [scratch.ncid, scratch.group];
+end
+
+function value = built (token)
+  global scratch
+  parts = strsplit (token, " ");
+  dims = sscanf (strrep (parts{2}, "x", " "), "%d")';
+  elements = parts{3};
+  switch (elements)
+    case "@file"
+      value = "plain";
+      return;
+    case "@new"
+      value = "made";
+      return;
+    case {"@ncid", "@group"}
+      elements = sprintf ("%d", scratch.(elements(2:end)));
+  end
+  switch (parts{1})
+    case {"double", "single", "sparse", "range", "complex"}
+      numbers = str2double (strsplit (strrep (elements, "*", ""), ","));
+    case {"int64", "uint64"}
+      numbers = exact_integers (elements, parts{1});
+    otherwise
+      numbers = sscanf (strrep (strrep (elements, "*", ""), ",", " "), "%f");
+  end
+  if (any (strcmp (parts{1}, {"struct", "function", "object", "cell"})))
+    value = compound (parts{1}, dims);
+    return;
+  end
+  if (numel (numbers) == 1)
+    numbers = repmat (numbers, dims);
+  elseif (prod (dims) == 0)
+    numbers = zeros (dims);
+  end
+  value = cast_to (parts{1}, reshape (numbers, dims));
+end
+
+function value = exact_integers (elements, name)
+  value = zeros (1, 0, name);
+  for digits = strsplit (elements, ",")
+    if (! isempty (digits{1}))
+      value(end+1) = eval ([name "(" digits{1} ")"]);
+    end
+  end
+end
+
+function value = cast_to (name, numbers)
+  switch (name)
+    case "sparse"
+      value = sparse (numbers);
+    case "range"
+      value = numbers(1):numbers(end);
+    case "complex"
+      value = complex (numbers, 7.5);
+    case {"char", "logical"}
+      value = feval (name, numbers);
+    otherwise
+      value = cast (numbers, name);
+  end
+end
+
+function value = compound (name, dims)
+  switch (name)
+    case "struct"
+      value = struct ("a", {1, 2});
+    case "function"
+      value = @sin;
+    case "object"
+      value = containers.Map ();
+    case "cell"
+      value = repmat ({1}, dims);
+  end
+end
+
+function good = as_expected (operation, expected, err)
+  words = strsplit (expected, " ");
+  id = "Ovard:gridio:netcdf:";
+  returned = isempty (err);
+  refused = ! returned && any (strcmp (err.identifier, {[id "libraryFailure"], [id "librarydapFailure"]})) ...
+            && strncmp (err.message, [operation ": "], numel (operation) + 2);
+  switch (words{1})
+    case "success"
+      good = returned;
+    case "passes"
+      good = returned || refused;
+    case "memory"
+      good = returned || refused || ! isempty (strfind (err.message, "out of memory"));
+    otherwise
+      good = ! returned && any (strcmp (err.identifier, {[id words{2}], ["Ovard:gridio:validate:" words{2}]})) ...
+             && stand_in_order (words(3:end), err.message);
+  end
+end
+
+function good = stand_in_order (words, message)
+  good = true;
+  for word = words
+    plain = strrep (percent_decoded (word{1}), "\0", "\\0");
+    at = strfind (message, plain);
+    if (isempty (plain))
+      continue;
+    elseif (isempty (at))
+      good = false;
+      return;
+    end
+    message = message(at(1)+numel (plain):end);
+  end
+end
+
+function plain = percent_decoded (text)
+  [codes, rest] = regexp (text, "%([0-9A-F]{2})", "tokens", "split");
+  plain = rest{1};
+  for k = 1:numel (codes)
+    plain = [plain, char(hex2dec (codes{k}{1})), rest{k+1}];
+  end
+end
+
+function run_cases (cases, operations, outcomes)
+  global values
+  passed = failed = 0;
+  opening = {"open", "create", "pOpen", "pCreate"};
+  for k = 1:rows (cases)
+    operation = operations{cases(k,1)};
+    expected = outcomes{cases(k,2)};
+    numbers = cases(k,3:end);
+    arguments = values(numbers(numbers > 0));
+    err = result = [];
+    try
+      if (operation(1) == "p" && any (strcmp (operation, {"pOpen", "pCreate"})))
+        [~, result] = gridio (operation, arguments{:});
+      elseif (any (strcmp (operation, {"open", "create"})))
+        result = gridio (operation, arguments{:});
+      else
+        gridio (operation, arguments{:});
+      end
+    catch err
+    end
+    good = as_expected (operation, expected, err);
+    if (good)
+      passed++;
+    elseif (++failed <= 30)
+      printf ("FAILED: %s %s => %s\n", operation, disp (arguments), expected);
+      disp (err);
+    end
+    only_looks = any (strcmp (operation(1:3), {"inq", "get", "par"}));
+    if (! good || (expected(1) != "r" && ! only_looks))
+      if (isempty (err) && any (strcmp (operation, opening)))
+        try_close (result);
+      end
+      renew ();
+    end
+  end
+  printf ("%d passed, %d failed\n", passed, failed);
+  exit (failed > 0 || passed == 0);
+end
+
+function words = lines_of (file)
+  words = strsplit (fileread (file), "\n");
+end
+
+global scratch values tokens
+tokens = lines_of ("values");
+values = {};
+scratch = struct ("ncid", -1, "group", -1, "name", "none", "count", 0);
+gridio ("close", gridio ("create", "plain", "clobber"));
+renew ();
+run_cases (dlmread ("cases", " "), lines_of ("operations"), lines_of ("outcomes"));

@@ -1,0 +1,438 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""An independent model of what each operation asks of its arguments, and the cases that follow from it.
+
+Prints one case a line (--tables: writes tables of them into files), fields separated by tabs: the operation, its arguments as tokens, "=>", the outcome expected:
+  success            the call returns
+  passes             the arguments are read; the library may accept or refuse (libraryFailure naming the operation)
+  memory             as passes, or the host's out-of-memory error
+  raises NAME ARG... the identifier, by its last word, and its arguments, %-encoded
+The scratch file of the drivers: netCDF-4 in define mode, dimensions x = 3 and y = 2, variables d (double) and c (char) over
+them (host order x, y), attributes num = [1 2] and txt = "abc" of variable d, group g.
+"""
+import copy
+import math
+import sys
+import urllib.parse
+
+from argument_values import INTEGER_RANGES, Value, every_value, row, scalar, text
+
+SHAPE = (3, 2)
+VARIABLE_NAMES = ("d", "c")
+SIZES = {"Double": 8, "Float": 4, "Int64": 8, "Uint64": 8, "Int": 4, "Uint": 4, "Short": 2, "Ushort": 2, "Schar": 1,
+         "Uchar": 1, "Ubyte": 1, "Text": 2}
+CLASSES = {"Double": "double", "Float": "single", "Int64": "int64", "Uint64": "uint64", "Int": "int32",
+           "Uint": "uint32", "Short": "int16", "Ushort": "uint16", "Schar": "int8", "Uchar": "uint8",
+           "Ubyte": "uint8", "Text": "char"}
+
+
+class Raised(Exception):
+    pass
+
+
+def raises(name, *arguments):
+    raise Raised(" ".join(["raises", name, *(urllib.parse.quote(str(a), safe="", encoding="latin-1") for a in arguments)]))
+
+
+# --- Readers: each returns what the library is handed, or raises ------------------------------------------------------
+
+BOUNDS = {  # at or below the first, for double and single values, and at or above the last, a floating value fails
+    "int32": (-2147483649.0, -2147483648.0, 2147483648.0),
+    "uint64": (-1.0, -1.0, 18446744073709551616.0),
+    "int64": (-9223372036854775808.0, -9223372036854775808.0, 9223372036854775808.0),
+}
+
+
+def convert(value, element, target):
+    if isinstance(element, str):  # "@ncid", which fits
+        return element
+    if target == "double":
+        return float(element)
+    if value.is_floating:
+        below_double, below_single, above = BOUNDS[target]
+        below = below_double if value.host_class == "double" else below_single
+        if element <= below or element >= above:
+            raises("argumentOutOfBounds")
+        return int(element)
+    lowest, highest = INTEGER_RANGES[target]
+    if not lowest <= element <= highest:
+        raises("argumentOutOfBounds")
+    return element
+
+
+def number(name, target="int32"):
+    def read(value):
+        if value.count != 1 or not value.is_numeric:
+            raises("badScalarArgument", name, "numeric")
+        element = value.elements[0]
+        if value.is_floating and not isinstance(element, str) and not math.isfinite(element) and name != "FILLVALUE":
+            raises("badScalarArgument", name, "numeric")
+        return convert(value, element, target)
+    return read
+
+
+def size(name):
+    return number(name, "uint64")
+
+
+def word(name):
+    def read(value):
+        if value.host_class != "char":
+            raises("argumentWasNotChar", name)
+        return value.elements
+    return read
+
+
+def flag(name):
+    def read(value):
+        if value.host_class != "logical" or value.count != 1:
+            raises("expectedLogicalType", name)
+        return value.elements[0] != 0
+    return read
+
+
+MODE_WORDS = {"clobber": 0, "noclobber": 4, "share": 2048, "write": 1, "netcdf4": 4096, "64bit_offset": 512,
+              "classic_model": 256, "nowrite": 0}
+
+
+def mode(value):
+    if value.count == 0:
+        raises("argumentIsEmptySet", "MODE")
+    if value.host_class == "char":
+        letters = "".join(map(chr, value.elements))
+        plain = "".join(c.lower() if c.isascii() else c for c in letters)
+        known = MODE_WORDS.get(plain[3:] if plain.startswith("nc_") else plain)
+        if known is None:
+            raises("unrecognizedFileMode", "".join(c.upper() if c.isascii() else c for c in letters))
+        return known
+    if value.host_class not in ("int32", "double"):
+        raises("badModeDatatype")
+    element = value.elements[0]
+    if value.host_class == "double" and not -2147483649.0 < element < 2147483648.0:
+        return -2147483648
+    return int(element)
+
+
+def raw_single(value):
+    if value.bytes_held < 4:
+        raises("badScalarArgument", "preemption", "numeric")
+    return value.token
+
+
+def number_row(name):
+    def read(value):
+        if value.host_class != "double":
+            raises("badRowDatatype", name)
+        if value.count > 1024:
+            raises("rowLengthOutOfBounds", name, 1024)
+        return [x if math.isfinite(x) else str(x) for x in value.elements]
+    return read
+
+
+def index(label, target):
+    def read(value):
+        if value.count == 0:
+            raises("argumentIsEmpty", label)
+        if not value.is_numeric:
+            raises("argumentHasBadDatatype", label)
+        if value.is_floating and not all(math.isfinite(x) for x in value.elements):
+            raises("indexArgumentNotFinite")
+        return [convert(value, x, target) for x in value.elements]
+    return read
+
+
+def anything(value):
+    return value
+
+
+# --- Checks after all arguments are read ------------------------------------------------------------------------------
+
+
+def no_check(read, values):
+    return None
+
+
+def whole_write(suffix):
+    def check(read, values):
+        data = values[2]
+        if data.count == 0:
+            raises("emptyVariableData")
+        if not is_scratch_variable(read):
+            return
+        if data.count != math.prod(SHAPE) or data.bytes_held < data.count * SIZES[suffix]:
+            raises("dataSizeMismatch")
+    return check
+
+
+def is_scratch_variable(read):
+    """Whether the identifiers name a variable of the scratch file; otherwise the library refuses them."""
+    return read[0] in ("@ncid", 65536) and read[1] in (0, 1)
+
+
+def subset(form, suffix, is_write):
+    def check(read, values):
+        start = read[2]
+        count = read[3] if form in "as" else [1] * len(start)
+        stride = read[4] if form == "s" else [1] * len(start)
+        data = values[-1]
+        if is_write and data.count == 0:
+            raises("emptyVariableData")
+        if not is_scratch_variable(read):
+            return None
+        variable = VARIABLE_NAMES[read[1]]
+        if len(start) != len(SHAPE):
+            raises("badIndexArgumentLength", "START", variable, len(SHAPE), len(start))
+        for label, given in (("COUNT", count), ("STRIDE", stride)):
+            if len(given) != len(start):
+                raises("badIndexArgumentLength", label, variable, len(start), len(given) if is_write else len(start))
+        product = math.prod(count)
+        if product >= 2**64:
+            raises("argumentOutOfBounds")
+        if not is_write:
+            return "memory" if product > 2**20 or max(count) >= 2**63 else None
+        if product != data.count:
+            signed = product - 2**64 if product >= 2**63 else product
+            raises("countNotEqualToData", signed, data.count)
+        if data.bytes_held < data.count * SIZES[suffix]:
+            raises("dataSizeMismatch")
+        return None
+    return check
+
+
+def attribute_write(suffix):
+    def check(read, values):
+        if values[-1].bytes_held < values[-1].count * SIZES[suffix]:
+            raises("dataSizeMismatch")
+    return check
+
+
+def global_variable(read, values):
+    if read[1] == -1:
+        raises("inqVarNcGlobal")
+
+
+def chunking(read, values):
+    if read[2] == 0:
+        if is_scratch_variable(read) and len(read[3]) != len(SHAPE):
+            raises("invalidChunkParameter", len(read[3]), len(SHAPE))
+    elif read[2] != 1:
+        raises("unrecognizedChunkStorage")
+
+
+
+
+def constant(read, values):
+    name = "".join(c.upper() if c.isascii() else c for c in map(chr, read[0]))
+    if len(name) > 3 and name.startswith("NC_"):
+        name = name[3:]
+    if name not in ("INT", "WRITE"):
+        raises("unrecognizedCharParameter", name)
+
+
+def deflate_level(read, values):
+    if read[3]:
+        read[4] = number("deflate level")(values[4])
+
+
+def fill_value(read, values):
+    if read[2] or not is_scratch_variable(read):
+        return
+    if read[1] == 0:
+        read[3] = number("FILLVALUE", "double")(values[3])
+    elif values[3].host_class != "char" or values[3].count != 1:
+        raises("badScalarArgument", "FILLVALUE", "char")
+
+
+# --- The operations: readers with a valid value each, in order, and the check behind them -----------------------------
+
+NCID = (number("ncid"), scalar("double", "@ncid"))
+GROUP = (number("ncid"), scalar("double", "@group"))
+VARID = (number("varid"), scalar("double", 0.0))
+CHAR_VARID = (number("varid"), scalar("double", 1.0))
+
+
+def name_argument(parameter, letters):
+    return (word(parameter), text(letters))
+
+
+def as_number(parameter, x):
+    return (number(parameter), scalar("double", float(x)))
+
+
+def as_size(parameter, x):
+    return (size(parameter), scalar("double", float(x)))
+
+
+def as_flag(parameter, x):
+    return (flag(parameter), scalar("logical", x))
+
+
+def data_of(suffix, count):
+    name = CLASSES[suffix]
+    elements = [65 + k for k in range(count)]
+    return (anything, row(name, list(map(float, elements)) if name in ("double", "single") else elements))
+
+
+FILE = (word("file"), Value("char", (1, 1), ["@file"]))
+NEW_FILE = (word("file"), Value("char", (1, 1), ["@new"]))
+OPEN_MODE = (mode, text("nowrite"))
+CREATE_MODE = (mode, text("clobber"))
+START = (index("START", "uint64"), row("double", [0.0, 0.0]))
+COUNT = (index("COUNT", "uint64"), row("double", [2.0, 1.0]))
+STRIDE = (index("STRIDE", "int64"), row("double", [2.0, 1.0]))
+
+
+def simple_operations():
+    def attribute(letters):
+        return name_argument("attribute", letters)
+    return {
+        "abort": ([NCID], no_check), "close": ([NCID], no_check), "sync": ([NCID], no_check),
+        "redef": ([NCID], no_check), "endDef": ([NCID], no_check),
+        "pCreate": ([NEW_FILE, CREATE_MODE, as_size("initialsize", 0), as_size("chunksize", 4096)], no_check),
+        "create": ([NEW_FILE, CREATE_MODE], no_check), "open": ([FILE, OPEN_MODE], no_check),
+        "pOpen": ([FILE, OPEN_MODE, as_size("chunksizehint", 4096)], no_check),
+        "pEndDef": ([NCID, as_size("h_minfree", 0), as_size("v_align", 4), as_size("v_minfree", 0),
+                     as_size("r_align", 4)], no_check),
+        "setDefaultFormat": ([as_number("new default format", 1)], no_check),
+        "setFill": ([NCID, as_number("new_fill_mode", 256)], no_check),
+        "setChunkCache": ([as_size("chunkSize", 4194304), as_size("nelems", 1009),
+                           (raw_single, scalar("single", 0.75))], no_check),
+        "getChunkCache": ([], no_check), "inqLibVers": ([], no_check), "getConstantNames": ([], no_check),
+        "inq": ([NCID], no_check), "inqFormat": ([NCID], no_check), "inqUnlimDims": ([NCID], no_check),
+        "inqVarIDs": ([NCID], no_check), "inqDimIDs": ([NCID, as_flag("include_parents flag", 0)], no_check),
+        "defGrp": ([NCID, name_argument("group name", "new")], no_check), "inqGrpName": ([NCID], no_check),
+        "inqGrpNameFull": ([NCID], no_check), "inqGrps": ([NCID], no_check), "inqGrpParent": ([GROUP], no_check),
+        "inqNcid": ([NCID, name_argument("group name", "g")], no_check),
+        "defDim": ([NCID, name_argument("dimension", "new"), as_size("dim_length", 5)], no_check),
+        "inqDim": ([NCID, as_number("dimid", 0)], no_check),
+        "inqDimID": ([NCID, name_argument("dimension", "x")], no_check),
+        "renameDim": ([NCID, as_number("dimid", 0), name_argument("dimension", "new")], no_check),
+        "defVar": ([NCID, name_argument("variable", "new"), as_number("xtype", 6),
+                    (number_row("dimids"), row("double", [0.0, 1.0]))], no_check),
+        "inqVarID": ([NCID, name_argument("variable", "d")], no_check), "inqVar": ([NCID, VARID], global_variable),
+        "renameVar": ([NCID, VARID, name_argument("variable", "new")], no_check),
+        "defVarChunking": ([NCID, VARID, as_number("storage", 0),
+                            (number_row("chunk dims"), row("double", [3.0, 2.0]))], chunking),
+        "defVarDeflate": ([NCID, VARID, as_flag("shuffle flag", 1), as_flag("deflate flag", 1),
+                           (anything, scalar("double", 4.0))], deflate_level),
+        "defVarFletcher32": ([NCID, VARID, as_number("checksum setting", 1)], no_check),
+        "inqVarChunking": ([NCID, VARID], no_check), "inqVarDeflate": ([NCID, VARID], no_check),
+        "inqVarFletcher32": ([NCID, VARID], no_check), "inqVarFill": ([NCID, VARID], no_check),
+        "defVarFill": ([(number("NCID"), NCID[1]), as_number("VARID", 0), as_flag("FILL FLAG", 0),
+                        (anything, scalar("double", 5.0))], fill_value),
+        "copyAtt": ([NCID, VARID, attribute("num"), NCID, (number("varid"), scalar("double", -1.0))], no_check),
+        "delAtt": ([NCID, VARID, attribute("num")], no_check), "inqAtt": ([NCID, VARID, attribute("num")], no_check),
+        "inqAttID": ([NCID, VARID, attribute("num")], no_check),
+        "inqAttName": ([NCID, VARID, as_number("attid", 0)], no_check),
+        "renameAtt": ([NCID, VARID, attribute("num"), attribute("new")], no_check),
+        "putAttText": ([NCID, VARID, attribute("new"), data_of("Text", 3)], attribute_write("Text")),
+        "parameter": ([name_argument("parameter", "nc_int")], constant),
+    }
+
+
+def typed_operations():
+    operations = {}
+    for suffix in SIZES:
+        attribute = name_argument("attribute", "txt" if suffix == "Text" else "num")
+        operations["getAtt" + suffix] = ([NCID, VARID, attribute], no_check)
+        if suffix != "Text":
+            operations["putAtt" + suffix] = ([NCID, VARID, name_argument("attribute", "new"), as_number("xtype", 6),
+                                              data_of(suffix, 2)], attribute_write(suffix))
+        if suffix == "Ubyte":
+            continue
+        variable = CHAR_VARID if suffix == "Text" else VARID
+        operations["getVar" + suffix] = ([NCID, variable], no_check)
+        operations["putVar" + suffix] = ([NCID, variable, data_of(suffix, 6)], whole_write(suffix))
+        for form, vectors, count in (("1", [START], 1), ("a", [START, COUNT], 2), ("s", [START, COUNT, STRIDE], 2)):
+            spelled = {"Uint": "UInt", "Uint64": "UInt64"}.get(suffix, suffix) if form == "1" else suffix
+            operations[f"getVar{form}{suffix}"] = ([NCID, variable, *vectors], subset(form, suffix, False))
+            operations[f"putVar{form}{spelled}"] = ([NCID, variable, *vectors, data_of(suffix, count)],
+                                                    subset(form, suffix, True))
+    return operations
+
+
+def outcome(readers, check, values, valid_reading=None):
+    """What the model expects, and what was read."""
+    read = []
+    try:
+        for reader, value in zip(readers, values):
+            read.append(reader(value))
+        note = check(read, values)
+    except Raised as raised:
+        return str(raised), None
+    if note:
+        return note, read
+    same = valid_reading is not None and comparable(read) == comparable(valid_reading)
+    return ("success" if same else "passes"), read
+
+
+def comparable(read):
+    return [r.token if isinstance(r, Value) else r for r in read]
+
+
+def recast(value):
+    """A valid scalar again in every class that holds it."""
+    if value.host_class != "double" or value.count != 1:
+        return []
+    element = value.elements[0]
+    if isinstance(element, str):
+        return [scalar(name, element) for name in ("single", "int32", "uint32", "int64", "uint64", "sparse", "complex")]
+    whole = int(element)
+    return [scalar(name, whole) for name, (lowest, highest) in INTEGER_RANGES.items() if lowest <= whole <= highest] + [
+        scalar("single", element), scalar("sparse", element), scalar("complex", element),
+        scalar("double", element + (0.5 if element >= 0 else -0.5))]
+
+
+def line(operation, values, expected):
+    return "\t".join([operation, *(value.token for value in values), "=>", expected])
+
+
+def cases_of(operation, arguments, check, every):
+    readers = [reader for reader, _ in arguments]
+    valid = [value for _, value in arguments]
+    expected, valid_reading = outcome(readers, check, valid)
+    assert valid_reading is not None, (operation, expected)
+    yield operation, valid, "success"
+    yield operation, valid + [scalar("double", 0.0)], "raises wrongNumberOfInputs"
+    if valid:
+        yield operation, valid[:-1], "raises wrongNumberOfInputs"
+    for position in range(len(valid)):
+        for value in [*recast(valid[position]), *every]:
+            values = copy.copy(valid)
+            values[position] = value
+            yield operation, values, outcome(readers, check, values, valid_reading)[0]
+
+
+def every_case():
+    every = every_value()
+    operations = {**simple_operations(), **typed_operations()}
+    for operation, (arguments, check) in operations.items():
+        yield from cases_of(operation, arguments, check, every)
+    # A char variable takes its fill value from a character.
+    arguments, check = operations["defVarFill"]
+    char_variable = [*arguments[:1], as_number("VARID", 1), *arguments[2:3], (anything, text("x"))]
+    yield from cases_of("defVarFill", char_variable, check, every)
+
+
+def write_tables():
+    """For a driver that is slow with text: what occurs once each, and the cases as rows of line numbers in those."""
+    tables = {"operations": {}, "outcomes": {}, "values": {}}
+
+    def number_of(table, word):
+        return tables[table].setdefault(word, len(tables[table]) + 1)
+
+    with open("cases", "w", encoding="ascii") as rows:
+        for operation, values, expected in every_case():
+            numbers = [number_of("values", value.token) for value in values]
+            numbers += [0] * (7 - len(numbers))
+            print(number_of("operations", operation), number_of("outcomes", expected), *numbers, file=rows)
+    for name, words in tables.items():
+        with open(name, "w", encoding="ascii") as out:
+            out.write("\n".join(words))
+
+
+if __name__ == "__main__":
+    if sys.argv[1:] == ["--tables"]:
+        write_tables()
+    else:
+        for case in every_case():
+            print(line(*case))
