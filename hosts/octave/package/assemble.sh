@@ -39,7 +39,7 @@ cp "$root"/hosts/octave/inst/private/*.m "$top/inst/private"
 cp "$root"/examples/*.m "$top/examples"
 cp "$root"/examples/shared/* "$top/examples/shared"
 
-python3 -B "$root/docs/make_manual.py" "$scratch/manual" >&2
+python3 -B "$root/docs/make_manual.py" "$scratch/manual" >/dev/null
 cp -R "$scratch/manual/html" "$scratch/manual/gridio.info" "$top/doc"
 
 find "$top" -type d -exec chmod 755 {} +

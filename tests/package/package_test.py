@@ -1,0 +1,169 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""The package: its bytes, what its configure script says, and installing it for everyone and for an ordinary user."""
+import os
+import pathlib
+import shutil
+import subprocess
+import tarfile
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PACKAGE = ROOT / "hosts" / "octave" / "package"
+VERSION = (ROOT / "VERSION").read_text().strip()
+OCTAVE = os.environ["OCTAVE_CLI"]
+
+
+def assemble(folder, root=ROOT, **environment):
+    done = subprocess.run([root / "hosts/octave/package/assemble.sh", folder], capture_output=True, text=True,
+                          env={**os.environ, **environment})
+    assert done.returncode == 0, done
+    return pathlib.Path(done.stdout.strip())
+
+
+def own_folder(test):
+    """A folder that everyone may look into, gone after the test."""
+    folder = pathlib.Path(tempfile.mkdtemp())
+    test.addCleanup(shutil.rmtree, folder)
+    folder.chmod(0o755)
+    return folder
+
+
+def without_network():
+    for way in (["unshare", "-n"], ["unshare", "-rn"]):
+        if subprocess.run([*way, "true"], capture_output=True).returncode == 0:
+            return way
+    return []
+
+
+class Archive(unittest.TestCase):
+    def test_has_the_same_bytes_from_a_copy_of_the_tree_made_by_someone_else(self):
+        folder = own_folder(self)
+        copy = folder / "elsewhere"
+        shutil.copytree(ROOT, copy, ignore=shutil.ignore_patterns("build", "dist", ".git", "*.pyc"))
+        for path in copy.rglob("*"):
+            os.utime(path, (10 ** 9, 10 ** 9))
+        (copy / "src" / "notes.txt~").write_text("an editor's leftover")
+        one = assemble(folder / "one")
+        other = assemble(folder / "other", copy, TZ="Asia/Tokyo", LC_ALL="C.UTF-8", HOME=str(folder))
+        self.assertEqual(one.name, f"gridio-{VERSION}.tar.gz")
+        self.assertEqual(one.read_bytes(), other.read_bytes())
+
+    def test_holds_every_source_that_the_build_compiles(self):
+        with tarfile.open(assemble(own_folder(self))) as archive:
+            names = {pathlib.PurePath(member.name).name for member in archive}
+        for folder in ("src", "hosts/octave", "hosts/messages", "include"):
+            sources = {path.name for path in (ROOT / folder).rglob("*") if path.suffix in (".cpp", ".cc", ".h")}
+            self.assertTrue(sources)
+            self.assertLessEqual(sources, names)
+
+
+class Configure(unittest.TestCase):
+    def setUp(self):
+        self.folder = own_folder(self)
+        self.headers = self.folder / "headers"
+        self.headers.mkdir()
+        shutil.copy(PACKAGE / "configure", self.folder)
+
+    def configure(self, *arguments, **environment):
+        return subprocess.run([self.folder / "configure", *arguments], capture_output=True, text=True,
+                              env={**os.environ, **environment})
+
+    def hide(self, header, text="#error hidden"):
+        path = self.headers / header
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text + "\n")
+
+    def assert_misses(self, done, *words):
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stdout, "")
+        self.assertEqual(done.stderr.count("\n"), 1, done.stderr)
+        for word in ("gridio: ", "Debian: apt-get install ", *words):
+            self.assertIn(word, done.stderr)
+        self.assertFalse((self.folder / "config.mk").exists())
+
+    def test_is_silent_when_nothing_is_missing(self):
+        done = self.configure("CXX=g++", "CC=gcc")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+        settings = (self.folder / "config.mk").read_text()
+        self.assertIn("CXX = g++\n", settings)
+        self.assertIn("-lnetcdf", settings)
+
+    def test_works_without_pkg_config(self):
+        tools = self.folder / "tools"
+        tools.mkdir()
+        (tools / "pkg-config").write_text("#!/bin/sh\nexit 1\n")
+        (tools / "pkg-config").chmod(0o755)
+        done = self.configure(PATH=f"{tools}:{os.environ['PATH']}")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertIn("-lnetcdf", (self.folder / "config.mk").read_text())
+
+    def test_tells_a_missing_library_in_one_line(self):
+        for header, words in (("netcdf.h", ("netCDF", "4.9", "libnetcdf-dev")),
+                              ("boost/variant.hpp", ("Boost", "libboost-dev")),
+                              ("octave/oct.h", ("Octave", "octave-dev"))):
+            with self.subTest(header):
+                self.hide(header)
+                self.assert_misses(self.configure(f"CXX=g++ -I{self.headers}"), *words)
+                (self.headers / header).unlink()
+
+    def test_takes_no_library_that_is_too_old(self):
+        self.hide("netcdf_meta.h", "#define NC_VERSION_MAJOR 4\n#define NC_VERSION_MINOR 8")
+        self.assert_misses(self.configure(f"CXX=g++ -I{self.headers}"), "4.9 or newer")
+
+    def test_tells_a_missing_compiler_in_one_line(self):
+        self.assert_misses(self.configure("CXX=no-such-compiler"), "no-such-compiler", "g++")
+
+    def test_tells_missing_headers_of_the_interpreter_in_one_line(self):
+        self.assert_misses(self.configure(MKOCTFILE="no-such-mkoctfile"), "mkoctfile", "octave-dev")
+
+
+class Installation(unittest.TestCase):
+    def test_passes_the_check_of_the_front_door(self):
+        done = subprocess.run([PACKAGE / "check.sh", assemble(own_folder(self))], capture_output=True, text=True)
+        self.assertEqual(done.returncode, 0, done)
+        self.assertRegex(done.stdout, r"(?m)^[1-9]\d+ passed, 0 failed$")
+
+
+class OrdinaryUser(unittest.TestCase):
+    SCRIPT = """
+        pkg ("install", argv (){1});
+        pkg load gridio
+        ncid = gridio ("create", "own.nc", "netcdf4");
+        files = gridio_open_files ();
+        printf ("open: %s %s\\n", files.path, files.mode);
+        gridio ("close", ncid);
+        printf ("of: %s\\n", which ("gridio"));
+        pkg unload gridio
+        printf ("loaded after unloading: %d\\n", exist ("gridio"));
+        pkg uninstall gridio
+        printf ("installed: %d\\n", numel (pkg ("list", "gridio")));
+    """
+
+    def test_installs_and_uninstalls_without_network_and_rights(self):
+        folder = own_folder(self)
+        home = folder / "home"
+        home.mkdir()
+        tarball = assemble(folder)
+        tarball.chmod(0o644)
+        script = folder / "script.m"
+        script.write_text(self.SCRIPT)
+        command = without_network()
+        if os.getuid() == 0:
+            nobody = 65534
+            os.chown(home, nobody, nobody)
+            command += ["setpriv", f"--reuid={nobody}", f"--regid={nobody}", "--clear-groups"]
+        command += [OCTAVE, "--norc", "--no-history", "--quiet", script, tarball]
+        done = subprocess.run(command, cwd=home, capture_output=True, text=True, stdin=subprocess.DEVNULL,
+                              env={**os.environ, "HOME": str(home), "TMPDIR": str(home),
+                                   "OCTAVE_HISTFILE": os.devnull, "USER": "nobody"})
+        self.assertEqual((done.returncode, done.stderr), (0, ""), done)
+        self.assertIn("open: own.nc write\n", done.stdout)
+        self.assertRegex(done.stdout, rf"of: {home}/\S+/gridio-{VERSION}/\S+/gridio\.oct\n")
+        self.assertIn("loaded after unloading: 0\n", done.stdout)
+        self.assertIn("installed: 0\n", done.stdout)
+        self.assertFalse(list(home.rglob("gridio.oct")))
+
+
+if __name__ == "__main__":
+    unittest.main()
