@@ -4,7 +4,7 @@ import os
 import re
 import unittest
 
-from sandbox import Sandbox
+from sandbox import ROOT, Sandbox
 
 
 class FrontDoorTest(unittest.TestCase):
@@ -48,6 +48,7 @@ class Commands(FrontDoorTest):
         self.assert_one_line(self.gridio("run", "no.m"), 2, "cannot read the script no.m")
         self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
+        self.assert_one_line(self.gridio("package", "x"), 2, "package takes nothing but --check")
         self.assertEqual(self.sandbox.log(), [])
 
     def test_shell_loads_gridio_and_keeps_its_history_out_of_home(self):
@@ -101,6 +102,14 @@ class Scripts(FrontDoorTest):
     def test_gridio_is_loaded(self):
         done = self.run_script('puts (gridio ("inqLibVers"));')
         self.assertRegex(done.stdout, r"^4\.\d+\.\d+")
+
+    def test_what_belongs_to_gridio_is_found(self):
+        folder = self.sandbox.tree / "hosts" / "octave"
+        folder.mkdir(parents=True)
+        (folder / "inst").symlink_to(ROOT / "hosts" / "octave" / "inst")
+        done = self.run_script('gridio_help ("close"); gridio_open_files ();')
+        self.assertIn("nc_close", done.stdout)
+        self.assertIn("No netCDF file is open.", done.stdout)
 
     def test_nothing_stands_between_a_user_and_the_output(self):
         done = self.run_script('puts ("only this");')
@@ -177,6 +186,12 @@ class Packages(FrontDoorTest):
         self.assertNotIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
         self.assertEqual(self.gridio("test").returncode, 0)
         self.assertIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
+
+    def test_the_package_needs_what_makes_the_manual(self):
+        self.gridio("package")
+        installed = (self.sandbox.machine / "installed").read_text()
+        self.assertIn("texinfo", installed)
+        self.assertNotIn("libgtest-dev", installed)
 
     def test_lists_are_fetched_only_when_a_package_is_unknown(self):
         self.assertEqual(self.run_empty().returncode, 0)
@@ -269,6 +284,7 @@ class Building(FrontDoorTest):
         self.sandbox.write("broken")
         self.assert_last_line(self.gridio("run", "script.m"), "building")
         self.assertEqual(self.sandbox.log("octave-cli"), ["octave-cli --quiet --path "
+                         f"{self.sandbox.tree}/hosts/octave/inst --path "
                          f"{self.sandbox.tree}/build/release/octave --norc --no-history script.m"])
 
 
