@@ -1,0 +1,130 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: BSD-3-Clause
+"""Runs every example of the manual and compares what it prints.
+
+examples_test.py [--accept] [CHAPTER.texi...]   --accept writes what the examples print into the manual
+"""
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import textwrap
+
+import manual_source
+
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "remote"))
+import dap2_server
+
+# What the manual calls the server that its examples on remote data read from.
+SERVER = "http://data.example.org"
+WIDTH = 90
+
+
+def steps_of(chain, server):
+    """(file name, text, block, index in the block's lines of the output) of each step; output blocks are no steps."""
+    steps = []
+    for block in chain:
+        text = block.text.replace(SERVER, server)
+        if block.kind in ("run", "run on"):
+            steps.append((f"{len(steps):03}.code", text))
+        elif block.kind == "file":
+            steps.append((f"{len(steps):03}.file.{block.name}", text))
+        elif block.kind == "shell":
+            for command in re.findall(r"^\$ (.+)$", text, re.M):
+                steps.append((f"{len(steps):03}.shell", command))
+    return steps
+
+
+def printed_blocks(chain, outputs, server):
+    """(block, its text as it should be) for each block that shows output; outputs: one text a step."""
+    outputs = iter(text.replace(server, SERVER) for text in outputs)
+    pending, shown, last = "", [], None
+    for block in chain:
+        if block.kind in ("run", "run on"):
+            pending, last = pending + next(outputs), block
+        elif block.kind == "file":
+            next(outputs)
+        elif block.kind == "prints":
+            shown.append((block, pending))
+            pending = ""
+        elif block.kind == "shell":
+            commands = re.findall(r"^\$ .+$", block.text, re.M)
+            shown.append((block, "".join(f"{command}\n{next(outputs)}" for command in commands)))
+    if pending:
+        raise manual_source.Mistake(f"{last.where()}: prints what the manual does not show:\n{pending}")
+    return shown
+
+
+def tidy(text):
+    """As the manual shows it: long lines broken, no blanks at the end."""
+    lines = []
+    text = re.sub(r"^warning: called from\n(    .*\n)+", "", text, flags=re.M)  # where our own script called it
+    for line in text.rstrip().splitlines():
+        long = len(line) > WIDTH and not line.startswith("$ ")
+        lines += textwrap.wrap(line, WIDTH, break_long_words=False, break_on_hyphens=False) if long else [line.rstrip()]
+    return "".join(line + "\n" for line in lines)
+
+
+def run(chains, server):
+    """The outputs of each chain, and what was said when gridio was unloaded after it."""
+    with tempfile.TemporaryDirectory() as folder:
+        for number, chain in enumerate(chains):
+            steps = pathlib.Path(folder, f"{number:03}")
+            steps.mkdir()
+            for name, text in steps_of(chain, server):
+                (steps / name).write_text(text, encoding="utf-8")
+        command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
+                   "--path", os.environ["GRIDIO_OCT_DIR"], "--path", os.environ["GRIDIO_INST_DIR"],
+                   str(HERE / "run_chains.m"), folder]
+        done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=300,
+                              env={**os.environ, "OCTAVE_HISTFILE": os.devnull, "http_proxy": "", "no_proxy": "*"})
+        # The library itself says on stderr that a server was not reached.
+        if done.returncode != 0 or re.search("^error: ", done.stderr, re.M):
+            sys.exit(f"the session failed: {done}")
+        for number, chain in enumerate(chains):
+            steps = pathlib.Path(folder, f"{number:03}")
+            outputs = [(steps / f"{i:03}.out").read_text("utf-8") for i in range(len(steps_of(chain, server)))]
+            yield chain, outputs, (steps / "left.out").read_text("utf-8")
+
+
+def accept(path, texts):
+    lines = path.read_text("utf-8").splitlines()
+    for block, text in sorted(texts, key=lambda pair: -pair[0].first):
+        lines[block.first:block.last] = manual_source.escaped(text).splitlines()
+    path.write_text("\n".join(lines) + "\n", encoding="utf-8")
+
+
+def main(arguments):
+    accepting = "--accept" in arguments
+    names = [name for name in arguments if name != "--accept"]
+    chapters = [path for path in manual_source.chapters() if not names or path.name in names]
+    chains = [chain for path in chapters for chain in manual_source.chains(path)]
+    server = f"http://127.0.0.1:{dap2_server.start().server_port}"
+    failures, compared, rewritten = [], 0, {}
+    for chain, outputs, left in run(chains, server):
+        if left:
+            failures.append(f"{chain[0].where()}: leaves something behind: {left}")
+        try:
+            shown = printed_blocks(chain, outputs, server)
+        except manual_source.Mistake as mistake:
+            failures.append(str(mistake))
+            continue
+        for block, text in shown:
+            compared += 1
+            if tidy(block.text) != tidy(text):
+                failures.append(f"{block.where()}: the manual says\n{block.text}and this is printed\n{text}")
+                rewritten.setdefault(block.path, []).append((block, tidy(text)))
+    if accepting:
+        for path, texts in rewritten.items():
+            accept(path, texts)
+        failures = [f for f in failures if "the manual says" not in f]
+    print(*failures, sep="\n")
+    print(f"{len(chapters)} chapters, {len(chains)} examples, {compared} outputs, {len(failures)} failures")
+    return 1 if failures or not compared else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

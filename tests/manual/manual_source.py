@@ -1,0 +1,71 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""The examples of docs/manual/, as docs/manual/gridio.texi says that they are marked."""
+import dataclasses
+import pathlib
+import re
+
+CHAPTERS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "manual"
+KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program")
+
+
+class Mistake(Exception):
+    """The source is not written as it must be."""
+
+
+@dataclasses.dataclass
+class Block:
+    path: pathlib.Path
+    first: int  # index of its first line in the file
+    last: int  # and of the one behind its last
+    kind: str
+    name: str  # of a file or program
+    text: str  # as the reader sees it, each line with its end
+
+    def where(self):
+        return f"{self.path.name}:{self.first + 1}"
+
+
+def plain(line):
+    line = line.replace("@value{VERSION}", (CHAPTERS.parents[1] / "VERSION").read_text().strip())
+    if re.search(r"@[a-z]+\{|(?<!@)[{}]", line):
+        raise Mistake(f"a command or a bare brace within an example: {line}")
+    return re.sub(r"@([@{}])", r"\1", line)
+
+
+def escaped(text):
+    return re.sub(r"([@{}])", r"@\1", text)
+
+
+def blocks(path):
+    lines = path.read_text(encoding="utf-8").splitlines()
+    at = 0
+    while at < len(lines):
+        if not re.fullmatch(r"@(small)?example", lines[at]):
+            at += 1
+            continue
+        marker = re.fullmatch(r"@c (run on|\w+)(?: (.+))?", lines[at - 1])
+        if not marker or marker[1] not in KINDS or (marker[1] in ("file", "program")) != bool(marker[2]):
+            raise Mistake(f"{path.name}:{at + 1}: an example without a marker")
+        end = at + 1
+        while not lines[end].startswith("@end "):
+            end += 1
+        text = "".join(plain(line) + "\n" for line in lines[at + 1:end])
+        yield Block(path, at + 1, end, marker[1], marker[2] or "", text)
+        at = end
+
+
+def chapters():
+    return sorted(path for path in CHAPTERS.glob("*.texi") if path.name != "gridio.texi")
+
+
+def chains(path):
+    """Lists of blocks that are run in one folder and workspace."""
+    found = []
+    for block in blocks(path):
+        if block.kind in ("run", "file"):
+            found.append([block])
+        elif block.kind in ("run on", "prints", "shell"):
+            if not found:
+                raise Mistake(f"{block.where()}: nothing to go on from")
+            found[-1].append(block)
+    return found

@@ -1,0 +1,47 @@
+% SPDX-License-Identifier: BSD-3-Clause
+% run_chains.m STEPS: runs the steps of every chain in the folder STEPS/N, in a scratch folder each and in one session.
+% NN.code is run, NN.shell given to the shell, NN.file.NAME written; NN.out becomes what a step printed.
+1;
+
+function run_chain (steps__)
+  for step__ = dir (fullfile (steps__, "*"))'
+    name__ = step__.name;
+    if (any (strcmp (name__, {".", ".."})))
+      continue;
+    endif
+    text__ = fileread (fullfile (steps__, name__));
+    parts__ = strsplit (name__, ".");
+    printed__ = "";
+    switch (parts__{2})
+      case "code"
+        printed__ = evalc (text__, "printf (\"error: %s\\n\", lasterror ().message)");
+      case "shell"
+        [~, printed__] = system ([strtrim(text__) " 2>&1"]);
+      case "file"
+        save_text (strjoin (parts__(3:end), "."), text__);
+    endswitch
+    save_text (fullfile (steps__, [parts__{1} ".out"]), printed__);
+  endfor
+endfunction
+
+function save_text (name, text)
+  stream = fopen (name, "w");
+  fputs (stream, text);
+  fclose (stream);
+endfunction
+
+confirm_recursive_rmdir (false);
+home = pwd ();
+for chain = dir (fullfile (argv (){1}, "*"))'
+  steps = fullfile (argv (){1}, chain.name);
+  if (! any (strcmp (chain.name, {".", ".."})))
+    scratch = tempname ();
+    mkdir (scratch);
+    cd (scratch);
+    run_chain (steps);
+    % An example that leaves a file open shows here.
+    save_text (fullfile (steps, "left.out"), evalc ("clear -f gridio"));
+    cd (home);
+    rmdir (scratch, "s");
+  endif
+endfor

@@ -1,0 +1,176 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""The manual: that it can be built, leads nowhere wrong, and has an entry for every error."""
+import html.parser
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import manual_source
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "docs"))
+import make_manual
+
+ERRORS = manual_source.CHAPTERS / "errors.texi"
+# Those that no script can bring about.
+UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
+               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath"}
+
+
+def declared_errors():
+    """{identifier: number of arguments} of the module, and of the host without the number."""
+    header = (ROOT / "include" / "error_identifiers.h").read_text()
+    found = {}
+    for name, constructor, identifier in re.findall(
+            r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*:\s*BaseMsgID\("([\w:]+)"', header):
+        found[identifier] = len([word for word in constructor.split(",") if word.strip()])
+    assert len(found) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
+    for source in [*(ROOT / "hosts" / "octave").rglob("*.cc"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
+        code = "\n".join(line for line in source.read_text().splitlines() if not re.match(r"\s*(%|#|//)", line))
+        found.update((identifier, None) for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code))
+    return found
+
+
+def entries():
+    """{identifier: (number of arguments or None, text of the entry)}"""
+    text = ERRORS.read_text("utf-8")
+    text = text[:text.index("@node Statuses of the library")]
+    found = {}
+    for head, body in re.findall(r"^@item (.+)\n((?:(?!@item |@end table).*\n)*)", text, re.M):
+        name, _, arguments = head.partition(" (")
+        if ":" in name:
+            found[name] = (None, body)
+        else:
+            space = "validate" if name in ("wrongNumberOfInputs", "argumentOutOfBounds") else "netcdf"
+            found[f"Ovard:gridio:{space}:{name}"] = (len(arguments.split(", ")) if arguments else 0, body)
+    return found
+
+
+def catalogue():
+    """{identifier: pattern of its message}"""
+    source = (ROOT / "hosts" / "messages" / "message_catalogue.cpp").read_text()
+    found = {}
+    for identifier, text in re.findall(r'\{"(Ovard:[\w:]+)",((?:\s*"(?:[^"\\]|\\.)*")+)\}', source):
+        words = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', text)).replace('\\"', '"')
+        pattern = re.sub(r"\\\{\d\\\}", ".+", re.escape(words))
+        found[identifier] = re.sub(r"\\ ", r"\\s+", pattern)
+    return found
+
+
+class Errors(unittest.TestCase):
+    def test_all_have_an_entry_with_their_arguments(self):
+        expected = declared_errors()
+        self.assertGreater(len(expected), 33)
+        found = {name: count for name, (count, _) in entries().items() if name != "Octave:bad-alloc"}
+        self.assertEqual(found, expected)
+        self.assertIn("Octave:bad-alloc", entries())
+
+    def test_have_a_meaning_a_cause_and_a_cure(self):
+        for name, (_, body) in entries().items():
+            with self.subTest(name):
+                self.assertRegex(body, r"@cindex @code\{.+\}\n?(?s:.+)@emph\{Usual cause\.\} (?s:.+)@emph\{Cure\.\} ")
+
+    def test_are_shown_by_an_example_unless_nothing_brings_them_about(self):
+        patterns = catalogue()
+        for name, (_, body) in entries().items():
+            with self.subTest(name):
+                shown = re.findall(r"@c prints\n@smallexample\n(.*?)@end smallexample", body, re.S)
+                self.assertEqual(not shown, name in UNREACHABLE)
+                if shown and name in patterns:
+                    self.assertRegex(" ".join(shown), rf"(error|warning):\s+{patterns[name]}")
+
+    def test_of_the_library_have_the_advice_of_the_messages(self):
+        rows = [row for _, rows in make_manual.status_advice() for row in rows]
+        source = make_manual.ADVICE.read_text()
+        self.assertEqual(len(rows), len(re.findall(r'^    \{"', source, re.M)))
+        self.assertGreater(len(rows), 50)
+        table = make_manual.statuses_texinfo()
+        for status, advice in rows:
+            with self.subTest(status):
+                self.assertIn(f"@item {status}\n", table)
+                self.assertTrue(advice.endswith("."))
+
+
+class Page(html.parser.HTMLParser):
+    def __init__(self, path):
+        super().__init__()
+        self.anchors, self.links, self.pictures = set(), [], []
+        self.feed(path.read_text("utf-8"))
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.anchors.update(attributes[key] for key in ("id", "name") if attributes.get(key))
+        if tag == "a" and attributes.get("href"):
+            self.links.append(attributes["href"])
+        if tag == "img":
+            self.pictures.append(attributes["src"])
+
+
+class Built(unittest.TestCase):
+    """make_manual stops at any warning of makeinfo."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.folder = pathlib.Path(folder.name) / "manual"
+        done = subprocess.run([sys.executable, "-B", ROOT / "docs" / "make_manual.py", cls.folder],
+                              capture_output=True, text=True)
+        assert done.returncode == 0, done
+        cls.printed = done.stdout.splitlines()
+        cls.pages = {path.name: Page(path) for path in (cls.folder / "html").glob("*.html")}
+
+    def test_leaves_what_it_says(self):
+        self.assertTrue({"index.html", "gridio.info"} <= {pathlib.Path(line).name for line in self.printed})
+        for line in self.printed:
+            self.assertGreater(pathlib.Path(line).stat().st_size, 1000)
+
+    def test_has_every_chapter_and_every_operation(self):
+        main = (manual_source.CHAPTERS / "gridio.texi").read_text()
+        self.assertEqual(set(re.findall(r"^@include (\w+\.texi)$", main, re.M)) - {"version.texi", "operations.texi"},
+                         {path.name for path in manual_source.chapters()})
+        for name in ("First-steps", "Errors-and-their-cures", "Operations", "open", "putVar1UInt64"):
+            self.assertIn(f"{name}.html", self.pages)
+        info = (self.folder / "gridio.info").read_text("utf-8")
+        self.assertIn("last dimension fastest", info)
+
+    def test_leads_nowhere_wrong(self):
+        count = 0
+        for name, page in self.pages.items():
+            for link in page.links:
+                if not re.match(r"\w+:", link):
+                    target, _, anchor = link.partition("#")
+                    self.assertIn(target or name, self.pages, f"{name}: {link}")
+                    if anchor:
+                        self.assertIn(anchor, self.pages[target or name].anchors, f"{name}: {link}")
+                    count += 1
+            for picture in page.pictures:
+                self.assertTrue((self.folder / "html" / picture).is_file(), f"{name}: {picture}")
+        self.assertGreater(count, 500)
+        self.assertIn("dimension_order.svg", self.pages["Dimension-order.html"].pictures)
+
+    def test_names_files_of_the_tree_that_are_there(self):
+        for path in manual_source.chapters():
+            for name in re.findall(r"@file\{((?:examples|docs|tests|hosts|include|src)/[^}]*)\}", path.read_text("utf-8")):
+                with self.subTest(path.name, name=name):
+                    self.assertTrue((ROOT / name).exists())
+
+
+class Programs(unittest.TestCase):
+    def test_print_what_the_manual_says(self):
+        programs = [b for path in manual_source.chapters() for b in manual_source.blocks(path) if b.kind == "program"]
+        self.assertTrue(programs)
+        for block in programs:
+            with tempfile.TemporaryDirectory() as folder, self.subTest(block.name):
+                done = subprocess.run([os.path.join(os.environ["PROGRAMS"], block.name)], cwd=folder,
+                                      capture_output=True, text=True)
+                self.assertEqual((done.returncode, done.stderr), (0, ""))
+                self.assertEqual(done.stdout, block.text)
+
+
+if __name__ == "__main__":
+    unittest.main()
