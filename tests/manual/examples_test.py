@@ -77,7 +77,8 @@ def run(chains, server):
             for name, text in steps_of(chain, server):
                 (steps / name).write_text(text, encoding="utf-8")
         command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
-                   "--path", os.environ["GRIDIO_OCT_DIR"], "--path", os.environ["GRIDIO_INST_DIR"],
+                   "--path", os.path.abspath(os.environ["GRIDIO_OCT_DIR"]),
+                   "--path", os.path.abspath(os.environ["GRIDIO_INST_DIR"]),
                    str(HERE / "run_chains.m"), folder]
         done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=300,
                               env={**os.environ, "OCTAVE_HISTFILE": os.devnull, "http_proxy": "", "no_proxy": "*"})

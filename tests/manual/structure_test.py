@@ -153,11 +153,31 @@ class Built(unittest.TestCase):
         self.assertGreater(count, 500)
         self.assertIn("dimension_order.svg", self.pages["Dimension-order.html"].pictures)
 
-    def test_names_files_of_the_tree_that_are_there(self):
-        for path in manual_source.chapters():
-            for name in re.findall(r"@file\{((?:examples|docs|tests|hosts|include|src)/[^}]*)\}", path.read_text("utf-8")):
-                with self.subTest(path.name, name=name):
-                    self.assertTrue((ROOT / name).exists())
+
+class Pointers(unittest.TestCase):
+    """What README.md, CONTRIBUTING.md and the manual point at is there."""
+    texts = {path.name: path.read_text("utf-8")
+             for path in [ROOT / "README.md", ROOT / "CONTRIBUTING.md", *manual_source.CHAPTERS.glob("*.texi")]}
+
+    def test_commands_of_the_front_door(self):
+        commands = set(re.findall(r"^command_(\w+)\(\)", (ROOT / "gridio").read_text(), re.M))
+        for name, text in self.texts.items():
+            for command in re.findall(r"\./gridio (\w+)", text):
+                with self.subTest(name, command=command):
+                    self.assertIn(command, commands)
+
+    def test_files_of_the_tree(self):
+        places = r"(?:examples|docs|tests|hosts|include|src|fuzz|bench)/"
+        for name, text in self.texts.items():
+            found = re.findall(rf"@file\{{({places}[^}}]*)\}}|`({places}[^` ]*)`|\]\(((?!http)[^)#]+)\)", text)
+            for path in ("".join(groups) for groups in found):
+                with self.subTest(name, path=path):
+                    self.assertTrue((ROOT / path).exists())
+
+    def test_presets_and_tests(self):
+        presets = (ROOT / "CMakePresets.json").read_text()
+        for preset in re.findall(r"--preset (\w+)", self.texts["CONTRIBUTING.md"]):
+            self.assertIn(f'"name": "{preset}"', presets)
 
 
 class Programs(unittest.TestCase):
