@@ -169,8 +169,9 @@ class Pointers(unittest.TestCase):
     def test_files_of_the_tree(self):
         places = r"(?:examples|docs|tests|hosts|include|src|fuzz|bench)/"
         for name, text in self.texts.items():
-            found = re.findall(rf"@file\{{({places}[^}}]*)\}}|`({places}[^` ]*)`|\]\(((?!http)[^)#]+)\)", text)
-            for path in ("".join(groups) for groups in found):
+            found = re.findall(rf"@file\{{({places}[^}}]*)\}}|`({places}[^` ]*)`", text)
+            links = re.findall(r"\]\(((?!http)[^)#]+)\)", text) if name.endswith(".md") else []
+            for path in ["".join(groups) for groups in found] + links:
                 with self.subTest(name, path=path):
                     self.assertTrue((ROOT / path).exists())
 
