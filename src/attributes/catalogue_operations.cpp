@@ -10,6 +10,27 @@
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
+namespace {
+
+// The text that the library makes up for netCDF-4 files. When it is to copy it, it writes a NUL
+// past the end of its own buffer.
+bool isMadeUpText(int ncid, int varid, const std::string& name)
+{
+    int model = NC_FORMATX_UNDEFINED;
+    return name == "_NCProperties" && varid == NC_GLOBAL &&
+           nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC_HDF5;
+}
+
+void copyText(int fromNcid, const char* name, int toNcid, int toVarid, const OperationEntry* entry)
+{
+    std::size_t length = 0;
+    checkStatus(nc_inq_attlen(fromNcid, NC_GLOBAL, name, &length), entry);
+    std::string text(length, '\0'); // with room for a NUL
+    checkStatus(nc_get_att_text(fromNcid, NC_GLOBAL, name, text.data()), entry);
+    checkStatus(nc_put_att_text(toNcid, toVarid, name, length, text.data()), entry);
+}
+
+} // namespace
 
 void inqAtt(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
@@ -73,7 +94,11 @@ void copyAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const int toNcid = readIntScalar(args[3], "ncid");
     const int toVarid = readIntScalar(args[4], "varid");
 
-    checkStatus(nc_copy_att(fromNcid, fromVarid, name.c_str(), toNcid, toVarid), entry);
+    const bool isOntoItself = fromNcid == toNcid && fromVarid == toVarid;
+    if (isMadeUpText(fromNcid, fromVarid, name) && !isOntoItself)
+        copyText(fromNcid, name.c_str(), toNcid, toVarid, entry);
+    else
+        checkStatus(nc_copy_att(fromNcid, fromVarid, name.c_str(), toNcid, toVarid), entry);
 }
 
 } // namespace Ovard::gridio::operations
