@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "tests/faults/failing_new.h"
 
+#include "vx/plug.h"
+
 #include <cstdlib>
 #include <new>
 
@@ -11,10 +13,11 @@ long live = 0;
 std::size_t countdown = 0; // to the call that fails; 0: none
 Failing manner = Failing::once;
 bool failed = false;
+bool moduleRuns = false;
 
 void* allocate(std::size_t size)
 {
-    if (countdown > 0 && --countdown == 0) {
+    if (moduleRuns && countdown > 0 && --countdown == 0) {
         failed = true;
         if (manner == Failing::fromThenOn)
             countdown = 1;
@@ -50,6 +53,21 @@ bool FailingNew::hasFailed() { return failed; }
 long liveNewBlocks() { return live; }
 
 } // namespace faults
+
+extern "C" {
+
+void __real_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
+void __wrap_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    struct Running {
+        Running() { faults::moduleRuns = true; }
+        ~Running() { faults::moduleRuns = false; }
+    } const running;
+    __real_plugFunction(nlhs, results, nrhs, arguments);
+}
+
+} // extern "C"
 
 void* operator new(std::size_t size) { return faults::allocate(size); }
 void* operator new[](std::size_t size) { return faults::allocate(size); }

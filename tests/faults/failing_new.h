@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// operator new that fails when a test wants it to: of this program, the module included, but not of
-// the C libraries.
+// operator new that fails when a test wants it to, in the module and in what it calls, but for the
+// C libraries.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@ namespace faults {
 
 enum class Failing { once, fromThenOn };
 
-// Until its end, the n-th call of operator new (1: the next) throws std::bad_alloc, and all that
-// follow too if asked for.
+// Until its end, the n-th call of operator new (1: the next) while the module is running throws
+// std::bad_alloc, and all that follow too if asked for.
 class FailingNew {
 public:
     FailingNew(std::size_t n, Failing failing);

@@ -54,6 +54,28 @@ TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
     expectHealth();
 }
 
+TEST_F(LibraryGuards, TheLibrarysTextAttributeIsCopiedAsTheLibraryWould)
+{
+    const int ncid = create("netcdf4");
+    host.call("endDef", {ncid});
+    {
+        const Value path = folder.file("classic.nc");
+        const int classic =
+            static_cast<int>(host.call("create", {path, "clobber"}).at(0).toDouble());
+        host.call("copyAtt", {ncid, NC_GLOBAL, "_NCProperties", classic, NC_GLOBAL});
+        EXPECT_EQ(host.call("getAttText", {classic, NC_GLOBAL, "_NCProperties"}),
+                  host.call("getAttText", {ncid, NC_GLOBAL, "_NCProperties"}));
+    }
+    EXPECT_THAT(host.attempt("copyAtt", {ncid, NC_GLOBAL, "_NCProperties", ncid, NC_GLOBAL}),
+                testsupport::succeeds());
+    {
+        const Value other = host.call("create", {folder.file("other.nc"), "netcdf4"}).at(0);
+        EXPECT_THAT(host.attempt("copyAtt", {ncid, NC_GLOBAL, "_NCProperties", other, NC_GLOBAL}),
+                    failsWithStatus("copyAtt", NC_ENAMEINUSE));
+    }
+    expectHealth();
+}
+
 // Renaming a written variable to the name of a dimension that is not its own, or naming a dimension
 // as a variable that was written before, is what the library then trips over.
 class FileThatBreaks : public LibraryGuards, public testing::WithParamInterface<bool> {
