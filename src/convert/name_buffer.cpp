@@ -9,9 +9,9 @@
 namespace Ovard::gridio {
 namespace {
 
-// The longest name that a length of 32 bits can tell, its NUL included; where so many addresses are
-// not to be had, as many as there are.
-constexpr std::size_t mostBytes = (std::size_t{1} << 32) + 1;
+// The library takes no piece of a header that is longer than two of the blocks it reads, and those
+// have 256 MiB at most. Where so many addresses are not to be had, as many as there are.
+constexpr std::size_t mostBytes = std::size_t{1} << 29;
 constexpr std::size_t fewestBytes = std::size_t{1} << 16;
 
 class Reservation {

@@ -101,7 +101,7 @@ protected:
         const std::size_t count = productOf(v.lengths);
         for (const ElementType& element : elementTypes) {
             const std::string suffix = element.suffix;
-            if (suffix == "Ubyte")
+            if (!servesVariables(element))
                 continue;
             Bytes bytes((count + 1) * element.size, '\0');
             const int status = libraryGetVar(suffix, v.ncid, v.varid, bytes.data());

@@ -26,17 +26,13 @@ protected:
         host.call("endDef", {ncid});
         return ncid;
     }
-    static bool isInTable(const ElementType& element) // "Ubyte" is for attributes alone
-    {
-        return std::string(element.suffix) != "Ubyte";
-    }
 };
 
 TEST_F(WholeAccess, WritesEveryTypeBitByBitInEveryFormatThatHoldsIt)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
-            if (!isInTable(element) || !format.holds(element.externalType))
+            if (!servesVariables(element) || !format.holds(element.externalType))
                 continue;
             const int ncid = createGrid(element.externalType, format.mode);
             const Bytes bytes = sampleBytes(element, 6);
@@ -57,7 +53,7 @@ TEST_F(WholeAccess, ReadsEveryTypeBitByBitInEveryFormatThatHoldsIt)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
-            if (!isInTable(element) || !format.holds(element.externalType))
+            if (!servesVariables(element) || !format.holds(element.externalType))
                 continue;
             const int ncid = createGrid(element.externalType, format.mode);
             const Bytes bytes = sampleBytes(element, 6);
@@ -74,7 +70,7 @@ TEST_F(WholeAccess, LeavesConversionToTheLibraryInEveryFormat)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
-            if (!isInTable(element) || element.hostClass == vxCHAR_CLASS)
+            if (!servesVariables(element) || element.hostClass == vxCHAR_CLASS)
                 continue;
             const int ncid = createGrid(NC_SHORT, format.mode);
             const Value values = valueOfBytes(element.hostClass, {3, 2}, countingBytes(element, 6));
@@ -145,7 +141,7 @@ TEST_F(WholeAccess, WritesAScalar)
 TEST_F(WholeAccess, RefusesNoDataBeforeAnyLibraryCall)
 {
     for (const ElementType& element : elementTypes) {
-        if (!isInTable(element))
+        if (!servesVariables(element))
             continue;
         const std::string operation = std::string("putVar") + element.suffix;
         EXPECT_THAT(attempt(operation, {-7, 0, Value::empty()}), raises("emptyVariableData"));
@@ -165,7 +161,7 @@ TEST_F(WholeAccess, FlattensAVariableWithoutRecordsToZeroByZeroDeliberately)
         number("defVar", {ncid, "c", NC_CHAR, row({1, 0})});
         host.call("endDef", {ncid});
         for (const ElementType& element : elementTypes) {
-            if (!isInTable(element))
+            if (!servesVariables(element))
                 continue;
             const bool isText = element.hostClass == vxCHAR_CLASS;
             const std::string operation = std::string("getVar") + element.suffix;
@@ -234,7 +230,7 @@ TEST_F(WholeAccess, TakesAnyClassAsItsRawStorageDeliberately)
 TEST_F(WholeAccess, RefusesDataThatHoldFewerBytesThanAreRead)
 {
     for (const ElementType& element : elementTypes) {
-        if (!isInTable(element))
+        if (!servesVariables(element))
             continue;
         const bool isText = element.hostClass == vxCHAR_CLASS;
         const int ncid = createGrid(isText ? NC_CHAR : NC_SHORT);
@@ -259,7 +255,7 @@ TEST_F(WholeAccess, ReportsBadIdentifiersWithTheStatusOfTheReadItself)
 {
     const int ncid = createGrid(NC_DOUBLE);
     for (const ElementType& element : elementTypes) {
-        if (!isInTable(element))
+        if (!servesVariables(element))
             continue;
         const std::string read = std::string("getVar") + element.suffix;
         EXPECT_THAT(attempt(read, {-7, 0}), failsWith(read, NC_EBADID));
@@ -304,7 +300,7 @@ TEST_F(WholeAccess, OfStringsAndOtherTypesIsLeftToTheLibrary)
 TEST_F(WholeAccess, ReadsLeftToRight)
 {
     for (const ElementType& element : elementTypes) {
-        if (!isInTable(element))
+        if (!servesVariables(element))
             continue;
         const std::string read = std::string("getVar") + element.suffix;
         EXPECT_THAT(attempt(read, {"bad", "bad"}),
@@ -323,7 +319,7 @@ TEST_F(WholeAccess, SetsEveryElementOfItsResult)
 {
     host.fillUninitialised(0xAB);
     for (const ElementType& element : elementTypes) {
-        if (!isInTable(element))
+        if (!servesVariables(element))
             continue;
         const int ncid = createGrid(element.externalType);
         require(nc_put_var(ncid, 0, Bytes(6 * element.size, '\0').data()));

@@ -119,6 +119,8 @@ Bytes bytesOfValue(const Value& value)
                              [&](auto zero) { return bytesOf(value.elements<decltype(zero)>()); });
 }
 
+bool servesVariables(const ElementType& element) { return std::string(element.suffix) != "Ubyte"; }
+
 std::string operationName(const std::string& form, const std::string& suffix)
 {
     if (form == "putVar1" && suffix == "Uint64")

@@ -28,6 +28,9 @@ standalone::Value valueOfBytes(vxClassID classId, const standalone::Dims& dims, 
 // The other way round; of a char array the low byte of each unit.
 Bytes bytesOfValue(const standalone::Value& value);
 
+// Whether operations on variables have the type, and not only those on attributes ("Ubyte").
+bool servesVariables(const Ovard::gridio::ElementType& element);
+
 // "getVara" and "Double" make "getVaraDouble"; the two names with a capital I are spelled as they
 // are.
 std::string operationName(const std::string& form, const std::string& suffix);
