@@ -23,19 +23,22 @@ struct Message {
 // clang-format off
 constexpr Message catalogue[] = {
     {"Ovard:gridio:validate:wrongNumberOfInputs",
-     "The number of arguments after the operation's name is not the one that this operation takes: see its "
-     "documentation for the list."},
+     "The number of arguments after the operation's name is not the one that this operation takes: gridio_help(NAME) "
+     "lists them."},
     {"Ovard:gridio:validate:argumentOutOfBounds",
      "The value of an argument is too large, too small or not a number, and does not fit the integer or float type "
-     "that the operation takes."},
+     "that the operation takes. Positions, counts and lengths are never negative."},
 
     {"Ovard:gridio:netcdf:unrecognizedOperation",
      "There is no operation \"{1}\". The first argument names one, exactly as documented, capital letters included: "
-     "\"open\", \"inqVarID\", \"getVarDouble\", ..."},
+     "\"open\", \"inqVarID\", \"getVarDouble\", ... gridio_help() lists all, and gridio_help(NAME) finds the "
+     "nearest names."},
     {"Ovard:gridio:netcdf:libraryFailure", "{1}: {2}: {3}"},
     {"Ovard:gridio:netcdf:librarydapFailure", "{1}: {2}: {3}"},
     {"Ovard:gridio:netcdf:badScalarArgument",
-     "The argument \"{1}\" must be one {2} value: a {2} scalar, neither empty nor NaN nor infinite."},
+     "The argument \"{1}\" must be one {2} value: a {2} scalar, neither empty nor NaN nor infinite. Files, groups, "
+     "dimensions and variables are given by the number that \"open\", \"inqVarID\" or the like returned, and types "
+     "by that of a constant, such as gridio(\"parameter\", \"NC_DOUBLE\")."},
     {"Ovard:gridio:netcdf:argumentWasNotChar",
      "The argument \"{1}\" must be text: a char array."},
     {"Ovard:gridio:netcdf:expectedLogicalType",
@@ -85,10 +88,10 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:unhandledAttributeOperation",
      "\"{1}\" is no attribute read of a known type."},
     {"Ovard:gridio:netcdf:dataSizeMismatch",
-     "The values do not fit the operation. Give as many as the variable, or the part of it, holds, and of the class "
-     "that the operation's name asks for: double for \"Double\", single for \"Float\", int32 for \"Int\", char for "
-     "\"Text\", ...; convert them first if need be. To add records along an unlimited dimension, write with START "
-     "and COUNT (\"putVaraDouble\", ...)."},
+     "The values do not fit the operation: they are too few or too many, or of another class. Give as many as the "
+     "variable, or the part of it, holds, and of the class that the operation's name asks for: double for "
+     "\"Double\", single for \"Float\", int32 for \"Int\", char for \"Text\", ...; convert them first if need be. "
+     "To add records along an unlimited dimension, write with START and COUNT (\"putVaraDouble\", ...)."},
     {"Ovard:gridio:netcdf:countNotEqualToData",
      "COUNT asks for {1} values, and {2} were given: the product of its elements must be their number."},
     {"Ovard:gridio:netcdf:badIndexArgumentLength",
@@ -97,12 +100,12 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:indexArgumentNotFinite",
      "START, COUNT or STRIDE holds a NaN or an infinite value: give whole numbers."},
     {"Ovard:gridio:netcdf:badRowDatatype",
-     "The argument \"{1}\" must be a vector of class double."},
+     "The argument \"{1}\" must be a vector of class double: convert numbers of another class with double(...)."},
     {"Ovard:gridio:netcdf:rowLengthOutOfBounds",
      "The argument \"{1}\" has too many elements: at most {2} are allowed."},
     {"Ovard:gridio:netcdf:closingFileHandle",
      "Files were still open and have been closed. Close each when it is no longer needed, with "
-     "gridio(\"close\", ncid)."},
+     "gridio(\"close\", ncid); gridio_open_files() lists those that are open."},
 };
 // clang-format on
 

@@ -18,15 +18,25 @@ struct Advice {
 constexpr Advice advice[] = {
     // System errors.
     {"2", "There is no such file or folder: check the path, and that the folder to create a file in exists."},
-    {"13", "The file or its folder may not be accessed. Creating a netCDF-4 file also ends so when its folder "
-           "does not exist, or when the same file is still open, here or in another process."},
-    {"24", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid)."},
+    {"13", "The permissions of the file or its folder forbid it. Creating a netCDF-4 file also ends so when its "
+           "folder does not exist or the path is a folder's, and when the same file is still open: in another "
+           "program, or here (gridio_open_files() lists those)."},
+    {"20", "A part of the path that should be a folder is a file: check the path."},
+    {"21", "The path is that of a folder: add the name of a file."},
+    {"22", "The operating system does not accept the call. When opening, the path is often that of a folder: add "
+           "the name of a file."},
+    {"24", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid); "
+           "gridio_open_files() lists them."},
+    {"27", "The file would be larger than the system allows this session to write (\"ulimit -f\")."},
     {"28", "The disk is full."},
+    {"36", "The name of the file is too long for the file system: choose a shorter one."},
 
     // Files and identifiers.
-    {"NC_EBADID", "ncid is not the identifier of an open file: the file was closed, or never opened."},
+    {"NC_EBADID", "ncid is not the identifier of an open file: the file was closed, or never opened. "
+                  "gridio_open_files() lists those that are open."},
     {"NC_EBADGRPID", "The identifier of a group was given where that of a file is needed, or there is no such group."},
-    {"NC_ENFILE", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid)."},
+    {"NC_ENFILE", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid); "
+                  "gridio_open_files() lists them."},
     {"NC_EEXIST", "The file exists, and the mode \"noclobber\" forbids replacing it: choose another name, or the "
                   "mode \"clobber\", which empties the file."},
     {"NC_EINVAL", "An argument has a value that the library does not accept: check the numbers and flags (two "
@@ -34,9 +44,10 @@ constexpr Advice advice[] = {
                   "storage). When opening, the file may have been cut short."},
     {"NC_EPERM", "The file is open for reading only: open it with the mode \"write\"."},
     {"NC_ENOTNC", "This is not a netCDF file, or it is empty or a folder: check the path."},
-    {"NC_EHDFERR", "The HDF5 library refused. When opening: another process, or this one, has the file open for "
-                   "writing (or it is to be written here and is being read), or the file is damaged. When reading "
-                   "or writing: the file may be damaged or the disk full."},
+    {"NC_EHDFERR", "The HDF5 library refused. When opening, the file is usually locked: another program is writing "
+                   "it (or reading it, if it is opened for writing here), so wait until that has closed it, or "
+                   "close it there. Otherwise the file is damaged, perhaps cut short while it was copied or "
+                   "written. When reading or writing, the file is damaged or the disk full."},
     {"NC_EFILEMETA", "The description inside the file cannot be read or written: the file may be damaged."},
     {"NC_ECANTWRITE", "The file cannot be written: check its permissions and the space on the disk."},
     {"NC_ECANTREAD", "The file cannot be read: check its permissions; it may be damaged."},
@@ -53,8 +64,11 @@ constexpr Advice advice[] = {
     {"NC_ELATEFILL", "A fill value is set right after \"defVar\", before the definitions end and data are written."},
 
     // Names and identifiers inside a file.
-    {"NC_ENAMEINUSE", "Another dimension, variable, attribute or group of the same place has that name: choose another."},
-    {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with a blank."},
+    {"NC_ENAMEINUSE", "The file or group already has a dimension, a variable, an attribute or a group of that name: "
+                      "choose another name, or use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find "
+                      "it)."},
+    {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with "
+                    "a blank."},
     {"NC_EMAXNAME", "A name may have at most 256 bytes."},
     {"NC_ENOTVAR", "There is no such variable in this file or group: check the name, or the identifier. Identifiers "
                    "count from 0, and a group's variables are found through the group's own identifier."},
@@ -77,14 +91,17 @@ constexpr Advice advice[] = {
     {"NC_EGLOBAL", "NC_GLOBAL stands for the file itself and is no variable here."},
     {"NC_ESTRICTNC3", "The file keeps to the classic model: groups, more than one unlimited dimension, and the "
                       "unsigned, 64-bit and string types need \"netcdf4\" without \"classic_model\"."},
-    {"NC_ENOTNC4", "Groups, chunking, compression and checksums need a netCDF-4 file: create it with the mode \"netcdf4\"."},
+    {"NC_ENOTNC4", "Groups, chunking, compression and checksums need a netCDF-4 file: create it with the mode "
+                   "\"netcdf4\"."},
     {"NC_EBADCHUNK", "Chunk sizes go from 1 to the length of their dimension, fastest dimension first."},
 
     // Data.
-    {"NC_EINVALCOORDS", "START lies past the end of a dimension. START is zero-based and in the host's order, fastest "
-                        "dimension first."},
-    {"NC_EEDGE", "START, COUNT and STRIDE together reach past the end of a dimension. START is zero-based and all "
-                 "three are in the host's order, fastest dimension first."},
+    {"NC_EINVALCOORDS", "START, or what STRIDE leads to from there, lies past the end of a dimension. START is "
+                        "zero-based: it goes from 0 to the length less 1. Its order is that of the array, fastest "
+                        "dimension first, as \"inqVar\" lists them; ncdump lists them the other way round."},
+    {"NC_EEDGE", "START, COUNT and STRIDE together reach past the end of a dimension. START is zero-based: the "
+                 "first element is 0. The order of all three is that of the array, fastest dimension first, as "
+                 "\"inqVar\" lists them; ncdump lists them the other way round."},
     {"NC_ESTRIDE", "Each element of STRIDE must be 1 or more."},
     {"NC_ERANGE", "Some values do not fit the type that they were converted to; the others were converted. Use an "
                   "operation of a wider type, or give the variable one."},
@@ -94,9 +111,10 @@ constexpr Advice advice[] = {
     // Remote access.
     {"NC_EDAP", "The remote server's answer was not understood: check the address."},
     {"NC_ECURL", "The remote server was not reached: check the address and the network."},
-    {"NC_EIO", "The remote server was not reached, or there is no such data set there: check the address and the network."},
+    {"NC_EIO", "The remote server was not reached, or there is no such data set there: check the address and the "
+               "network."},
     {"NC_EDAPSVC", "The remote server was not reached, or answered with an error: check the address, or try later."},
-    {"NC_EDAPURL", "The address of the remote data set is malformed, or the file name is empty."},
+    {"NC_EDAPURL", "The file name is empty, or the address of the remote data set is malformed."},
     {"NC_EDAPCONSTRAINT", "The constraint at the end of the address is malformed, or names what the data set has not."},
     {"NC_ENODATA", "The remote data set has no data for this request."},
 };

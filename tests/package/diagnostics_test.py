@@ -1,7 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """gridio_open_files and gridio_version in real sessions."""
-import os
-import pathlib
 import re
 import resource
 import signal
@@ -10,30 +8,12 @@ import sys
 import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-INST = ROOT / "hosts" / "octave" / "inst"
+from sessions import INST, ROOT, session
+
 sys.path.insert(0, str(ROOT / "tests" / "remote"))
 import dap2_server  # noqa: E402
 
 IS_MAPPED = 'is_mapped = @() ! isempty (strfind (fileread ("/proc/self/maps"), "gridio.oct"));\n'
-
-
-def session(test, code, *arguments, folders=(os.environ["GRIDIO_OCT_DIR"], INST), **options):
-    """What a session that must succeed prints to both channels, in a folder of its own."""
-    folder = tempfile.TemporaryDirectory()
-    test.addCleanup(folder.cleanup)
-    script = pathlib.Path(folder.name, "script.m")
-    script.write_text("1;\n" + code)
-    command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet"]
-    for path in folders:
-        command += ["--path", str(path)]
-    done = subprocess.run([*command, script, *map(str, arguments)], cwd=folder.name, text=True,
-                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120,
-                          env={**os.environ, "OCTAVE_HISTFILE": os.devnull, "HOME": folder.name,
-                               "TMPDIR": folder.name, "http_proxy": "", "HTTP_PROXY": "", "no_proxy": "*"},
-                          **options)
-    test.assertEqual(done.returncode, 0, done.stdout)
-    return done.stdout
 
 
 class OpenFiles(unittest.TestCase):

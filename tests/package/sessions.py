@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: BSD-3-Clause
+"""Sessions of the interpreter with the gridio of this build."""
+import os
+import pathlib
+import subprocess
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+INST = ROOT / "hosts" / "octave" / "inst"
+FOLDERS = (os.environ["GRIDIO_OCT_DIR"], INST)
+
+
+def own_environment(folder):
+    """With nothing of the user's, and no proxy between the library and the loopback address."""
+    return {**os.environ, "OCTAVE_HISTFILE": os.devnull, "HOME": folder, "TMPDIR": folder,
+            "http_proxy": "", "HTTP_PROXY": "", "no_proxy": "*"}
+
+
+def command_for(script, folders=FOLDERS):
+    paths = [word for folder in folders for word in ("--path", str(folder))]
+    return [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet", *paths, script]
+
+
+def session(test, code, *arguments, folders=FOLDERS, **options):
+    """What a session that must succeed prints to both channels, in a folder of its own."""
+    folder = tempfile.TemporaryDirectory()
+    test.addCleanup(folder.cleanup)
+    script = pathlib.Path(folder.name, "script.m")
+    script.write_text("1;\n" + code)
+    done = subprocess.run([*command_for(script, folders), *map(str, arguments)], cwd=folder.name, text=True,
+                          stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120,
+                          env=own_environment(folder.name), **options)
+    test.assertEqual(done.returncode, 0, done.stdout)
+    return done.stdout
