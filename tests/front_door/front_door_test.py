@@ -49,6 +49,7 @@ class Commands(FrontDoorTest):
         self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
         self.assert_one_line(self.gridio("package", "x"), 2, "package takes nothing but --check")
+        self.assert_one_line(self.gridio("manual", "x"), 2, "manual takes no arguments")
         self.assertEqual(self.sandbox.log(), [])
 
     def test_shell_loads_gridio_and_keeps_its_history_out_of_home(self):

@@ -20,7 +20,7 @@ import dap2_server
 
 # What the manual calls the server that its examples on remote data read from.
 SERVER = "http://data.example.org"
-WIDTH = 90
+WIDTH = manual_source.WIDTH
 
 
 def steps_of(chain, server):

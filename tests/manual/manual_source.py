@@ -6,6 +6,7 @@ import re
 
 CHAPTERS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "manual"
 KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program")
+WIDTH = 80  # so that an example fits a page
 
 
 class Mistake(Exception):
@@ -50,6 +51,8 @@ def blocks(path):
         while not lines[end].startswith("@end "):
             end += 1
         text = "".join(plain(line) + "\n" for line in lines[at + 1:end])
+        if any(len(line) > WIDTH for line in text.splitlines() if marker[1] != "prints"):
+            raise Mistake(f"{path.name}:{at + 1}: a line of more than {WIDTH} characters")
         yield Block(path, at + 1, end, marker[1], marker[2] or "", text)
         at = end
 

@@ -175,7 +175,12 @@ class Pointers(unittest.TestCase):
                 with self.subTest(name, path=path):
                     self.assertTrue((ROOT / path).exists())
 
-    def test_presets_and_tests(self):
+    def test_packages_that_the_tests_install_too(self):
+        listed = re.findall(r"^test +(\S+)", (ROOT / "gridio").read_text(), re.M)
+        wanted = re.search(r"apt-get install (.+)", self.texts["first_steps.texi"])[1].split()
+        self.assertEqual(set(wanted) - set(listed), set())
+
+    def test_presets(self):
         presets = (ROOT / "CMakePresets.json").read_text()
         for preset in re.findall(r"--preset (\w+)", self.texts["CONTRIBUTING.md"]):
             self.assertIn(f'"name": "{preset}"', presets)
