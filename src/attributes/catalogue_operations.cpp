@@ -34,7 +34,7 @@ void copyText(int fromNcid, const char* name, int toNcid, int toVarid, const Ope
 
 void inqAtt(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
 
@@ -47,7 +47,7 @@ void inqAtt(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void inqAttID(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
 
@@ -58,7 +58,7 @@ void inqAttID(int, vxArray* results[], int, const vxArray* args[], const Operati
 
 void inqAttName(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const int attnum = readIntScalar(args[2], "attid");
 
@@ -69,7 +69,7 @@ void inqAttName(int, vxArray* results[], int, const vxArray* args[], const Opera
 
 void renameAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string oldName = readText(args[2], "attribute");
     const std::string newName = readText(args[3], "attribute");
@@ -79,7 +79,7 @@ void renameAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry
 
 void delAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
 
@@ -88,10 +88,10 @@ void delAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
 
 void copyAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int fromNcid = readIntScalar(args[0], "ncid");
+    const int fromNcid = readNcid(args[0]);
     const int fromVarid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
-    const int toNcid = readIntScalar(args[3], "ncid");
+    const int toNcid = readNcid(args[3]);
     const int toVarid = readIntScalar(args[4], "varid");
 
     const bool isOntoItself = fromNcid == toNcid && fromVarid == toVarid;

@@ -59,7 +59,7 @@ bool isGuardedFillValue(int ncid, int varid, const std::string& name, const Oper
 
 void getAtt(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
 
@@ -82,7 +82,7 @@ void getAtt(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
     const int xtype = readIntScalar(args[3], "xtype");
@@ -101,7 +101,7 @@ void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
 
 void putAttText(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "attribute");
     requireVariableData(args[3], entry);

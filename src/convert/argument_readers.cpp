@@ -4,6 +4,7 @@
 #include "convert/numeric_class.h"
 #include "convert/numeric_conversion.h"
 #include "error_identifiers.h"
+#include "open_file_registry.h"
 #include "vx/text.h"
 
 #include <cstring>
@@ -89,6 +90,13 @@ unsigned char readUcharScalar(const vxArray* a, std::string_view name)
 signed char readScharScalar(const vxArray* a, std::string_view name)
 {
     return readScalar<signed char>(a, name);
+}
+
+int readNcid(const vxArray* a, std::string_view name)
+{
+    constexpr int refusedNcid = -1;
+    const int ncid = readIntScalar(a, name);
+    return isGivenUpFile(ncid) ? refusedNcid : ncid;
 }
 
 std::string readText(const vxArray* a, const char* name)

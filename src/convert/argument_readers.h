@@ -30,6 +30,10 @@ short readShortScalar(const vxArray* a, std::string_view name);
 unsigned char readUcharScalar(const vxArray* a, std::string_view name);
 signed char readScharScalar(const vxArray* a, std::string_view name);
 
+// A file or group identifier: readIntScalar, but of a file that was given up (open_file_registry.h)
+// it comes back as one that the library refuses.
+int readNcid(const vxArray* a, std::string_view name = "ncid");
+
 // A name or word: a char array of any shape, in storage order, in the narrow encoding. Raises
 // argumentWasNotChar(name) for any other class. An empty char array gives an empty string.
 std::string readText(const vxArray* a, const char* name);

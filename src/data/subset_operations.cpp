@@ -76,7 +76,7 @@ void requireDimensions(const Subset& subset, int ncid, int varid, const Operatio
 void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
                   const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const Subset subset = readSubset(args + 2, nargs - 2);
     const ElementType* element = findElementType(subsetReads, entry->code);
@@ -96,7 +96,7 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
 
 void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const Subset subset = readSubset(args + 2, nargs - 3);
     const vxArray* data = args[nargs - 1];

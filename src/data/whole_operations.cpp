@@ -41,7 +41,7 @@ vxArray* createFlattenedEmpty(const ElementType& element, nc_type xtype)
 
 void getVar(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const ElementType* element = findElementType(wholeReads, entry->code);
     if (element == nullptr)
@@ -67,7 +67,7 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
 // The whole variable as it is now: a write of this kind never adds records.
 void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const vxArray* data = args[2];
     const ElementType* element = findElementType(wholeWrites, entry->code);

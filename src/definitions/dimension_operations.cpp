@@ -12,7 +12,7 @@ namespace Ovard::gridio::operations {
 
 void defDim(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::string name = readText(args[1], "dimension");
     const std::size_t length = readSizeScalar(args[2], "dim_length");
 
@@ -23,7 +23,7 @@ void defDim(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void inqDimID(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::string name = readText(args[1], "dimension");
 
     int dimid = 0;
@@ -33,7 +33,7 @@ void inqDimID(int, vxArray* results[], int, const vxArray* args[], const Operati
 
 void inqDim(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int dimid = readIntScalar(args[1], "dimid");
 
     char* name = nameBuffer();
@@ -45,7 +45,7 @@ void inqDim(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void renameDim(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int dimid = readIntScalar(args[1], "dimid");
     const std::string name = readText(args[2], "dimension");
 

@@ -43,7 +43,7 @@ void readFillValue(const vxArray* a, const ElementType& element, void* value)
 // The capital names are deliberate, unlike those of every other operation on variables.
 void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "NCID");
+    const int ncid = readNcid(args[0], "NCID");
     const int varid = readIntScalar(args[1], "VARID");
     const bool noFill = readFlag(args[2], "FILL FLAG");
     if (noFill) { // the value is deliberately not looked at: it may be anything
@@ -62,7 +62,7 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
 // the library writes one byte into the zeroed 16-bit unit.
 void inqVarFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
 
     nc_type xtype = NC_NAT;

@@ -44,7 +44,7 @@ vxArray* chunkSizeRow(const std::vector<std::size_t>& sizes)
 
 void defVarChunking(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const int storage = readIntScalar(args[2], "storage");
     const std::vector<std::size_t> sizes = toChunkSizeVector(args[3], "chunk dims");
@@ -64,7 +64,7 @@ void defVarChunking(int, vxArray*[], int, const vxArray* args[], const Operation
 void inqVarChunking(int, vxArray* results[], int, const vxArray* args[],
                     const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     if (!isNetcdf4(ncid, entry))
         vxErrMsgId(netcdf::attemptedChunkingInquiryOnNetcdf3File());
@@ -85,7 +85,7 @@ void inqVarChunking(int, vxArray* results[], int, const vxArray* args[],
 
 void defVarDeflate(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const bool shuffle = readFlag(args[2], "shuffle flag");
     const bool deflate = readFlag(args[3], "deflate flag");
@@ -97,7 +97,7 @@ void defVarDeflate(int, vxArray*[], int, const vxArray* args[], const OperationE
 
 void inqVarDeflate(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
 
     int shuffle = 0;
@@ -111,7 +111,7 @@ void inqVarDeflate(int, vxArray* results[], int, const vxArray* args[], const Op
 
 void defVarFletcher32(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const int setting = readIntScalar(args[2], "checksum setting");
 
@@ -121,7 +121,7 @@ void defVarFletcher32(int, vxArray*[], int, const vxArray* args[], const Operati
 void inqVarFletcher32(int, vxArray* results[], int, const vxArray* args[],
                       const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     if (!isNetcdf4(ncid, entry))
         vxErrMsgId(netcdf::attemptedChecksumInquiryOnNetcdf3File());

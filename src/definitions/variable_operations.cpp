@@ -53,7 +53,7 @@ void requireRenameable(int ncid, int varid, const std::string& name, const Opera
 
 void defVar(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::string name = readText(args[1], "variable");
     const int xtype = readIntScalar(args[2], "xtype");
     const std::vector<int> dimids = toDimIdVector(args[3], "dimids");
@@ -66,7 +66,7 @@ void defVar(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void inqVarID(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::string name = readText(args[1], "variable");
 
     int varid = 0;
@@ -76,7 +76,7 @@ void inqVarID(int, vxArray* results[], int, const vxArray* args[], const Operati
 
 void inqVar(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     if (varid == NC_GLOBAL)
         vxErrMsgId(netcdf::inqVarNcGlobal());
@@ -97,7 +97,7 @@ void inqVar(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void renameVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const std::string name = readText(args[2], "variable");
 

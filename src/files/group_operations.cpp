@@ -13,7 +13,7 @@ namespace Ovard::gridio::operations {
 
 void defGrp(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int parent = readIntScalar(args[0], "ncid");
+    const int parent = readNcid(args[0]);
     const std::string name = readText(args[1], "group name");
 
     int group = 0;
@@ -23,7 +23,7 @@ void defGrp(int, vxArray* results[], int, const vxArray* args[], const Operation
 
 void inqGrps(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     results[0] =
         inquireIdRow(entry, [=](int* count, int* ids) { return nc_inq_grps(ncid, count, ids); });
@@ -31,7 +31,7 @@ void inqGrps(int, vxArray* results[], int, const vxArray* args[], const Operatio
 
 void inqGrpName(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     char name[NC_MAX_NAME + 1] = "";
     checkStatus(nc_inq_grpname(ncid, name), entry);
@@ -41,7 +41,7 @@ void inqGrpName(int, vxArray* results[], int, const vxArray* args[], const Opera
 void inqGrpNameFull(int, vxArray* results[], int, const vxArray* args[],
                     const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     std::size_t length = 0;
     checkStatus(nc_inq_grpname_len(ncid, &length), entry);
@@ -52,7 +52,7 @@ void inqGrpNameFull(int, vxArray* results[], int, const vxArray* args[],
 
 void inqGrpParent(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     int parent = 0;
     checkStatus(nc_inq_grp_parent(ncid, &parent), entry);
@@ -61,7 +61,7 @@ void inqGrpParent(int, vxArray* results[], int, const vxArray* args[], const Ope
 
 void inqNcid(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::string name = readText(args[1], "group name");
 
     int group = 0;

@@ -34,7 +34,7 @@ const char* formatName(int format)
 
 void inq(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     int ndims = 0;
     int nvars = 0;
@@ -49,7 +49,7 @@ void inq(int, vxArray* results[], int, const vxArray* args[], const OperationEnt
 
 void inqFormat(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     int format = 0;
     checkStatus(nc_inq_format(ncid, &format), entry);
@@ -63,7 +63,7 @@ void inqLibVers(int, vxArray* results[], int, const vxArray*[], const OperationE
 
 void inqUnlimDims(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     results[0] = inquireIdRow(
         entry, [=](int* count, int* ids) { return nc_inq_unlimdims(ncid, count, ids); });
@@ -71,7 +71,7 @@ void inqUnlimDims(int, vxArray* results[], int, const vxArray* args[], const Ope
 
 void inqVarIDs(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     results[0] =
         inquireIdRow(entry, [=](int* count, int* ids) { return nc_inq_varids(ncid, count, ids); });
@@ -79,7 +79,7 @@ void inqVarIDs(int, vxArray* results[], int, const vxArray* args[], const Operat
 
 void inqDimIDs(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const bool includeParents = readFlag(args[1], "include_parents flag");
 
     results[0] = inquireIdRow(entry, [=](int* count, int* ids) {

@@ -9,8 +9,6 @@
 
 #include <netcdf.h>
 
-#include <set>
-
 namespace Ovard::gridio::operations {
 namespace {
 
@@ -43,19 +41,8 @@ int writeRest(int ncid)
     return status == NC_NOERR || status == NC_ENOTINDEFINE ? nc_sync(ncid) : status;
 }
 
-// NetCDF-4 files that were written and that the library then failed to close. It has taken them
-// apart but for the identifier, which it never gives out again, and crashes when it is to close or
-// to abort them once more.
-std::set<int> brokenFiles;
-
-void requireUnbroken(int ncid, const OperationEntry* entry)
-{
-    if (brokenFiles.count(ncid) != 0)
-        checkStatus(NC_EHDFERR, entry);
-}
-
 // nc_close, but a file that can not be written to its end stays open, to be mended and closed, or
-// aborted. One that breaks is deliberately held no longer: closing it at unload would crash.
+// aborted. A netCDF-4 file that is written and yet not closed has been taken apart by the library.
 int closeFile(int ncid)
 {
     int model = NC_FORMATX_UNDEFINED;
@@ -66,10 +53,8 @@ int closeFile(int ncid)
         return writing;
 
     const int status = nc_close(ncid);
-    if (status != NC_NOERR && isWritten && model == NC_FORMATX_NC_HDF5) {
-        brokenFiles.insert(ncid);
-        unregisterOpenFile(ncid);
-    }
+    if (status != NC_NOERR && isWritten && model == NC_FORMATX_NC_HDF5)
+        giveUpFile(ncid);
     return status;
 }
 
@@ -77,8 +62,7 @@ int closeFile(int ncid)
 
 void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
-    requireUnbroken(ncid, entry);
+    const int ncid = readNcid(args[0]);
 
     checkStatus(closeFile(ncid), entry);
     unregisterOpenFile(ncid);
@@ -86,8 +70,7 @@ void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* en
 
 void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
-    requireUnbroken(ncid, entry);
+    const int ncid = readNcid(args[0]);
 
     checkStatus(nc_abort(ncid), entry);
     unregisterOpenFile(ncid);
@@ -95,28 +78,28 @@ void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* en
 
 void sync(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     checkStatus(nc_sync(ncid), entry);
 }
 
 void redef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     checkStatus(nc_redef(ncid), entry);
 }
 
 void endDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
 
     checkStatus(nc_enddef(ncid), entry);
 }
 
 void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const std::size_t headerFree = readSizeScalar(args[1], "h_minfree");
     const std::size_t variableAlign = readSizeScalar(args[2], "v_align");
     const std::size_t variableFree = readSizeScalar(args[3], "v_minfree");
@@ -130,7 +113,7 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
 
 void setFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
-    const int ncid = readIntScalar(args[0], "ncid");
+    const int ncid = readNcid(args[0]);
     const int newMode = readIntScalar(args[1], "new_fill_mode");
 
     int oldMode = 0;

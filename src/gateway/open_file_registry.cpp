@@ -11,6 +11,10 @@ namespace Ovard::gridio {
 namespace {
 
 std::set<int> openFiles;
+std::set<int> givenUpFiles; // by fileOf
+
+// The part of an identifier that tells the file; the rest tells the group.
+int fileOf(int ncid) { return ncid >> 16; }
 
 } // namespace
 
@@ -28,6 +32,17 @@ void registerOpenFile(int ncid)
 void unregisterOpenFile(int ncid) { openFiles.erase(ncid); }
 
 bool isRegisteredFile(int ncid) { return openFiles.count(ncid) != 0; }
+
+void giveUpFile(int ncid)
+{
+    givenUpFiles.insert(fileOf(ncid));
+    openFiles.erase(ncid);
+}
+
+bool isGivenUpFile(int ncid)
+{
+    return !givenUpFiles.empty() && givenUpFiles.count(fileOf(ncid)) != 0;
+}
 
 void closeRegisteredFiles()
 {
