@@ -30,13 +30,14 @@ struct OpenFile {
     int mode = 0;
 };
 
-// False when no file has the number. Asks the library nothing that it would crash on for a lost
-// file.
+// False when no file has the number, and for a given-up one: the library would crash on many
+// questions about it.
 bool findFile(int number, OpenFile& file)
 {
     file.ncid = static_cast<int>(static_cast<unsigned>(number) << 16);
     std::size_t length = 0;
-    if (nc_inq_path(file.ncid, &length, nullptr) != NC_NOERR)
+    if (Ovard::gridio::isGivenUpFile(file.ncid) ||
+        nc_inq_path(file.ncid, &length, nullptr) != NC_NOERR)
         return false;
     std::vector<char> path(length + 1);
     if (nc_inq_path(file.ncid, nullptr, path.data()) != NC_NOERR)

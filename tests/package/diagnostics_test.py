@@ -103,7 +103,7 @@ class OpenFiles(unittest.TestCase):
         """, f"http://127.0.0.1:{server.server_port}/good")
         self.assertEqual(printed, "1\nNo netCDF file is open.\n")
 
-    def test_survives_a_file_that_fails_to_close(self):
+    def test_survives_a_classic_file_that_fails_to_close(self):
         def no_space():
             signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
             resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))
@@ -121,6 +121,27 @@ class OpenFiles(unittest.TestCase):
         """, preexec_fn=no_space)
         self.assertRegex(printed, r"^close: 27: File too large\n +ncid .*\n +65536  write  classic +closed +big\.nc\n"
                                   r"No netCDF file is open\.\n$")
+
+    def test_leaves_out_a_file_that_the_library_took_apart(self):
+        # Named as a dimension that is not its own, a written variable keeps the library from closing the file; many a
+        # question about it crashes the library from then on.
+        printed = session(self, """
+            ncid = gridio ("create", "broken.nc", "netcdf4");
+            x = gridio ("defDim", ncid, "x", 2);
+            y = gridio ("defDim", ncid, "y", 3);
+            v = gridio ("defVar", ncid, "v", 6, [x y]);
+            gridio ("endDef", ncid);
+            try gridio ("renameVar", ncid, v, "x"); end
+            for k = 1:3
+              try
+                gridio ("close", ncid);
+              catch failure
+                disp (strsplit (failure.message, ": "){2});
+              end
+            end
+            gridio_open_files ();
+        """)
+        self.assertRegex(printed, r"^(NC_EHDFERR\n)+(NC_EBADID\n)+No netCDF file is open\.\n$")
 
     def test_changes_nothing(self):
         printed = session(self, """
