@@ -48,6 +48,8 @@ class Commands(FrontDoorTest):
         self.assert_one_line(self.gridio("run", "no.m"), 2, "cannot read the script no.m")
         self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
+        self.assert_one_line(self.gridio("bench", "--fast"), 2, "bench takes no --fast")
+        self.assert_one_line(self.gridio("bench", "--json"), 2, "--json needs a file")
         self.assert_one_line(self.gridio("package", "x"), 2, "package takes nothing but --check")
         self.assert_one_line(self.gridio("manual", "x"), 2, "manual takes no arguments")
         self.assertEqual(self.sandbox.log(), [])
@@ -193,6 +195,14 @@ class Packages(FrontDoorTest):
         installed = (self.sandbox.machine / "installed").read_text()
         self.assertIn("texinfo", installed)
         self.assertNotIn("libgtest-dev", installed)
+
+    def test_bench_installs_the_binding_to_compare_with_only_when_asked(self):
+        installed = self.sandbox.machine / "installed"
+        self.gridio("bench")
+        self.assertIn("valgrind", installed.read_text())
+        self.assertNotIn("python3-netcdf4", installed.read_text())
+        self.gridio("bench", "--peers")
+        self.assertIn("python3-netcdf4", installed.read_text())
 
     def test_lists_are_fetched_only_when_a_package_is_unknown(self):
         self.assertEqual(self.run_empty().returncode, 0)
