@@ -8,14 +8,16 @@
 #include "error_identifiers.h"
 #include "files/file_operations.h"
 
+#include <array>
 #include <cstring>
+#include <string>
 
 namespace Ovard::gridio {
 
 namespace op = operations;
 
 // clang-format off
-const OperationEntry operationTable[operationCount] = {
+constexpr OperationEntry operationTable[operationCount] = {
     // Files: life cycle
     {  0, "abort",             1, op::abort},
     {  1, "close",             1, op::close},
@@ -214,13 +216,27 @@ const OperationEntry operationTable[operationCount] = {
 };
 // clang-format on
 
+namespace {
+
+// A row of another length than the name is passed over without a look at its text.
+constexpr auto nameLengths = [] {
+    std::array<std::size_t, operationCount> lengths{};
+    for (std::size_t i = 0; i < operationCount; ++i)
+        lengths[i] = std::char_traits<char>::length(operationTable[i].name);
+    return lengths;
+}();
+
+} // namespace
+
 const OperationEntry* findOperation(const char* name, unsigned nargs)
 {
     if (name == nullptr)
         vxErrMsgId(netcdf::unrecognizedOperation(""));
 
-    for (const OperationEntry& entry : operationTable) {
-        if (std::strcmp(name, entry.name) != 0)
+    const std::size_t length = std::strlen(name);
+    for (std::size_t i = 0; i < operationCount; ++i) {
+        const OperationEntry& entry = operationTable[i];
+        if (nameLengths[i] != length || std::memcmp(name, entry.name, length) != 0)
             continue;
         if (entry.nargs != nargs)
             vxErrMsgId(validate::wrongNumberOfInputs());
