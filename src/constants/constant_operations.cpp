@@ -57,6 +57,12 @@ std::string lookupName(std::string text)
     return text;
 }
 
+// Most texts differ in their first character, which is cheaper to compare than lengths.
+bool isSame(const std::string& name, const char* text)
+{
+    return name[0] == text[0] && name == text;
+}
+
 } // namespace
 
 void parameter(int, vxArray* results[], int, const vxArray* args[], const OperationEntry*)
@@ -65,13 +71,13 @@ void parameter(int, vxArray* results[], int, const vxArray* args[], const Operat
 
     const auto* found =
         std::find_if(std::begin(constantTable), std::end(constantTable),
-                     [&](const ConstantEntry& row) { return name == row.shortName(); });
+                     [&](const ConstantEntry& row) { return isSame(name, row.shortName()); });
     if (found == std::end(constantTable))
         vxErrMsgId(netcdf::unrecognizedCharParameter(name));
 
     const auto* typed =
         std::find_if(std::begin(typedConstants), std::end(typedConstants),
-                     [&](const TypedConstant& row) { return name == row.shortName; });
+                     [&](const TypedConstant& row) { return isSame(name, row.shortName); });
     results[0] =
         typed != std::end(typedConstants) ? typed->create() : vxCreateDoubleScalar(found->value);
 }

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "constants/constant_table.h"
 
-#include <string_view>
+#include <cstring>
 
 namespace Ovard::gridio {
 
 const char* ConstantEntry::shortName() const
 {
-    constexpr std::string_view prefix = "NC_";
-    const bool hasPrefix = std::string_view(fullName).substr(0, prefix.size()) == prefix;
-    return hasPrefix ? fullName + prefix.size() : fullName;
+    return std::strncmp(fullName, "NC_", 3) == 0 ? fullName + 3 : fullName;
 }
 
 // Deliberately, NC_EATTMETA stands before NC_EDIMMETA, five constants stand between the two runs of
