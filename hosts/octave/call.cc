@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "call.h"
 
+#include "result_memory.h"
+
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -41,20 +43,22 @@ void* Call::allocateInline(size_t bytes)
 void* Call::allocate(size_t bytes)
 {
     void* memory = allocateInline(bytes);
-    return memory ? memory : keep(std::malloc(bytes));
+    return memory ? memory : keep(std::malloc(bytes), bytes);
 }
 
 void* Call::allocateZeros(size_t count, size_t size)
 {
     void* memory = allocateInline(bytesOf(count, size));
-    return memory ? std::memset(memory, 0, count * size) : keep(std::calloc(count, size));
+    return memory ? std::memset(memory, 0, count * size)
+                  : keep(std::calloc(count, size), count * size);
 }
 
-void* Call::keep(void* block)
+void* Call::keep(void* block, size_t bytes)
 {
     std::unique_ptr<void, Free> owner(block);
     if (!block)
         throw std::bad_alloc();
+    adviseHugePages(block, bytes);
     blocks_.push_back(std::move(owner));
     return block;
 }
@@ -82,6 +86,7 @@ void* vxCalloc(size_t count, size_t size)
     void* memory = std::calloc(bytes ? bytes : 1, 1);
     if (!memory)
         throw std::bad_alloc();
+    hosts::oct::adviseHugePages(memory, bytes);
     return memory;
 }
 

@@ -56,7 +56,7 @@ private:
         void operator()(void* memory) const { std::free(memory); }
     };
 
-    void* keep(void* block);
+    void* keep(void* block, size_t bytes);
 
     static Call* current_;
 

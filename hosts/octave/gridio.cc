@@ -24,11 +24,10 @@ octave_value_list callModule(const octave_value_list& args, int nargout)
     plugFunction(nargout, results, static_cast<int>(count), arguments);
 
     // All of them, whatever the script asked for: the interpreter drops what is too much.
-    octave_value_list values;
     octave_idx_type used = 0;
     while (used < plugResultSlots && results[used])
         ++used;
-    values.resize(used);
+    octave_value_list values(used);
     for (octave_idx_type i = 0; i < used; ++i)
         values(i) = hosts::oct::toValue(*results[i]);
     return values;

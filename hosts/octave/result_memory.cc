@@ -13,18 +13,20 @@ namespace {
 constexpr size_t largeBlock = size_t{4} << 20;
 constexpr std::uintptr_t hugePage = std::uintptr_t{2} << 20;
 
-// Advises whole huge pages inside the block only, so that never more memory is used than without.
+} // namespace
+
 void adviseHugePages(void* block, size_t bytes)
 {
+    if (bytes < largeBlock)
+        return;
     const auto begin = reinterpret_cast<std::uintptr_t>(block);
     const std::uintptr_t first = (begin + hugePage - 1) & ~(hugePage - 1);
     const std::uintptr_t last = (begin + bytes) & ~(hugePage - 1);
-    // Only advice: a system without huge pages refuses it, and nothing is lost.
+    // Whole huge pages inside the block only, so that never more memory is used than without. Only
+    // advice: a system without huge pages refuses it, and nothing is lost.
     if (first < last)
         static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
 }
-
-} // namespace
 
 void* newElements(size_t count, size_t elementSize)
 {
@@ -32,8 +34,7 @@ void* newElements(size_t count, size_t elementSize)
         throw std::bad_alloc();
     const size_t bytes = count * elementSize;
     void* block = ::operator new(bytes);
-    if (bytes >= largeBlock)
-        adviseHugePages(block, bytes);
+    adviseHugePages(block, bytes);
     return block;
 }
 

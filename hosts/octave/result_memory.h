@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Memory that the interpreter can own as an array's storage.
+// Large memory, and memory that the interpreter can own as an array's storage.
 #pragma once
 
 #include <cstddef>
 
 namespace hosts::oct {
 
-// A block of ::operator new holding anything. A large one asks for huge pages: touching fresh small
-// pages one by one takes more time than most reads.
+// Asks for huge pages behind a large block that is not yet touched: touching small pages one by one
+// takes more time than most reads. Does nothing for a small one.
+void adviseHugePages(void* block, size_t bytes);
+
+// A block of ::operator new holding anything.
 void* newElements(size_t count, size_t elementSize);
 
 } // namespace hosts::oct
