@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What the netCDF library does by itself, with nothing of this project between: the faults of
+// docs/limits.md, each in a process of its own. Tells which of them show; fails when one does not
+// that release 4.9.0 has, since a guard or a warning may then be dropped.
+#include <netcdf.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string file;
+
+int create(int mode)
+{
+    int ncid = 0;
+    nc_create(file.c_str(), mode, &ncid);
+    return ncid;
+}
+
+// With dimensions x (2) and y (3), v (y, x), a scalar s and a global attribute; written.
+int createNetcdf4()
+{
+    static const int yx[] = {1, 0};
+    const int ncid = create(NC_NETCDF4);
+    int id = 0;
+    nc_put_att_text(ncid, NC_GLOBAL, "title", 4, "text");
+    nc_def_dim(ncid, "x", 2, &id);
+    nc_def_dim(ncid, "y", 3, &id);
+    nc_def_var(ncid, "v", NC_DOUBLE, 2, yx, &id);
+    nc_def_var(ncid, "s", NC_INT, 0, nullptr, &id);
+    nc_enddef(ncid);
+    return ncid;
+}
+
+void openAndClose()
+{
+    int ncid = 0;
+    if (nc_open(file.c_str(), NC_NOWRITE, &ncid) == NC_NOERR)
+        nc_close(ncid);
+}
+
+// A fault shows when its function does not return, or returns true.
+struct Fault {
+    const char* name;
+    bool (*shows)();
+};
+
+const Fault faults[] = {
+    {"nc_create with the flag of a user-defined format that there is not",
+     [] {
+         create(NC_UDF0);
+         return false;
+     }},
+    {"nc_open with NC_INMEMORY",
+     [] {
+         nc_close(create(NC_CLOBBER));
+         int ncid = 0;
+         nc_open(file.c_str(), NC_INMEMORY, &ncid);
+         return false;
+     }},
+    {"nc__enddef of a classic file with an alignment of 0",
+     [] {
+         const int ncid = create(NC_CLOBBER);
+         int id = 0;
+         nc_def_dim(ncid, "x", 3, &id);
+         nc_def_var(ncid, "v", NC_INT, 1, &id, &id);
+         nc__enddef(ncid, 0, 0, 0, 0);
+         return false;
+     }},
+    {"any use of a classic file that nc_close could not bring out of define mode",
+     [] {
+         const int ncid = create(NC_CLOBBER);
+         const int fill = 1;
+         int id = 0;
+         nc_def_dim(ncid, "x", 2, &id);
+         nc_def_var(ncid, "v", NC_SHORT, 1, &id, &id);
+         nc_put_att_int(ncid, id, "_FillValue", NC_INT, 1, &fill);
+         nc_close(ncid);
+         nc_close(ncid);
+         return false;
+     }},
+    {"nc_get_att of an attribute that the library makes up writes more than it announces",
+     [] {
+         const int ncid = createNetcdf4();
+         std::size_t length = 0;
+         nc_inq_attlen(ncid, NC_GLOBAL, "_IsNetcdf4", &length);
+         signed char values[16];
+         std::memset(values, 7, sizeof values);
+         nc_get_att_schar(ncid, NC_GLOBAL, "_IsNetcdf4", values);
+         return length == 1 && values[1] != 7;
+     }},
+    {"a second nc_close of a netCDF-4 file that could not be closed",
+     [] {
+         const int ncid = createNetcdf4();
+         nc_rename_var(ncid, 0, "x");
+         nc_close(ncid);
+         nc_close(ncid);
+         return false;
+     }},
+    {"nc_rename_var of a scalar netCDF-4 variable to the name of a dimension",
+     [] {
+         nc_rename_var(createNetcdf4(), 1, "x");
+         return false;
+     }},
+    {"access to a netCDF-4 variable of which a dimension is missing",
+     [] {
+         const int first = createNetcdf4();
+         nc_rename_var(first, 0, "x");
+         nc_rename_var(first, 0, "other");
+         int ncid = 0;
+         nc_open(file.c_str(), NC_WRITE, &ncid);
+         const std::size_t start[] = {0, 0};
+         const std::size_t count[] = {1, 1};
+         double value = 0;
+         nc_get_vara_double(ncid, 0, start, count, &value);
+         return false;
+     }},
+    {"a classic header that announces a name longer than can be",
+     [] {
+         // CDF-5: no records, no dimension, and one attribute with a name of -1 characters.
+         const std::string header = std::string("CDF\5") + std::string(20, '\0') +
+                                    std::string("\0\0\0\14\0\0\0\0\0\0\0\1", 12) +
+                                    std::string(8, '\xff') + std::string(4000, 'a');
+         std::ofstream(file, std::ios::binary) << header;
+         openAndClose();
+         return false;
+     }},
+    {"a classic header with a variable of an unknown type",
+     [] {
+         const int ncid = create(NC_CLOBBER);
+         int id = 0;
+         nc_def_dim(ncid, "x", 3, &id);
+         nc_def_var(ncid, "v", NC_INT, 1, &id, &id);
+         nc_close(ncid);
+         std::fstream made(file, std::ios::in | std::ios::out | std::ios::binary);
+         made.seekp(68); // type of v: its name, rank, dimension and no attributes stand before it
+         made.write("\0\0\0\x0c", 4);
+         made.close();
+         openAndClose();
+         return false;
+     }},
+    {"the end of a process that holds a netCDF-4 file which the disk has no room for",
+     [] {
+         const int ncid = createNetcdf4();
+         int id = 0;
+         nc_def_dim(ncid, "z", 100000, &id);
+         nc_def_var(ncid, "w", NC_DOUBLE, 1, &id, &id);
+         const rlimit full = {20000, RLIM_INFINITY};
+         setrlimit(RLIMIT_FSIZE, &full);
+         const std::vector<double> values(100000);
+         nc_put_var_double(ncid, id, values.data());
+         nc_close(ncid);
+         std::exit(0);
+         return false;
+     }},
+};
+
+// In a child; what the library prints on its way is not of interest.
+bool shows(const Fault& fault)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        alarm(20);
+        std::freopen("/dev/null", "w", stderr);
+        _exit(fault.shows() ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
+}
+
+} // namespace
+
+int main()
+{
+    char folder[] = "/tmp/gridio-library-XXXXXX";
+    if (mkdtemp(folder) == nullptr)
+        return 2;
+    file = std::string(folder) + "/file.nc";
+    const bool isKnown = std::strncmp(nc_inq_libvers(), "4.9.0 ", 6) == 0;
+    int missing = 0;
+    for (const Fault& fault : faults) {
+        const bool isThere = shows(fault);
+        missing += isThere ? 0 : 1;
+        std::printf("%-14s %s\n", isThere ? "shows:" : "does not show:", fault.name);
+        std::remove(file.c_str());
+    }
+    rmdir(folder);
+    return isKnown && missing > 0 ? 1 : 0;
+}
