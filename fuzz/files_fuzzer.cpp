@@ -2,6 +2,7 @@
 // Opens the input as a file and reads all that it is said to hold.
 #include "fuzz/session.h"
 
+#include "fuzz/classic_header.h"
 #include "fuzz/operation_signatures.h"
 #include "fuzz/scratch_folder.h"
 
@@ -133,6 +134,8 @@ void run(const std::uint8_t* bytes, std::size_t count)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count)
 {
+    if (!fuzz::isSurvivable(bytes, count))
+        return -1; // nor kept by the fuzzer
     fuzz::run(bytes, count);
     return 0;
 }
