@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Everything that a file holds, as the library reads it: names, types, shapes, settings, attributes
+// and every byte of every value.
+#pragma once
+
+#include <string>
+
+namespace properties {
+
+// Two files that hold the same give the same text. Throws std::runtime_error when the library cannot
+// read the file.
+std::string describeFile(const std::string& path);
+
+} // namespace properties

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Replays calls in plain C on a file of its own, and says from the library's answer alone what a
+// script is to get.
+#pragma once
+
+#include "tests/properties/call.h"
+
+#include <string>
+#include <vector>
+
+namespace properties {
+
+class LibraryExecutor {
+public:
+    explicit LibraryExecutor(std::string path) : path_(std::move(path)) {}
+    ~LibraryExecutor();
+    LibraryExecutor(const LibraryExecutor&) = delete;
+    LibraryExecutor& operator=(const LibraryExecutor&) = delete;
+
+    // "create" and "open" take the mode alone, and number the groups afresh, in the order of the
+    // file.
+    Reply run(const Call& call);
+
+    // How many groups there are; none while no file is open.
+    std::size_t groupCount() const { return groups_.size(); }
+    int ncid(const Group& group) const { return groups_.at(group.index); }
+
+    // What the forms of calls need and keep account of.
+    const std::string& path() const { return path_; }
+    void numberGroups(int ncid);
+    void addGroup(int ncid) { groups_.push_back(ncid); }
+    double placeOf(int ncid) const;
+    void forgetFile() { groups_.clear(); }
+
+private:
+    std::string path_;
+    std::vector<int> groups_;
+};
+
+} // namespace properties
