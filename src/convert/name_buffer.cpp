@@ -46,6 +46,7 @@ private:
 
 char* nameBuffer()
 {
+    // One way through the start of a static object is never taken: the host calls from one thread.
     static const Reservation reservation;
     return reservation.get();
 }

@@ -19,7 +19,9 @@ namespace {
 bool isNetcdf4(int ncid)
 {
     int model = NC_FORMATX_UNDEFINED;
-    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC_HDF5;
+    // Of an identifier that is of no file the library tells nothing.
+    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
+    return model == NC_FORMATX_NC_HDF5;
 }
 
 // Of this group, not of one around it.
@@ -46,7 +48,7 @@ void requireRenameable(int ncid, int varid, const std::string& name, const Opera
         checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
     requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
     if (ndims == 0 && isNetcdf4(ncid) && isOwnDimension(ncid, name, entry))
-        checkStatus(NC_ENAMEINUSE, entry);
+        raiseLibraryFailure(NC_ENAMEINUSE, entry);
 }
 
 } // namespace

@@ -8,43 +8,43 @@
 #include <boost/algorithm/string/case_conv.hpp>
 #include <netcdf.h>
 
-#include <map>
-
 namespace Ovard::gridio {
 namespace {
 
 // One table for opening and creating alike: the library judges whether a flag makes sense for the
 // call.
-const std::map<std::string, int>& modeWords()
-{
-    static const std::map<std::string, int> words = {
-        {"clobber", NC_CLOBBER},
-        {"nc_clobber", NC_CLOBBER},
-        {"noclobber", NC_NOCLOBBER},
-        {"nc_noclobber", NC_NOCLOBBER},
-        {"share", NC_SHARE},
-        {"nc_share", NC_SHARE},
-        {"write", NC_WRITE},
-        {"nc_write", NC_WRITE},
-        {"netcdf4", NC_NETCDF4},
-        {"nc_netcdf4", NC_NETCDF4},
-        {"64bit_offset", NC_64BIT_OFFSET},
-        {"nc_64bit_offset", NC_64BIT_OFFSET},
-        {"classic_model", NC_CLASSIC_MODEL},
-        {"nc_classic_model", NC_CLASSIC_MODEL},
-        {"nowrite", NC_NOWRITE},
-        {"nc_nowrite", NC_NOWRITE},
-    };
-    return words;
-}
+struct ModeWord {
+    const char* word;
+    int flag;
+};
+
+constexpr ModeWord modeWords[] = {
+    {"clobber", NC_CLOBBER},
+    {"nc_clobber", NC_CLOBBER},
+    {"noclobber", NC_NOCLOBBER},
+    {"nc_noclobber", NC_NOCLOBBER},
+    {"share", NC_SHARE},
+    {"nc_share", NC_SHARE},
+    {"write", NC_WRITE},
+    {"nc_write", NC_WRITE},
+    {"netcdf4", NC_NETCDF4},
+    {"nc_netcdf4", NC_NETCDF4},
+    {"64bit_offset", NC_64BIT_OFFSET},
+    {"nc_64bit_offset", NC_64BIT_OFFSET},
+    {"classic_model", NC_CLASSIC_MODEL},
+    {"nc_classic_model", NC_CLASSIC_MODEL},
+    {"nowrite", NC_NOWRITE},
+    {"nc_nowrite", NC_NOWRITE},
+};
 
 // Exactly one word: deliberately no splitting at separators and no trimming.
 int modeWordValue(std::string text)
 {
     boost::algorithm::to_lower(text);
-    const auto found = modeWords().find(text);
-    if (found != modeWords().end())
-        return found->second;
+    for (const ModeWord& row : modeWords) {
+        if (text == row.word)
+            return row.flag;
+    }
 
     boost::algorithm::to_upper(text);
     vxErrMsgId(netcdf::unrecognizedFileMode(text));

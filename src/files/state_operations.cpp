@@ -14,8 +14,10 @@ namespace {
 
 bool isClassic(int ncid)
 {
-    int model = 0;
-    return nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && model == NC_FORMATX_NC3;
+    int model = NC_FORMATX_UNDEFINED;
+    // Of an identifier that is of no file the library tells nothing.
+    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
+    return model == NC_FORMATX_NC3;
 }
 
 // A file of the classic formats, open for writing. Asked of the library by a renaming that can not
