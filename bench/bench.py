@@ -33,7 +33,8 @@ class Worker:
         self._process.stdin.flush()
         answer = self._process.stdout.readline()
         if not answer:
-            sys.exit(f"bench: {self.name} ended at: {' '.join(str(word) for word in words)}")
+            status = self._process.wait()
+            sys.exit(f"bench: {self.name} ended with {status} at: {' '.join(str(word) for word in words)}")
         return answer.strip()
 
     def run(self, work, form, path, count):
