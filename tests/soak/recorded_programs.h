@@ -18,8 +18,8 @@ std::vector<Program> recordPrograms(const std::string& path);
 
 std::size_t callsIn(const std::vector<Program>& programs);
 
-// As a function of the interpreter that gives them as cells of cells: each call is an operation and its
-// arguments, where a group is a handle that looks it up in a list of identifiers.
+// As a function of the interpreter that gives them as cells of cells: each call is an operation and
+// its arguments, where a group is a handle that looks it up in a list of identifiers.
 void writeScript(const std::vector<Program>& programs, std::ostream& out);
 
 } // namespace soak

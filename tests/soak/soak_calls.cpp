@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// soak_calls CALLS          repeats recorded programs in plain C and through the module in the stand-alone
-//                           host, and fails if the module holds on to memory or descriptors.
-// soak_calls CALLS SCRIPT   writes the programs as a script instead, and prints how many times to repeat
-//                           them, and the bytes that plain C leaks in so many calls.
+// soak_calls CALLS         repeats recorded programs in plain C and through the module in the
+//                          stand-alone host, and fails if the module holds on to memory or
+//                          descriptors.
+// soak_calls CALLS SCRIPT  writes the programs as a script instead, and prints how many times to
+//                          repeat them, and the bytes that plain C leaks in so many calls.
 #include "tests/properties/library_executor.h"
 #include "tests/properties/module_executor.h"
 #include "tests/soak/recorded_programs.h"
@@ -62,10 +63,10 @@ bool soakStandaloneHost(const std::vector<Program>& programs, std::size_t repeti
     const double moduleGrowth = growth(module, programs, repetitions);
     const std::ptrdiff_t descriptorsLeft = descriptors() - descriptorsBefore;
 
-    std::cout << "stand-alone host: " << soak::callsIn(programs) * repetitions << " calls; plain C leaks "
-              << libraryGrowth << " bytes, the module " << moduleGrowth - libraryGrowth
-              << " beyond that; " << descriptorsLeft << " descriptors, " << host.liveBlocks()
-              << " blocks left\n";
+    std::cout << "stand-alone host: " << soak::callsIn(programs) * repetitions
+              << " calls; plain C leaks " << libraryGrowth << " bytes, the module "
+              << moduleGrowth - libraryGrowth << " beyond that; " << descriptorsLeft
+              << " descriptors, " << host.liveBlocks() << " blocks left\n";
     return moduleGrowth - libraryGrowth < bytesAllowed && descriptorsLeft == 0 &&
            host.liveBlocks() == 0 && host.breaches().empty();
 }
@@ -85,7 +86,8 @@ int main(int argc, char* argv[])
     properties::LibraryExecutor library(path);
     const double libraryGrowth = growth(library, programs, repetitions);
     if (argc == 2)
-        return soakStandaloneHost(programs, repetitions, path, libraryGrowth) ? EXIT_SUCCESS : EXIT_FAILURE;
+        return soakStandaloneHost(programs, repetitions, path, libraryGrowth) ? EXIT_SUCCESS
+                                                                              : EXIT_FAILURE;
 
     std::ofstream script(argv[2]);
     soak::writeScript(programs, script);
