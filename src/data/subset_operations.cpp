@@ -11,6 +11,7 @@
 #include "data/known_dimensions.h"
 #include "data/rank_limit.h"
 #include "data/shapes.h"
+#include "data/unwritten_elements.h"
 #include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
@@ -88,9 +89,11 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
-    checkStatus(element->getVars(ncid, varid, subset.start.data(), subset.count.data(),
-                                 subset.stride.data(), values.destination()),
-                entry);
+    const auto& [start, count, stride] = subset;
+    if (!readUnwritten(values, *element, ncid, varid, {start, count, stride}, entry))
+        checkStatus(element->getVars(ncid, varid, start.data(), count.data(), stride.data(),
+                                     values.destination()),
+                    entry);
     values.finish();
 }
 

@@ -8,6 +8,7 @@
 #include "data/element_types.h"
 #include "data/rank_limit.h"
 #include "data/shapes.h"
+#include "data/unwritten_elements.h"
 #include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
@@ -55,12 +56,16 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     const SizeVector lengths = inquireLengths(ncid, varid, ndims, entry);
 
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
-    const int status = element->getVar(ncid, varid, values.destination());
-    if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
-        results[0] = createFlattenedEmpty(*element, xtype);
-        return;
+    const SizeVector start(lengths.size(), 0);
+    const StrideVector stride(lengths.size(), 1);
+    if (!readUnwritten(values, *element, ncid, varid, {start, lengths, stride}, entry)) {
+        const int status = element->getVar(ncid, varid, values.destination());
+        if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
+            results[0] = createFlattenedEmpty(*element, xtype);
+            return;
+        }
+        checkStatus(status, entry);
     }
-    checkStatus(status, entry);
     values.finish();
 }
 

@@ -4,12 +4,14 @@
 // that release 4.9.0 has, since a guard or a warning may then be dropped.
 #include <netcdf.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -122,6 +124,59 @@ const Fault faults[] = {
          double value = 0;
          nc_get_vara_double(ncid, 0, start, count, &value);
          return false;
+     }},
+    {"a strided read of a netCDF-4 variable with fewer records than there are",
+     [] {
+         const int ncid = create(NC_NETCDF4);
+         int id = 0;
+         nc_def_dim(ncid, "t", NC_UNLIMITED, &id);
+         nc_def_var(ncid, "v", NC_INT, 1, &id, &id);
+         nc_def_var(ncid, "w", NC_INT, 1, &id, &id);
+         const std::size_t start[] = {0};
+         const std::size_t four[] = {4};
+         const std::size_t last[] = {6};
+         const int written[] = {1, 2, 3, 4};
+         nc_put_vara_int(ncid, 0, start, four, written);
+         nc_put_var1_int(ncid, 1, last, written);
+         const std::size_t three[] = {3};
+         const std::ptrdiff_t step[] = {3};
+         int read[] = {0, 0, 0};
+         nc_get_vars_int(ncid, 0, start, three, step, read);
+         return read[0] != 1 || read[1] != 4 || read[2] != NC_FILL_INT;
+     }},
+    {"a read of a netCDF-4 variable whose second dimension grew past what was written of it",
+     [] {
+         const int ncid = create(NC_NETCDF4);
+         int dimids[2] = {};
+         int id = 0;
+         nc_def_dim(ncid, "t", NC_UNLIMITED, &dimids[0]);
+         nc_def_dim(ncid, "x", NC_UNLIMITED, &dimids[1]);
+         nc_def_var(ncid, "v", NC_INT, 2, dimids, &id);
+         nc_def_var(ncid, "w", NC_INT, 2, dimids, &id);
+         const std::size_t start[] = {0, 0};
+         const std::size_t square[] = {2, 2};
+         const std::size_t last[] = {2, 2};
+         const int written[] = {1, 2, 3, 4};
+         nc_put_vara_int(ncid, 0, start, square, written);
+         nc_put_var1_int(ncid, 1, last, written);
+         int read[9] = {};
+         nc_get_var_int(ncid, 0, read);
+         const int fill = NC_FILL_INT;
+         const int expected[] = {1, 2, fill, 3, 4, fill, fill, fill, fill};
+         return std::memcmp(read, expected, sizeof expected) != 0;
+     }},
+    {"nc_create at the address of a folder, which is made a Zarr store with nothing else in it",
+     [] {
+         const std::string folder = file + ".folder";
+         const std::string other = folder + "/other";
+         mkdir(folder.c_str(), 0700);
+         std::ofstream(other) << "not of the store";
+         int ncid = 0;
+         nc_create(("file://" + folder + "#mode=zarr,file").c_str(), NC_NETCDF4, &ncid);
+         nc_close(ncid);
+         const bool isGone = !std::filesystem::exists(other);
+         std::filesystem::remove_all(folder);
+         return isGone;
      }},
     {"a classic header that announces a name longer than can be",
      [] {

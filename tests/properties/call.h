@@ -15,8 +15,8 @@
 
 namespace properties {
 
-// A group by its place in the order of making; 0 is the file. The two files number theirs alike, the
-// library's identifiers differ.
+// A group by its place in the order of making; 0 is the file. The two files number theirs alike,
+// the library's identifiers differ.
 struct Group {
     std::size_t index = 0;
 };
@@ -47,10 +47,7 @@ struct Call {
         return static_cast<std::size_t>(std::get<Number>(arguments.at(i)));
     }
     int flag(std::size_t i) const { return std::get<bool>(arguments.at(i)) ? 1 : 0; }
-    const char* text(std::size_t i) const
-    {
-        return std::get<std::string>(arguments.at(i)).c_str();
-    }
+    const char* text(std::size_t i) const { return std::get<std::string>(arguments.at(i)).c_str(); }
     template <class T> std::vector<T> list(std::size_t i) const
     {
         const Numbers& numbers = std::get<Numbers>(arguments.at(i));

@@ -7,8 +7,8 @@
 
 namespace properties {
 
-// Two files that hold the same give the same text. Throws std::runtime_error when the library cannot
-// read the file.
+// Two files that hold the same give the same text. Throws std::runtime_error when the library
+// cannot read the file.
 std::string describeFile(const std::string& path);
 
 } // namespace properties

@@ -64,8 +64,8 @@ std::size_t productOf(const std::vector<std::size_t>& lengths)
 
 // --- The calls, by the form of their names.
 
-// Of two faults, a call may be refused for either. Who needs the shape or the type of a variable asks
-// for it first, and so hears first that there is no such variable.
+// Of two faults, a call may be refused for either. Who needs the shape or the type of a variable
+// asks for it first, and so hears first that there is no such variable.
 int askFor(const LibraryExecutor& file, const Call& c)
 {
     int ndims = 0;
@@ -193,8 +193,9 @@ Reply defVarFill(LibraryExecutor& file, const Call& c)
     const bool noFill = c.flag(2) != 0;
     if (const int status = noFill ? NC_NOERR : askFor(file, c))
         return reply(c, status);
-    return reply(c, nc_def_var_fill(file.ncid(c.group(0)), c.number(1), noFill ? NC_NOFILL : NC_FILL,
-                                    noFill ? nullptr : c.elements(3).bytes.data()));
+    return reply(c,
+                 nc_def_var_fill(file.ncid(c.group(0)), c.number(1), noFill ? NC_NOFILL : NC_FILL,
+                                 noFill ? nullptr : c.elements(3).bytes.data()));
 }
 
 Reply inqVarFill(LibraryExecutor& file, const Call& c)
@@ -207,18 +208,19 @@ Reply inqVarFill(LibraryExecutor& file, const Call& c)
     Bytes value(typed.size, '\0');
     int noFill = 0;
     status = nc_inq_var_fill(file.ncid(c.group(0)), c.number(1), &noFill, value.data());
-    const Value fill = xtype == NC_CHAR // deliberately not as text is read: no sign extension
-                           ? Value::text(Dims{1, 1}, std::u16string(1, static_cast<unsigned char>(value[0])))
-                           : testsupport::valueOfBytes(typed.hostClass, {1, 1}, value);
+    const Value fill =
+        xtype == NC_CHAR // deliberately not as text is read: no sign extension
+            ? Value::text(Dims{1, 1}, std::u16string(1, static_cast<unsigned char>(value[0])))
+            : testsupport::valueOfBytes(typed.hostClass, {1, 1}, value);
     return reply(c, status, {noFill != 0, fill});
 }
 
 Reply putAtt(LibraryExecutor& file, const Call& c)
 {
     const Elements& values = c.elements(4);
-    return reply(c, typedLibraryCalls(c.suffix)
-                        .putAtt(file.ncid(c.group(0)), c.number(1), c.text(2), c.number(3),
-                                values.count, values.bytes.data()));
+    return reply(c, typedLibraryCalls(c.suffix).putAtt(file.ncid(c.group(0)), c.number(1),
+                                                       c.text(2), c.number(3), values.count,
+                                                       values.bytes.data()));
 }
 
 Reply putAttText(LibraryExecutor& file, const Call& c)
@@ -247,8 +249,7 @@ Reply inqAtt(LibraryExecutor& file, const Call& c)
 {
     nc_type xtype = NC_NAT;
     std::size_t length = 0;
-    const int status =
-        nc_inq_att(file.ncid(c.group(0)), c.number(1), c.text(2), &xtype, &length);
+    const int status = nc_inq_att(file.ncid(c.group(0)), c.number(1), c.text(2), &xtype, &length);
     return reply(c, status, {xtype, length});
 }
 
@@ -297,32 +298,6 @@ std::vector<std::size_t> lengthsOf(int ncid, int varid)
     return lengths;
 }
 
-Reply getVar(LibraryExecutor& file, const Call& c)
-{
-    const TypedLibraryCalls& typed = typedLibraryCalls(c.suffix);
-    const std::vector<std::size_t> lengths = lengthsOf(file.ncid(c.group(0)), c.number(1));
-    Bytes values(productOf(lengths) * typed.size, '\0');
-    const int status = typed.getVar(file.ncid(c.group(0)), c.number(1), values.data());
-    if (!values.empty())
-        return reply(c, status, {testsupport::valueOfBytes(typed.hostClass, hostShape(lengths), values)});
-
-    nc_type xtype = NC_NAT;
-    testsupport::require(nc_inq_vartype(file.ncid(c.group(0)), c.number(1), &xtype));
-    const bool isText = typed.hostClass == vxCHAR_CLASS && xtype != NC_CHAR;
-    const vxClassID classId = xtype == NC_CHAR ? vxCHAR_CLASS
-                              : isText         ? vxUNKNOWN_CLASS
-                                               : typed.hostClass;
-    return reply(c, status, {Value::empty(classId)});
-}
-
-Reply putVar(LibraryExecutor& file, const Call& c)
-{
-    if (const int status = askFor(file, c))
-        return reply(c, status);
-    return reply(c, typedLibraryCalls(c.suffix)
-                        .putVar(file.ncid(c.group(0)), c.number(1), c.elements(2).bytes.data()));
-}
-
 // START, COUNT and STRIDE: what the call lacks is ones.
 struct Subset {
     std::vector<std::size_t> start;
@@ -345,6 +320,65 @@ Subset subsetOf(const Call& c)
 // In which way a call out of bounds is refused differs among the library's functions for one value,
 // a block and a strided block; the module uses the last for all three, deliberately. Where the
 // function of the operation's own name gives values, they have to be the same.
+// Blocks of netCDF-4 variables that are shorter than their unlimited dimensions are misread by the
+// library, single elements are not. Reads the elements of a block that the library has read, one by
+// one in the order of storage, and returns the status that the block should have had.
+int mendBlock(const TypedLibraryCalls& typed, int ncid, int varid, const Subset& block, int status,
+              Bytes& values)
+{
+    int model = NC_FORMATX_UNDEFINED;
+    testsupport::require(nc_inq_format_extended(ncid, &model, nullptr));
+    if (model != NC_FORMATX_NC_HDF5 || (status != NC_NOERR && status != NC_ERANGE))
+        return status;
+
+    int blockStatus = NC_NOERR;
+    std::vector<std::size_t> index(block.start.size());
+    for (std::size_t done = 0; done < values.size(); done += typed.size) {
+        std::size_t rest = done / typed.size;
+        for (std::size_t i = index.size(); i-- > 0; rest /= block.count[i])
+            index[i] =
+                block.start[i] + rest % block.count[i] * static_cast<std::size_t>(block.stride[i]);
+        const int elementStatus = typed.getVar1(ncid, varid, index.data(), &values[done]);
+        if (elementStatus == NC_ERANGE)
+            blockStatus = elementStatus;
+        else
+            testsupport::require(elementStatus);
+    }
+    return blockStatus;
+}
+
+Reply getVar(LibraryExecutor& file, const Call& c)
+{
+    const TypedLibraryCalls& typed = typedLibraryCalls(c.suffix);
+    const std::vector<std::size_t> lengths = lengthsOf(file.ncid(c.group(0)), c.number(1));
+    Bytes values(productOf(lengths) * typed.size, '\0');
+    int status = typed.getVar(file.ncid(c.group(0)), c.number(1), values.data());
+    if (!values.empty()) {
+        const std::vector<std::size_t> first(lengths.size(), 0);
+        const std::vector<std::ptrdiff_t> ones(lengths.size(), 1);
+        status = mendBlock(typed, file.ncid(c.group(0)), c.number(1), {first, lengths, ones},
+                           status, values);
+        return reply(c, status,
+                     {testsupport::valueOfBytes(typed.hostClass, hostShape(lengths), values)});
+    }
+
+    nc_type xtype = NC_NAT;
+    testsupport::require(nc_inq_vartype(file.ncid(c.group(0)), c.number(1), &xtype));
+    const bool isText = typed.hostClass == vxCHAR_CLASS && xtype != NC_CHAR;
+    const vxClassID classId = xtype == NC_CHAR ? vxCHAR_CLASS
+                              : isText         ? vxUNKNOWN_CLASS
+                                               : typed.hostClass;
+    return reply(c, status, {Value::empty(classId)});
+}
+
+Reply putVar(LibraryExecutor& file, const Call& c)
+{
+    if (const int status = askFor(file, c))
+        return reply(c, status);
+    return reply(c, typedLibraryCalls(c.suffix).putVar(file.ncid(c.group(0)), c.number(1),
+                                                       c.elements(2).bytes.data()));
+}
+
 Reply getVarSubset(LibraryExecutor& file, const Call& c)
 {
     if (const int status = askFor(file, c))
@@ -354,8 +388,8 @@ Reply getVarSubset(LibraryExecutor& file, const Call& c)
     const int varid = c.number(1);
     const Subset s = subsetOf(c);
     Bytes values(productOf(s.count) * typed.size, '\0');
-    const int status = typed.getVars(ncid, varid, s.start.data(), s.count.data(), s.stride.data(),
-                                     values.data());
+    int status =
+        typed.getVars(ncid, varid, s.start.data(), s.count.data(), s.stride.data(), values.data());
 
     Bytes own(values.size(), '\0');
     int ownStatus = NC_EINVAL;
@@ -365,7 +399,9 @@ Reply getVarSubset(LibraryExecutor& file, const Call& c)
         ownStatus = typed.getVara(ncid, varid, s.start.data(), s.count.data(), own.data());
     if (status == NC_NOERR && ownStatus == NC_NOERR && own != values)
         return {"the library's functions disagree", {}};
-    return reply(c, status, {testsupport::valueOfBytes(typed.hostClass, hostShape(s.count), values)});
+    status = mendBlock(typed, ncid, varid, s, status, values);
+    return reply(c, status,
+                 {testsupport::valueOfBytes(typed.hostClass, hostShape(s.count), values)});
 }
 
 Reply putVarSubset(LibraryExecutor& file, const Call& c)
@@ -373,10 +409,9 @@ Reply putVarSubset(LibraryExecutor& file, const Call& c)
     if (const int status = askFor(file, c))
         return reply(c, status);
     const Subset s = subsetOf(c);
-    return reply(c, typedLibraryCalls(c.suffix)
-                        .putVars(file.ncid(c.group(0)), c.number(1), s.start.data(), s.count.data(),
-                                 s.stride.data(),
-                                 c.elements(c.arguments.size() - 1).bytes.data()));
+    return reply(c, typedLibraryCalls(c.suffix).putVars(
+                        file.ncid(c.group(0)), c.number(1), s.start.data(), s.count.data(),
+                        s.stride.data(), c.elements(c.arguments.size() - 1).bytes.data()));
 }
 
 Reply defGrp(LibraryExecutor& file, const Call& c)

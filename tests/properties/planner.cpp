@@ -53,12 +53,15 @@ struct Planner::Action {
 std::vector<Call> Planner::plan(const Command& command)
 {
     static constexpr Action actions[] = {
-        {10, &Planner::putSubset},      {3, &Planner::putWhole},       {9, &Planner::getSubset},
-        {4, &Planner::getWhole},        {6, &Planner::defineVariable}, {4, &Planner::defineDimension},
-        {5, &Planner::putAttribute},    {4, &Planner::getAttribute},   {3, &Planner::changeAttribute},
-        {8, &Planner::inquire},         {3, &Planner::defineStorage},  {2, &Planner::defineFill},
-        {1, &Planner::defineUnfilled},  {1, &Planner::defineGroup},    {3, &Planner::rename},
-        {2, &Planner::changeMode},      {1, &Planner::reopen},
+        {10, &Planner::putSubset},      {3, &Planner::putWhole},
+        {9, &Planner::getSubset},       {4, &Planner::getWhole},
+        {6, &Planner::defineVariable},  {4, &Planner::defineDimension},
+        {5, &Planner::putAttribute},    {4, &Planner::getAttribute},
+        {3, &Planner::changeAttribute}, {8, &Planner::inquire},
+        {3, &Planner::defineStorage},   {2, &Planner::defineFill},
+        {1, &Planner::defineUnfilled},  {1, &Planner::defineGroup},
+        {3, &Planner::rename},          {2, &Planner::changeMode},
+        {1, &Planner::reopen},
     };
 
     command_ = &command;
@@ -168,15 +171,22 @@ std::string Planner::pickSuffix(nc_type xtype)
 std::string Planner::oddNameOr(const std::string& name)
 {
     // Names of NC_MAX_NAME bytes are more than ncdump can print.
-    static const std::string odd[] = {"na\xC3\xAFve", "a/b", "", std::string(NC_MAX_NAME - 16, 'n'),
-                                      std::string(NC_MAX_NAME + 1, 'n'), "two words", "8th", " "};
+    static const std::string odd[] = {"na\xC3\xAFve",
+                                      "a/b",
+                                      "",
+                                      std::string(NC_MAX_NAME - 16, 'n'),
+                                      std::string(NC_MAX_NAME + 1, 'n'),
+                                      "two words",
+                                      "8th",
+                                      " "};
     return rarely(16) ? odd[pick(std::size(odd))] : name;
 }
 
 // The library makes netCDF-4 files that it cannot close, loses data, or crashes, when a group or a
-// variable without dimensions bears the name of a dimension, when a dimension is given the name of a
-// variable that exists, when one of the two is renamed, and when a dimension is renamed through a group
-// inside its own, or in a file that was opened, not made. What remains is the usual way: first the dimension, then a variable named after it.
+// variable without dimensions bears the name of a dimension, when a dimension is given the name of
+// a variable that exists, when one of the two is renamed, and when a dimension is renamed through a
+// group inside its own, or in a file that was opened, not made. What remains is the usual way:
+// first the dimension, then a variable named after it.
 std::string Planner::dimensionName(const Group& group)
 {
     const std::string name = oddNameOr(oneOf({"x", "y", "t", "z", "row"}));
@@ -225,8 +235,8 @@ void Planner::defineVariable()
     const Group group = pickGroup();
     const std::vector<int> visible = visibleDimensions(reference_.ncid(group));
     Numbers dimids;
-    // At most one unlimited dimension: where two of a netCDF-4 variable are longer than what was written
-    // of it, the library says that it has read all, and leaves elements as they were.
+    // At most one unlimited dimension: where two of a netCDF-4 variable are longer than what was
+    // written of it, the library, and ncdump with it, takes elements as they were for values.
     bool hasUnlimited = false;
     for (std::size_t rank = visible.empty() ? 0 : oneOf({1, 2, 0, 3, 2}); rank > 0; --rank) {
         const int dimid = visible[pick(visible.size())];
@@ -264,7 +274,8 @@ void Planner::defineStorage()
             sizes.push_back(static_cast<Number>(1 + pick(length + 1)));
         if (varid == noVariable)
             sizes.clear();
-        add("defVarChunking", {variable.group, varid, Number{oneOf({NC_CHUNKED, NC_CONTIGUOUS})}, sizes});
+        add("defVarChunking",
+            {variable.group, varid, Number{oneOf({NC_CHUNKED, NC_CONTIGUOUS})}, sizes});
         break;
     }
     case 1: {
@@ -291,7 +302,8 @@ void Planner::defineFill()
     else if (suffix == "Text")
         add("putAttText", {variable.group, varid, std::string("_FillValue"), value});
     else
-        add("putAtt", {variable.group, varid, std::string("_FillValue"), Number{variable.xtype}, value},
+        add("putAtt",
+            {variable.group, varid, std::string("_FillValue"), Number{variable.xtype}, value},
             suffix);
 }
 
@@ -346,7 +358,8 @@ void Planner::putAttribute()
     const std::string suffix = pick(2) == 0 && stored.suffix != "Text"
                                    ? stored.suffix
                                    : oneOf({"Double", "Ubyte", "Int", "Short", "Uint64"});
-    add("putAtt", {group, owner, name, Number{stored.storedType}, pickElements(suffix, count)}, suffix);
+    add("putAtt", {group, owner, name, Number{stored.storedType}, pickElements(suffix, count)},
+        suffix);
 }
 
 void Planner::getAttribute()
@@ -424,7 +437,8 @@ void Planner::putWhole()
         count *= length;
     const std::string suffix = pickSuffix(variable.xtype);
     if (count != 0)
-        add("putVar", {variable.group, Number{variable.varid}, pickElements(suffix, count)}, suffix);
+        add("putVar", {variable.group, Number{variable.varid}, pickElements(suffix, count)},
+            suffix);
 }
 
 void Planner::getWhole()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Turns commands, which are no more than rolls of dice, into calls that make sense for what the file
-// holds by then: so that any part of a program is a program, and a failing one can be cut down.
+// Turns commands, which are no more than rolls of dice, into calls that make sense for what the
+// file holds by then: so that any part of a program is a program, and a failing one can be cut
+// down.
 #pragma once
 
 #include "tests/properties/library_executor.h"

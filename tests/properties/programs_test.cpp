@@ -3,8 +3,8 @@
 // the library in plain C are told and leave behind.
 //
 // Without the environment variable RC_PARAMS a few hundred programs run, always the same ones. With
-// RC_PARAMS=max_success=5000 as many run that are new each time; a "seed=..." that was printed brings
-// them back. GRIDIO_TRACE=1 tells each call before it is made, should the library crash.
+// RC_PARAMS=max_success=5000 as many run that are new each time; a "seed=..." that was printed
+// brings them back. GRIDIO_TRACE=1 tells each call before it is made, should the library crash.
 #include "tests/properties/file_description.h"
 #include "tests/properties/library_executor.h"
 #include "tests/properties/module_executor.h"
@@ -134,12 +134,12 @@ private:
 
 rc::Gen<Command> anyCommand()
 {
-    const auto choice = rc::gen::cast<unsigned char>(
-        rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 256)));
+    const auto choice =
+        rc::gen::cast<unsigned char>(rc::gen::resize(rc::kNominalSize, rc::gen::inRange(0, 256)));
     return rc::gen::build<Command>(
         rc::gen::set(&Command::action, choice),
-        rc::gen::set(&Command::choices, rc::gen::container<std::vector<unsigned char>>(
-                                            choicesOfACommand, choice)));
+        rc::gen::set(&Command::choices,
+                     rc::gen::container<std::vector<unsigned char>>(choicesOfACommand, choice)));
 }
 
 rc::detail::TestParams parameters()
@@ -173,8 +173,8 @@ TEST(Programs, AreToldAndLeaveBehindWhatPlainLibraryCallsAre)
         },
         rc::detail::TestMetadata{}, params);
 
-    std::cout << figures.programs << " programs, " << figures.calls << " calls, "
-              << figures.refused << " of them refused by the library, " << figures.dumps
+    std::cout << figures.programs << " programs, " << figures.calls << " calls, " << figures.refused
+              << " of them refused by the library, " << figures.dumps
               << " pairs of files dumped, seed " << params.seed << '\n';
     if (!result.is<rc::detail::SuccessResult>()) {
         std::ostringstream message;
