@@ -9,6 +9,6 @@ corpus=$(dirname "$0")/corpus/$target
 mkdir -p "$folder/found/$target"
 # The libraries' own leaks are not looked for here: replay does that. Allocations are
 # bounded by the address sanitizer.
-exec "$folder/fuzz_$target" -max_total_time="$seconds" -max_len=1024 -timeout=60 -detect_leaks=0 \
+exec "$folder/fuzz_$target" -max_total_time="$seconds" -max_len=1024 -timeout=300 -detect_leaks=0 \
     -rss_limit_mb=4000 -malloc_limit_mb=1000000 -print_final_stats=1 -verbosity=0 -print_funcs=0 \
     -artifact_prefix="$folder/$target-" "$@" "$folder/found/$target" "$corpus"

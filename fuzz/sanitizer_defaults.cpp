@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the sanitizers are told: an allocation may fail, and the libraries' own leaks are not ours.
-// A file in memory grows in steps that copy all of it, so that many MiB would take minutes.
+// What the sanitizers are told: an allocation may fail, and the libraries' own leaks are not ours. A
+// file in memory grows in steps that copy all of it, so that many MiB would take minutes; libFuzzer
+// itself needs 20.
 
 extern "C" {
 
@@ -9,7 +10,7 @@ const char* __lsan_default_suppressions();
 
 __attribute__((visibility("default"))) const char* __asan_default_options()
 {
-    return "allocator_may_return_null=1:max_allocation_size_mb=8:malloc_context_size=6";
+    return "allocator_may_return_null=1:max_allocation_size_mb=24:malloc_context_size=6";
 }
 
 __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
