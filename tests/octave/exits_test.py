@@ -14,7 +14,9 @@ import time
 GRIDIO = os.environ["GRIDIO_OCT_DIR"]
 OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
 NCDUMP = os.environ.get("NCDUMP", "ncdump")
-FORMATS = {"classic": '"clobber"', "offset64": '"64bit_offset"', "netcdf4": '"netcdf4"', "cdf5": "32"}
+FORMATS = {"classic": '"clobber"', "offset64": '"64bit_offset"', "netcdf4": '"netcdf4"',
+           "model": 'bitor (gridio ("parameter", "NC_NETCDF4"), gridio ("parameter", "NC_CLASSIC_MODEL"))',
+           "cdf5": "32"}
 
 LEAVE_OPEN = "".join(f"""
 ncid = gridio ("create", "{name}.nc", {mode});
@@ -27,12 +29,15 @@ gridio ("putVaraDouble", ncid, v, 0, 1000, 1:1000);
 # Name, what the script does with the files open, and how it is run.
 FILE, EVAL, STDIN = "file", "eval", "stdin"
 SAY = 'fputs (stderr, "after\\n");\n'
+# After a way that clears the function for good.
+MAPPED = 'if (strfind (fileread ("/proc/self/maps"), "gridio.oct")), fputs (stderr, "still mapped\\n"); end\n'
+GONE = SAY + MAPPED
 WAYS = [
-    ("clear gridio", "clear gridio\n" + SAY, FILE),
-    ("clear all", "clear all\n" + SAY, FILE),
-    ("clear functions", "clear functions\n" + SAY, FILE),
+    ("clear gridio", "clear gridio\n" + GONE, FILE),
+    ("clear all", "clear all\n" + GONE, FILE),
+    ("clear functions", "clear functions\n" + GONE, FILE),
     ("clear -x", "clear -x unrelated\n" + SAY, FILE),
-    ("clear with a handle kept", "h = @gridio;\nclear gridio\nclear h\n" + SAY, FILE),
+    ("clear with a handle kept", "h = @gridio;\nclear gridio\nclear h\n" + GONE, FILE),
     ("normal end", "", FILE),
     ("normal end of --eval", "", EVAL),
     ("end of input", "", STDIN),
