@@ -61,11 +61,12 @@ void storeScalar(const vxArray* argument, std::string_view name, void* element)
 
 } // namespace
 
-// Pastes the word of the typed library calls.
-#define GRIDIO_TYPED_CALLS(word, T)                                                                \
+// Each pastes the word of the typed library calls.
+#define GRIDIO_DATA_CALLS(word, T)                                                                 \
     getVar<T, nc_get_var_##word>, putVar<T, nc_put_var_##word>, getVars<T, nc_get_vars_##word>,    \
-        putVars<T, nc_put_vars_##word>, getAtt<T, nc_get_att_##word>
-#define GRIDIO_NUMERIC_CALLS(word, T) GRIDIO_TYPED_CALLS(word, T), putAtt<T, nc_put_att_##word>
+        putVars<T, nc_put_vars_##word>
+#define GRIDIO_ATTRIBUTE_CALLS(word, T) getAtt<T, nc_get_att_##word>, putAtt<T, nc_put_att_##word>
+#define GRIDIO_NUMERIC_CALLS(word, T) GRIDIO_DATA_CALLS(word, T), GRIDIO_ATTRIBUTE_CALLS(word, T)
 
 // "Uchar" and "Ubyte" deliberately differ in the library calls alone. A netCDF type is looked up
 // from the first row down.
@@ -81,13 +82,14 @@ const ElementType elementTypes[elementTypeCount] = {
     {"Ushort", vxUINT16_CLASS, 2, NC_USHORT, GRIDIO_NUMERIC_CALLS(ushort, unsigned short),        storeScalar<readUshortScalar>},
     {"Schar",  vxINT8_CLASS,   1, NC_BYTE,   GRIDIO_NUMERIC_CALLS(schar, signed char),            storeScalar<readScharScalar>},
     {"Uchar",  vxUINT8_CLASS,  1, NC_UBYTE,  GRIDIO_NUMERIC_CALLS(uchar, unsigned char),          storeScalar<readUcharScalar>},
-    {"Ubyte",  vxUINT8_CLASS,  1, NC_UBYTE,  GRIDIO_NUMERIC_CALLS(ubyte, unsigned char),          storeScalar<readUcharScalar>},
-    {"Text",   vxCHAR_CLASS,   1, NC_CHAR,   GRIDIO_TYPED_CALLS(text, char), nullptr,             nullptr},
+    {"Ubyte",  vxUINT8_CLASS,  1, NC_UBYTE,  nullptr, nullptr, nullptr, nullptr, GRIDIO_ATTRIBUTE_CALLS(ubyte, unsigned char), storeScalar<readUcharScalar>},
+    {"Text",   vxCHAR_CLASS,   1, NC_CHAR,   GRIDIO_DATA_CALLS(text, char), getAtt<char, nc_get_att_text>, nullptr, nullptr},
 };
 // clang-format on
 
 #undef GRIDIO_NUMERIC_CALLS
-#undef GRIDIO_TYPED_CALLS
+#undef GRIDIO_ATTRIBUTE_CALLS
+#undef GRIDIO_DATA_CALLS
 
 namespace {
 

@@ -21,7 +21,7 @@ struct ElementType {
     nc_type externalType; // the netCDF type that is stored as this C element
 
     // Typed library calls of the row: nc_get_var_double, nc_get_vars_double, nc_get_att_double and
-    // so on.
+    // so on. Those of variables are null for Ubyte, which attributes alone have.
     int (*getVar)(int ncid, int varid, void* values);
     int (*putVar)(int ncid, int varid, const void* values);
     int (*getVars)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
