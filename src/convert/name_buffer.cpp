@@ -46,7 +46,8 @@ private:
 
 char* nameBuffer()
 {
-    // One way through the start of a static object is never taken: the host calls from one thread.
+    // The compiler's start of a static object has two ways that are never taken: another thread has
+    // made it meanwhile, though the host calls from one; it fails, though not under its guard.
     static const Reservation reservation;
     return reservation.get();
 }
