@@ -119,4 +119,51 @@ TEST_F(UnwrittenElements, DoNotHideThatAnElementIsOutOfRange)
     closeFile(ncid & ~0xFFFF);
 }
 
+// Only the library's own word, that there are none, tells that the last element may be unwritten.
+TEST_F(UnwrittenElements, OfAVariableWithoutFillValuesMoveNoOthers)
+{
+    const int ncid = createFile("unfilled.nc");
+    int dimids[2] = {};
+    require(nc_def_dim(ncid, "t", NC_UNLIMITED, &dimids[0]));
+    require(nc_def_dim(ncid, "x", NC_UNLIMITED, &dimids[1]));
+    int varid = 0;
+    require(nc_def_var(ncid, "v", NC_INT, 2, dimids, &varid));
+    require(nc_def_var(ncid, "w", NC_INT, 2, dimids, &varid));
+    require(nc_def_var_fill(ncid, 0, NC_NOFILL, nullptr));
+    const std::size_t first[] = {0, 0};
+    const std::size_t count[] = {2, 2};
+    const int values[] = {1, 2, 3, 4};
+    require(nc_put_vara_int(ncid, 0, first, count, values));
+    const std::size_t last[] = {2, 2};
+    require(nc_put_var1_int(ncid, 1, last, values));
+    constexpr auto fill = NC_FILL_INT;
+    EXPECT_EQ(got("getVarInt", {ncid, 0}),
+              Value::numeric<std::int32_t>({3, 3}, {1, 2, fill, 3, 4, fill, fill, fill, fill}));
+    closeFile(ncid);
+}
+
+// The last element of such a variable may be larger than any that it is compared with.
+TEST_F(UnwrittenElements, OfTypesThatTheHostDoesNotHaveFailAsAnyOther)
+{
+    const int ncid = createFile("types.nc");
+    int dimids[2] = {};
+    require(nc_def_dim(ncid, "t", NC_UNLIMITED, &dimids[0]));
+    require(nc_def_dim(ncid, "x", NC_UNLIMITED, &dimids[1]));
+    nc_type opaque = NC_NAT;
+    require(nc_def_opaque(ncid, 4096, "large", &opaque));
+    int varid = 0;
+    for (const auto& [name, xtype] : {std::pair{"s", NC_STRING}, {"o", opaque}, {"w", NC_INT}})
+        require(nc_def_var(ncid, name, xtype, 2, dimids, &varid));
+    const std::size_t last[] = {2, 2};
+    const int value = 1;
+    require(nc_put_var1_int(ncid, 2, last, &value));
+    for (const int other : {0, 1}) {
+        EXPECT_THAT(attempt("getVarDouble", {ncid, other}), failsWith("getVarDouble", NC_EBADTYPE));
+        EXPECT_THAT(attempt("getVarsUchar", {ncid, other, row({0, 0}), row({2, 2}), row({2, 2})}),
+                    failsWith("getVarsUchar", NC_EBADTYPE));
+        EXPECT_THAT(attempt("getVarText", {ncid, other}), failsWith("getVarText", NC_ECHAR));
+    }
+    closeFile(ncid);
+}
+
 } // namespace
