@@ -80,6 +80,7 @@ CALL(nc_set_default_format, (int format, int* old_formatp), (format, old_formatp
 CALL(nc_set_chunk_cache, (std::size_t size, std::size_t nelems, float preemption), (size, nelems, preemption))
 CALL(nc_get_chunk_cache, (std::size_t* sizep, std::size_t* nelemsp, float* preemptionp), (sizep, nelemsp, preemptionp))
 CALL(nc_inq, (int ncid, int* ndimsp, int* nvarsp, int* nattsp, int* unlimdimidp), (ncid, ndimsp, nvarsp, nattsp, unlimdimidp))
+CALL(nc_inq_format_extended, (int ncid, int* formatp, int* modep), (ncid, formatp, modep))
 TOLD(nc_inq_format, (int ncid, int* formatp), (ncid, formatp), tell(&LibraryStandIn::format, formatp))
 TOLD(nc_inq_dimids, (int ncid, int* ndims, int* dimids, int include_parents), (ncid, ndims, dimids, include_parents), tell(&LibraryStandIn::idCount, ndims))
 TOLD(nc_inq_unlimdims, (int ncid, int* nunlimdimsp, int* unlimdimidsp), (ncid, nunlimdimsp, unlimdimidsp), tell(&LibraryStandIn::idCount, nunlimdimsp))
@@ -117,6 +118,7 @@ CALL(nc_inq_attname, (int ncid, int varid, int attnum, char* name), (ncid, varid
 CALL(nc_rename_att, (int ncid, int varid, const char* name, const char* newname), (ncid, varid, name, newname))
 CALL(nc_del_att, (int ncid, int varid, const char* name), (ncid, varid, name))
 CALL(nc_copy_att, (int ncid_in, int varid_in, const char* name, int ncid_out, int varid_out), (ncid_in, varid_in, name, ncid_out, varid_out))
+CALL(nc_get_var1, (int ncid, int varid, const std::size_t* indexp, void* p), (ncid, varid, indexp, p))
 
 #define TYPED(word, T) \
     CALL(nc_get_var_##word, (int ncid, int varid, T* p), (ncid, varid, p)) \
