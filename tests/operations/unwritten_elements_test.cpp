@@ -67,7 +67,7 @@ TEST_F(UnwrittenElements, AreFillValuesAndMoveNoOthers)
 {
     for (const Written& file : files) {
         const int ncid = makeFile(file.lengths, file.written);
-        for (const std::size_t step : {1, 2, 3}) {
+        for (const std::size_t step : {1U, 2U, 3U}) {
             for (std::size_t from = 0; from < 3; ++from) {
                 const std::size_t rows = (full[0] - from - 1) / step + 1;
                 const std::size_t columns = (full[1] - from - 1) / step + 1;
