@@ -97,6 +97,9 @@ function check_failing_opens (server, local, dead_port)
   gone = sprintf ("http://127.0.0.1:%s/good", dead_port);
   check_raises ("a server that is gone", "librarydapFailure", "open: NC_(EIO|ECURL|EDAPSVC): ", "open", gone, "nowrite");
   check_session_is_healthy ("a server that is gone", local);
+  check_raises ("a host that is not there", "librarydapFailure", "open: NC_(EIO|ECURL|EDAPSVC): ",
+                "open", "http://host.invalid/good", "nowrite");
+  check_session_is_healthy ("a host that is not there", local);
   check_raises ("a data set that is not there", "library(dap)?Failure", "open: (NC_\\w+|-90): ", "open", [server "/none"], "nowrite");
   check_session_is_healthy ("a data set that is not there", local);
   % The library has a status of its own for this, -77, which is named by its digits.
