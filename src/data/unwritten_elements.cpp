@@ -23,17 +23,18 @@ bool isNetcdf4(int ncid)
 DimensionVector<int> unlimitedDimensions(int group, const OperationEntry* entry)
 {
     DimensionVector<int> ids;
-    int status = NC_NOERR;
-    for (; status == NC_NOERR; status = nc_inq_grp_parent(group, &group)) {
+    for (bool isFile = false; !isFile;) {
         int count = 0;
         checkStatus(nc_inq_unlimdims(group, &count, nullptr), entry);
         const std::size_t known = ids.size();
         ids.resize(known + static_cast<std::size_t>(count));
         if (count > 0)
             checkStatus(nc_inq_unlimdims(group, nullptr, ids.data() + known), entry);
+        const int status = nc_inq_grp_parent(group, &group);
+        isFile = status == NC_ENOGRP;
+        if (!isFile)
+            checkStatus(status, entry);
     }
-    if (status != NC_ENOGRP) // of the file itself
-        checkStatus(status, entry);
     return ids;
 }
 
