@@ -12,6 +12,12 @@ namespace {
 
 constexpr size_t oneByOne[] = {1, 1};
 
+// An object counts as one, whatever a method of its own would say.
+bool isCounted(const octave_value& value, const ElementClass& kind)
+{
+    return kind.id != vxUNKNOWN_CLASS || value.builtin_type() == btyp_struct;
+}
+
 } // namespace
 
 vxArray& examined(const vxArray* array)
@@ -19,8 +25,8 @@ vxArray& examined(const vxArray* array)
     vxArray& result = *const_cast<vxArray*>(array);
     if (!result.kind) {
         const ElementClass& kind = elementClass(*result.source);
-        // An object counts as one, whatever a method of its own would say.
-        result.count = kind.id == vxUNKNOWN_CLASS ? 1 : static_cast<size_t>(result.source->numel());
+        result.count =
+            isCounted(*result.source, kind) ? static_cast<size_t>(result.source->numel()) : 1;
         result.kind = &kind;
     }
     return result;
@@ -30,7 +36,7 @@ void loadDimensions(vxArray& array)
 {
     if (array.dims)
         return;
-    if (array.kind->id == vxUNKNOWN_CLASS || !array.source) {
+    if (!array.source || !isCounted(*array.source, *array.kind)) {
         array.dims = oneByOne;
         array.rank = 2;
         return;

@@ -107,7 +107,7 @@ end
 function value = compound (name, dims)
   switch (name)
     case "struct"
-      value = struct ("a", {1, 2});
+      value = repmat (struct ("a", 1), dims);
     case "function"
       value = @sin;
     case "object"

@@ -101,5 +101,6 @@ def every_value():
     values += [Value("char", (0, 0), []), Value("char", (1, 0), []), Value("char", (2, 3), list(b"abcdef"))]
     values += [Value("cell", (1, 1), []), Value("cell", (0, 0), []), Value("cell", (2, 3), [])]
     values += [Value(name, (1, 1), []) for name in ("struct", "function", "object")]
+    values += [Value("struct", dims, []) for dims in ((0, 0), (1, 2), (2, 3))]
     unique = {value.token: value for value in values}
     return list(unique.values())

@@ -124,6 +124,12 @@ for k = 1:numel (objects)
   check_error ([kind " is no flag"], "netcdf:expectedLogicalType", "defVarFill", ncid, 0, objects{k}, 0);
 end
 check ("no method of an object was called", isempty (impostorCalls));
+list = struct ("a", {1, 2, 3});
+check_error ("no structures are no mode", "netcdf:argumentIsEmptySet", "open", path, list([]));
+check_error ("structures are no mode", "netcdf:badModeDatatype", "open", path, list);
+check_error ("no structures are no start", "netcdf:argumentIsEmpty", "getVar1Double", ncid, 0, list([]));
+check_error ("structures are no start", "netcdf:argumentHasBadDatatype", "getVar1Double", ncid, 0, list);
+check_error ("no structures are no values", "netcdf:emptyVariableData", "putVarDouble", ncid, 0, list([]));
 numbers = {"5", "", '', [], zeros(0, 3), zeros(1, 0, 2), int8([]), [1 2], eye(2), 1:3, 1:0, sparse(2, 2), ...
            true, sparse(true), NaN, Inf, single(-Inf), NaN + 1i, sparse(NaN), "é", ':'};
 for k = 1:numel (numbers)
