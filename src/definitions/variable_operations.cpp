@@ -16,12 +16,12 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-bool isNetcdf4(int ncid)
+int modelOf(int ncid)
 {
     int model = NC_FORMATX_UNDEFINED;
     // Of an identifier that is of no file the library tells nothing.
     static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
-    return model == NC_FORMATX_NC_HDF5;
+    return model;
 }
 
 // Of this group, not of one around it.
@@ -37,17 +37,31 @@ bool isOwnDimension(int ncid, const std::string& name, const OperationEntry* ent
     return std::find(own.begin(), own.end(), dimid) != own.end();
 }
 
+// Fails for what the library refuses before it looks at the variable. It is asked to rename one
+// that can not exist.
+void requireChangeableName(int ncid, const std::string& name, const OperationEntry* entry)
+{
+    constexpr int noVariable = -77;
+    const int refusal = nc_rename_var(ncid, noVariable, name.c_str());
+    if (refusal != NC_ENOTVAR)
+        checkStatus(refusal, entry);
+}
+
 // In a netCDF-4 file the library looks for the dimension after which a variable is named, and
-// crashes when the variable has none, or has lost it.
+// crashes when the variable has none, or has lost it. All else is left to it.
 void requireRenameable(int ncid, int varid, const std::string& name, const OperationEntry* entry)
 {
+    const int model = modelOf(ncid);
+    if (model == NC_FORMATX_NC3)
+        return;
+    requireChangeableName(ncid, name, entry);
     int ndims = 0;
     checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
     std::vector<int> dimids(static_cast<std::size_t>(ndims));
     if (ndims > 0)
         checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
     requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
-    if (ndims == 0 && isNetcdf4(ncid) && isOwnDimension(ncid, name, entry))
+    if (ndims == 0 && model == NC_FORMATX_NC_HDF5 && isOwnDimension(ncid, name, entry))
         raiseLibraryFailure(NC_ENAMEINUSE, entry);
 }
 

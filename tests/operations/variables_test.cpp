@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // "defVar", "inqVarID", "inqVar", "renameVar".
+#include "check_status.h"
 #include "tests/operations/operation_test.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/file_formats.h"
@@ -50,6 +51,33 @@ TEST_F(Variables, AreFoundDescribedAndRenamed)
     EXPECT_TRUE(host.call("renameVar", {ncid, 0, "counter"}).empty());
     closeFile(ncid);
     EXPECT_THAT(ncdump(folder.file("v.nc"), "-h"), HasSubstr("int counter ;"));
+}
+
+TEST_F(Variables, AreNotRenamedForTheReasonThatTheLibraryNames)
+{
+    const std::pair<int, const char*> refused[] = {
+        {7, "w"}, {7, "x"}, {7, "a/b"}, {-1, "w"}, {-1, "x"},
+        {-1, ""}, {0, ""},  {0, "a/b"}, {0, "s"},
+    };
+    for (const FileFormat& format : fileFormats) {
+        const int ncid = createGrid(format.mode);
+        number("defVar", {ncid, "v", NC_INT, row({0})});
+        number("defVar", {ncid, "s", NC_INT, row({})});
+        for (const auto& [varid, name] : refused) {
+            const int status = nc_rename_var(ncid, varid, name);
+            EXPECT_THAT(attempt("renameVar", {ncid, varid, name}),
+                        failsInLibrary("renameVar", Ovard::gridio::errorCodeName(status), status))
+                << format.name << ' ' << varid << ' ' << name;
+        }
+        closeFile(ncid);
+
+        const int readOnly = openFile("v.nc", "nowrite");
+        for (const int varid : {-1, 0, 1, 7}) // 1 would, in a netCDF-4 file, be a dimension's
+            EXPECT_THAT(attempt("renameVar", {readOnly, varid, "x"}),
+                        failsWith("renameVar", NC_EPERM))
+                << format.name << ' ' << varid;
+        closeFile(readOnly);
+    }
 }
 
 TEST_F(Variables, HaveEveryTypeOfTheFormatAndNoOther)
