@@ -20,6 +20,14 @@ bool isClassic(int ncid)
     return model == NC_FORMATX_NC3;
 }
 
+// Asked of the library by a definition that can not come to pass: in data mode it is refused before
+// its name is looked at.
+bool isInDefineMode(int ncid)
+{
+    int dimid = 0;
+    return nc_def_dim(ncid, "", 1, &dimid) != NC_ENOTINDEFINE;
+}
+
 // A file of the classic formats, open for writing. Asked of the library by a renaming that can not
 // come to pass: of a read-only file it is refused before anything else is looked at.
 bool isWritableClassic(int ncid) { return nc_rename_dim(ncid, -1, "") != NC_EPERM; }
@@ -108,7 +116,7 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
 
     // The library would divide by them.
-    if ((variableAlign == 0 || recordAlign == 0) && isClassic(ncid))
+    if ((variableAlign == 0 || recordAlign == 0) && isClassic(ncid) && isInDefineMode(ncid))
         checkStatus(NC_EINVAL, entry);
     checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
 }

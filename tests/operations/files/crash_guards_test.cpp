@@ -80,6 +80,19 @@ TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideB
     host.call("close", {netcdf4});
 }
 
+TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreLeftToTheLibraryInDataMode)
+{
+    const int ncid = id("create", {folder.file("x.nc"), "clobber"});
+    host.call("endDef", {ncid});
+    const auto refusal = raises(
+        "libraryFailure", {"pEndDef", "NC_ENOTINDEFINE", "Operation not allowed in data mode"});
+    EXPECT_THAT(attempt("pEndDef", {ncid, 0, 0, 0, 0}), refusal);
+    host.call("close", {ncid});
+    const int readOnly = id("open", {folder.file("x.nc"), "nowrite"});
+    EXPECT_THAT(attempt("pEndDef", {readOnly, 0, 0, 0, 0}), refusal);
+    host.call("close", {readOnly});
+}
+
 TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedStaysOpenAndUsable)
 {
     const int ncid = createUnclosableFile();
