@@ -208,6 +208,16 @@ TEST_F(StorageSettings, OfDeflateTakeALevelThatTheLibraryAllows)
             << level;
 }
 
+TEST_F(StorageSettings, OfDeflateTakeNoNumbersForFlags)
+{
+    for (const double flag : {0.0, 1.0}) {
+        EXPECT_THAT(attempt("defVarDeflate", {1, 0, flag, true, 4}),
+                    raises("expectedLogicalType", {"shuffle flag"}));
+        EXPECT_THAT(attempt("defVarDeflate", {1, 0, true, flag, 4}),
+                    raises("expectedLogicalType", {"deflate flag"}));
+    }
+}
+
 TEST_F(StorageSettings, OfDeflateNeedTheirLevelEvenWhereItIsNotLookedAt)
 {
     EXPECT_THAT(attempt("defVarDeflate", {0, 0, false, false}), raises("wrongNumberOfInputs"));

@@ -46,6 +46,27 @@ TEST_F(SubsetErrors, ReportsTheRequiredLengthTwiceWhenReadingDeliberately)
                 raises("badIndexArgumentLength", {"STRIDE", "v", 2L, 2L}));
 }
 
+// The vectors that a form has no argument for are as long as START.
+TEST_F(SubsetErrors, ReportsNoLengthOfAVectorThatTheFormDoesNotTake)
+{
+    const int ncid = createCountingGrid();
+    const Value one = row({1});
+    const Value three = row({1, 1, 1});
+    for (const Value& start : {one, three}) {
+        const long given = static_cast<long>(start.numel());
+        const auto refusal = raises("badIndexArgumentLength", {"START", "v", 2L, given});
+        EXPECT_THAT(attempt("getVar1Double", {ncid, 0, start}), refusal);
+        EXPECT_THAT(attempt("putVar1Double", {ncid, 0, start, 1}), refusal);
+        EXPECT_THAT(attempt("getVaraDouble", {ncid, 0, start, start}), refusal);
+        EXPECT_THAT(attempt("putVaraDouble", {ncid, 0, start, start, 1}), refusal);
+    }
+    const Value two = row({1, 1});
+    EXPECT_THAT(attempt("getVar1Double", {ncid, 0, two}), succeeds());
+    EXPECT_THAT(attempt("putVar1Double", {ncid, 0, two, 1}), succeeds());
+    EXPECT_THAT(attempt("getVaraDouble", {ncid, 0, two, two}), succeeds());
+    EXPECT_THAT(attempt("putVaraDouble", {ncid, 0, two, two, 1}), succeeds());
+}
+
 TEST_F(SubsetErrors, ReportsTheLengthGivenWhenWriting)
 {
     const int ncid = createCountingGrid();

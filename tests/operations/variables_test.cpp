@@ -53,6 +53,17 @@ TEST_F(Variables, AreFoundDescribedAndRenamed)
     EXPECT_THAT(ncdump(folder.file("v.nc"), "-h"), HasSubstr("int counter ;"));
 }
 
+TEST_F(Variables, OfAnUnknownNameFailWithTheStatusOfTheLibrary)
+{
+    for (const FileFormat& format : fileFormats) {
+        const int ncid = createGrid(format.mode);
+        const Outcome outcome = attempt("inqVarID", {ncid, "w"});
+        EXPECT_THAT(outcome, failsWith("inqVarID", NC_ENOTVAR)) << format.name;
+        EXPECT_THAT(outcome.results, testing::IsEmpty()) << format.name;
+        closeFile(ncid);
+    }
+}
+
 TEST_F(Variables, AreNotRenamedForTheReasonThatTheLibraryNames)
 {
     const std::pair<int, const char*> refused[] = {

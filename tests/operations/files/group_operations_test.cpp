@@ -16,12 +16,21 @@ TEST_F(Groups, DefGrpMakesGroupsWithinGroups)
     const Value outer = host.call("defGrp", {ncid, "outer"}).at(0);
     const Value inner = host.call("defGrp", {outer, "inner"}).at(0);
     host.call("defDim", {inner, "x", 2});
-    closeFile(ncid); // ends all its groups
+    closeFile(ncid);
     EXPECT_EQ(ncdump(folder.file("x.nc")), "netcdf test {\n\ngroup: outer {\n\n  group: inner {\n"
                                            "    dimensions:\n    \tx = 2 ;\n"
                                            "    } // group inner\n  } // group outer\n}\n");
-    EXPECT_THAT(host.attempt("inqGrpName", {inner}),
-                raises("libraryFailure", {"inqGrpName", "NC_EBADID", "Not a valid ID"}));
+}
+
+TEST_F(Groups, EndWithTheFileThatIsClosed)
+{
+    const int ncid = createFile("x.nc");
+    const Value outer = host.call("defGrp", {ncid, "outer"}).at(0);
+    const Value inner = host.call("defGrp", {outer, "inner"}).at(0);
+    closeFile(ncid);
+    for (const Value& group : {outer, inner})
+        EXPECT_THAT(host.attempt("inqGrpName", {group}),
+                    raises("libraryFailure", {"inqGrpName", "NC_EBADID", "Not a valid ID"}));
 }
 
 TEST_F(Groups, AreFoundByNameAndListedInTheLibrarysOrder)
