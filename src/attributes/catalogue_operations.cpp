@@ -6,6 +6,7 @@
 #include "convert/argument_readers.h"
 #include "convert/name_buffer.h"
 #include "convert/result_builders.h"
+#include "storage_model.h"
 
 #include <netcdf.h>
 
@@ -16,12 +17,7 @@ namespace {
 // past the end of its own buffer.
 bool isMadeUpText(int ncid, int varid, const std::string& name)
 {
-    if (name != "_NCProperties" || varid != NC_GLOBAL)
-        return false;
-    int model = NC_FORMATX_UNDEFINED;
-    // Of an identifier that is of no file the library tells nothing.
-    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
-    return model == NC_FORMATX_NC_HDF5;
+    return name == "_NCProperties" && varid == NC_GLOBAL && isStoredInHdf5(ncid);
 }
 
 void copyText(int fromNcid, const char* name, int toNcid, int toVarid, const OperationEntry* entry)

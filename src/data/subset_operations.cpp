@@ -13,6 +13,7 @@
 #include "data/shapes.h"
 #include "data/unwritten_elements.h"
 #include "error_identifiers.h"
+#include "storage_model.h"
 
 namespace Ovard::gridio::operations {
 namespace {
@@ -65,6 +66,7 @@ void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access ac
     requireAccessibleRank(ndims, entry);
 }
 
+// Asked only where the library does not do so itself.
 void requireDimensions(const Subset& subset, int ncid, int varid, const OperationEntry* entry)
 {
     DimensionVector<int> dimids(subset.start.size());
@@ -85,12 +87,14 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
         vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
     requireMatchingLengths(subset, ncid, varid, Access::read, entry);
 
-    requireDimensions(subset, ncid, varid, entry);
+    const bool inHdf5 = isStoredInHdf5(ncid);
+    if (inHdf5)
+        requireDimensions(subset, ncid, varid, entry);
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
     const auto& [start, count, stride] = subset;
-    if (!readUnwritten(values, *element, ncid, varid, {start, count, stride}, entry))
+    if (!inHdf5 || !readUnwritten(values, *element, ncid, varid, {start, count, stride}, entry))
         checkStatus(element->getVars(ncid, varid, start.data(), count.data(), stride.data(),
                                      values.destination()),
                     entry);
@@ -114,7 +118,8 @@ void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const Opera
         vxErrMsgId(
             netcdf::countNotEqualToData(static_cast<long>(product), static_cast<long>(given)));
 
-    requireDimensions(subset, ncid, varid, entry);
+    if (isStoredInHdf5(ncid))
+        requireDimensions(subset, ncid, varid, entry);
 
     const ElementSource values(data, *element);
     checkStatus(element->putVars(ncid, varid, subset.start.data(), subset.count.data(),

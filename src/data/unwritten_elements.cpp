@@ -10,14 +10,6 @@
 namespace Ovard::gridio {
 namespace {
 
-bool isNetcdf4(int ncid)
-{
-    int model = NC_FORMATX_UNDEFINED;
-    // Of an identifier that is of no file the library tells nothing.
-    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
-    return model == NC_FORMATX_NC_HDF5;
-}
-
 // The unlimited dimensions that a variable of the group may have: those of the groups around it,
 // too.
 DimensionVector<int> unlimitedDimensions(int group, const OperationEntry* entry)
@@ -39,20 +31,21 @@ DimensionVector<int> unlimitedDimensions(int group, const OperationEntry* entry)
 }
 
 // How many of the first dimensions are to be read one index at a time, so that the library meets no
-// unlimited dimension with a stride, and none but the first with more than one index.
+// unlimited dimension with a stride, and none with more than one index after others with more than
+// one.
 std::size_t dimensionsToSplit(int ncid, int varid, const Block& block, const OperationEntry* entry)
 {
-    std::size_t rank = block.start.size();
-    DimensionVector<int> dimids(rank);
+    DimensionVector<int> dimids(block.start.size());
     checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
     const DimensionVector<int> unlimited = unlimitedDimensions(ncid, entry);
-    const auto isMisread = [&](std::size_t i) {
-        return block.count[i] > 1 && (i > 0 || block.stride[i] > 1) &&
-               std::find(unlimited.begin(), unlimited.end(), dimids[i]) != unlimited.end();
-    };
-    while (rank > 0 && !isMisread(rank - 1))
-        --rank;
-    return rank;
+    std::size_t split = 0;
+    for (std::size_t i = 0; i < dimids.size(); ++i) {
+        const bool isUnlimited =
+            std::find(unlimited.begin(), unlimited.end(), dimids[i]) != unlimited.end();
+        if (isUnlimited && block.count[i] > 1)
+            split = block.stride[i] > 1 ? i + 1 : i;
+    }
+    return split;
 }
 
 // Whether the last element may be past what was written; if it is not, nothing is. Says no where
@@ -111,7 +104,7 @@ bool readUnwritten(const ElementResult& values, const ElementType& element, int 
 {
     const bool hasStride = std::any_of(block.stride.begin(), block.stride.end(),
                                        [](std::ptrdiff_t step) { return step > 1; });
-    if (values.count() <= 1 || (block.start.size() < 2 && !hasStride) || !isNetcdf4(ncid))
+    if (values.count() <= 1 || (block.start.size() < 2 && !hasStride))
         return false;
     const std::size_t split = dimensionsToSplit(ncid, varid, block, entry);
     if (split == 0 || !endsWithFillValue(ncid, varid, block, entry))

@@ -20,7 +20,7 @@ struct Block {
 // library puts values in the wrong places, takes fill values for written ones or leaves elements as
 // they were, and reports success. A block that may be such a one, and ends with a fill value, is
 // read into values in pieces that the library reads right. Returns whether it was; if not, it is to
-// be read as a whole.
+// be read as a whole. To be called for files that are stored in HDF5.
 bool readUnwritten(const ElementResult& values, const ElementType& element, int ncid, int varid,
                    const Block& block, const OperationEntry* entry);
 

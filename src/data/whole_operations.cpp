@@ -10,6 +10,7 @@
 #include "data/shapes.h"
 #include "data/unwritten_elements.h"
 #include "error_identifiers.h"
+#include "storage_model.h"
 
 namespace Ovard::gridio::operations {
 namespace {
@@ -58,7 +59,8 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
     const SizeVector start(lengths.size(), 0);
     const StrideVector stride(lengths.size(), 1);
-    if (!readUnwritten(values, *element, ncid, varid, {start, lengths, stride}, entry)) {
+    if (!isStoredInHdf5(ncid) ||
+        !readUnwritten(values, *element, ncid, varid, {start, lengths, stride}, entry)) {
         const int status = element->getVar(ncid, varid, values.destination());
         if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
             results[0] = createFlattenedEmpty(*element, xtype);

@@ -8,6 +8,7 @@
 #include "data/known_dimensions.h"
 #include "definitions/dimension_rows.h"
 #include "error_identifiers.h"
+#include "storage_model.h"
 
 #include <netcdf.h>
 
@@ -15,14 +16,6 @@
 
 namespace Ovard::gridio::operations {
 namespace {
-
-int modelOf(int ncid)
-{
-    int model = NC_FORMATX_UNDEFINED;
-    // Of an identifier that is of no file the library tells nothing.
-    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
-    return model;
-}
 
 // Of this group, not of one around it.
 bool isOwnDimension(int ncid, const std::string& name, const OperationEntry* entry)
@@ -51,7 +44,7 @@ void requireChangeableName(int ncid, const std::string& name, const OperationEnt
 // crashes when the variable has none, or has lost it. All else is left to it.
 void requireRenameable(int ncid, int varid, const std::string& name, const OperationEntry* entry)
 {
-    const int model = modelOf(ncid);
+    const int model = storageModel(ncid);
     if (model == NC_FORMATX_NC3)
         return;
     requireChangeableName(ncid, name, entry);

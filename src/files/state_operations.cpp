@@ -6,19 +6,12 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "open_file_registry.h"
+#include "storage_model.h"
 
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
 namespace {
-
-bool isClassic(int ncid)
-{
-    int model = NC_FORMATX_UNDEFINED;
-    // Of an identifier that is of no file the library tells nothing.
-    static_cast<void>(nc_inq_format_extended(ncid, &model, nullptr));
-    return model == NC_FORMATX_NC3;
-}
 
 // Asked of the library by a definition that can not come to pass: in data mode it is refused before
 // its name is looked at.
@@ -55,9 +48,8 @@ int writeRest(int ncid)
 // aborted. A netCDF-4 file that is written and yet not closed has been taken apart by the library.
 int closeFile(int ncid)
 {
-    int model = NC_FORMATX_UNDEFINED;
-    const bool isWritten =
-        nc_inq_format_extended(ncid, &model, nullptr) == NC_NOERR && isWrittenFirst(ncid, model);
+    const int model = storageModel(ncid);
+    const bool isWritten = isWrittenFirst(ncid, model);
     const int writing = isWritten ? writeRest(ncid) : NC_NOERR;
     if (writing != NC_NOERR && writing != NC_EPERM)
         return writing;
@@ -116,7 +108,8 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
 
     // The library would divide by them.
-    if ((variableAlign == 0 || recordAlign == 0) && isClassic(ncid) && isInDefineMode(ncid))
+    if ((variableAlign == 0 || recordAlign == 0) && storageModel(ncid) == NC_FORMATX_NC3 &&
+        isInDefineMode(ncid))
         checkStatus(NC_EINVAL, entry);
     checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
 }

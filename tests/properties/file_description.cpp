@@ -5,6 +5,7 @@
 
 #include <iomanip>
 #include <sstream>
+#include <stdexcept>
 #include <vector>
 
 namespace properties {
@@ -20,7 +21,11 @@ public:
         require(nc_inq_format(ncid, &format));
         isNetcdf4_ = format == NC_FORMAT_NETCDF4 || format == NC_FORMAT_NETCDF4_CLASSIC;
         out_ << "format " << format << '\n';
-        describeGroup(ncid);
+        try {
+            describeGroup(ncid);
+        } catch (const std::runtime_error& error) {
+            out_ << unreadable << error.what() << '\n';
+        }
     }
 
     std::string text() const { return out_.str(); }

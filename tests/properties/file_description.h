@@ -7,8 +7,11 @@
 
 namespace properties {
 
+// Stands where the description ends early: the library makes some files that it cannot read.
+constexpr const char* unreadable = "cannot be read further: ";
+
 // Two files that hold the same give the same text. Throws std::runtime_error when the library
-// cannot read the file.
+// cannot open the file.
 std::string describeFile(const std::string& path);
 
 } // namespace properties

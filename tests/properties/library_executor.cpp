@@ -131,8 +131,6 @@ Reply inqVarID(LibraryExecutor& file, const Call& c)
 
 Reply renameVar(LibraryExecutor& file, const Call& c)
 {
-    if (const int status = askFor(file, c))
-        return reply(c, status);
     return reply(c, nc_rename_var(file.ncid(c.group(0)), c.number(1), c.text(2)));
 }
 

@@ -84,6 +84,7 @@ std::vector<Call> Planner::plan(const Command& command)
 
 void Planner::note(const Call& call, const Reply& reply)
 {
+    hasRenamed_ = call.form == "renameVar" || (hasRenamed_ && call.form != "create");
     if (!reply.failure.empty())
         return;
     if (call.form == "create" || call.form == "open")
@@ -185,8 +186,9 @@ std::string Planner::oddNameOr(const std::string& name)
 // The library makes netCDF-4 files that it cannot close, loses data, or crashes, when a group or a
 // variable without dimensions bears the name of a dimension, when a dimension is given the name of
 // a variable that exists, when one of the two is renamed, and when a dimension is renamed through a
-// group inside its own, or in a file that was opened, not made. What remains is the usual way:
-// first the dimension, then a variable named after it.
+// group inside its own, or in a file that was opened, not made; and when a variable or
+// group is to be defined in a file where a variable was to be renamed. What remains is the usual
+// way: first the dimension, then a variable named after it.
 std::string Planner::dimensionName(const Group& group)
 {
     const std::string name = oddNameOr(oneOf({"x", "y", "t", "z", "row"}));
@@ -217,8 +219,14 @@ Elements Planner::pickElements(const std::string& suffix, std::size_t count)
 
 void Planner::reopen()
 {
-    add(rarely(8) ? "abort" : "close", {Group{0}});
-    add("open", {Number{rarely(8) ? NC_NOWRITE : NC_WRITE}});
+    const bool aborts = rarely(8);
+    add(aborts ? "abort" : "close", {Group{0}});
+    // What was defined anew in a netCDF-4 file is half there when that is aborted: it may be one
+    // that the library cannot read.
+    if (aborts && format_.isNetcdf4)
+        add("create", {Number{format_.mode}});
+    else
+        add("open", {Number{rarely(8) ? NC_NOWRITE : NC_WRITE}});
 }
 
 void Planner::defineDimension()
@@ -251,7 +259,7 @@ void Planner::defineVariable()
     // Types that the format does not hold are asked for at times only.
     const nc_type held = format_.holds(xtype) || rarely(4) ? xtype : NC_DOUBLE;
     std::string name = variableName(dimids.size());
-    if (format_.isNetcdf4 && !isNew_ && isDimension(group, name))
+    if (format_.isNetcdf4 && (hasRenamed_ || (!isNew_ && isDimension(group, name))))
         name = "unlike";
     add("defVar", {group, name, Number{held}, dimids});
 }
@@ -259,7 +267,8 @@ void Planner::defineVariable()
 void Planner::defineGroup()
 {
     defining(true);
-    add("defGrp", {pickGroup(), std::string(oneOf({"g", "h", "v"}))});
+    const std::string name = oneOf({"g", "h", "v"});
+    add("defGrp", {pickGroup(), hasRenamed_ ? "unlike" : name});
 }
 
 void Planner::defineStorage()

@@ -90,7 +90,8 @@ private:
     const testsupport::FileFormat& format_;
     const LibraryExecutor& reference_;
     bool isDefining_ = false;
-    bool isNew_ = false; // made, not opened
+    bool isNew_ = false;      // made, not opened
+    bool hasRenamed_ = false; // a variable, or tried to
     const Command* command_ = nullptr;
     std::size_t nextChoice_ = 0;
     std::vector<Call> calls_;
