@@ -84,7 +84,7 @@ endfunction
 
 function showEnd (ncid, file, appended)
   records = countRecords (ncid);
-  printf ("%s: %d records, %d of them new\n", file, records, appended);
+  printf ("%s: records: %d, new: %d\n", file, records, appended);
   count = min (records, 20);
   if (count == 0)
     return;

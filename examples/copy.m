@@ -6,7 +6,8 @@
 % Kept are the format, groups, dimensions, attributes, values, and how each variable is stored:
 % chunks, deflate, shuffle, checksum, fill value or none. Values go through memory in slabs of
 % 16 MiB, or of one chunk where that is larger. What cannot be copied (variables of strings or
-% user-defined types, attributes of user-defined types) is named on stderr.
+% user-defined types, attributes of user-defined types) is named on stderr. Of the storage, the byte
+% order becomes the machine's, and filters other than these are left out: no operation knows them.
 %
 % Exit status: 0 all is copied; 1 an error, and no OUT is left behind; 3 something was left out.
 1;
@@ -58,8 +59,8 @@ function complete = copyFile (in, out)
   [target, created] = deal ([]);
   unwind_protect
     format = fileFormat (source);
-    % A close that fails, on a full disk, must not be tried again: the library would crash. Of a
-    % file from "pCreate" gridio knows nothing when it closes what is open at the end.
+    % A close that fails, on a full disk, leaves a classic file open: the end of the session would try
+    % again, and warn. Of a file from "pCreate" gridio knows nothing then.
     [~, target] = gridio ("pCreate", out, creationMode (format), 0, 2^20);
     created = out;
     netcdf4 = strncmp (format, "netCDF-4", 8);

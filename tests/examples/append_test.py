@@ -58,7 +58,7 @@ def check_growth(path):
             for load in loads[len(old_loads):]:
                 assert all(abs(a - b) < 1e-6 for a, b in zip(load, before)), (load, before)
 
-        assert lines[0] == f"{path}: {len(times)} records, {new} of them new", lines
+        assert lines[0] == f"{path}: records: {len(times)}, new: {new}", lines
         shown = [re.match(r"(\S+ \S+) +(\S+) +(\S+) +(\S+)  #*$", line).groups() for line in lines[1:]]
         expected = [(time.strftime("%Y-%m-%d %H:%M:%S", time.gmtime(t)), *(f"{v:.2f}" for v in load))
                     for t, load in list(zip(times, loads))[-20:]]
