@@ -147,6 +147,18 @@ TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
     expectHealth();
 }
 
+// A store of another kind, in a folder of its own, is renamed by other means.
+TEST_F(LibraryGuards, AScalarVariableIsRenamedAsADimensionOfItsZarrGroup)
+{
+    const std::string path = "file://" + folder.file("store") + "#mode=nczarr,file";
+    const int ncid = static_cast<int>(host.call("create", {path, "netcdf4"}).at(0).toDouble());
+    host.call("defDim", {ncid, "x", 2});
+    host.call("defVar", {ncid, "s", NC_INT, Value::empty()});
+    EXPECT_THAT(host.attempt("renameVar", {ncid, 0, "x"}), testsupport::succeeds());
+    EXPECT_EQ(host.call("inqVarID", {ncid, "x"}).at(0).toDouble(), 0);
+    expectHealth();
+}
+
 // A renaming that fails leaves a second identifier of the file without one of the dimensions.
 TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
 {
