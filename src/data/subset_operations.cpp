@@ -36,13 +36,6 @@ Subset readSubset(const vxArray* vectors[], int vectorCount)
     return subset;
 }
 
-[[noreturn]] void raiseBadLength(const char* label, const char* variable, std::size_t required,
-                                 std::size_t given)
-{
-    vxErrMsgId(netcdf::badIndexArgumentLength(label, variable, static_cast<long>(required),
-                                              static_cast<long>(given)));
-}
-
 enum class Access { read, write };
 
 // Raises badIndexArgumentLength unless the vectors have one element for each dimension of the
@@ -51,18 +44,23 @@ enum class Access { read, write };
 void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access access,
                             const OperationEntry* entry)
 {
-    char* name = nameBuffer();
     int ndims = 0;
-    checkStatus(nc_inq_var(ncid, varid, name, nullptr, &ndims, nullptr, nullptr), entry);
+    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
+    const auto require = [&](const char* label, std::size_t required, std::size_t length,
+                             std::size_t shown) {
+        if (length == required)
+            return;
+        char* name = nameBuffer();
+        checkStatus(nc_inq_varname(ncid, varid, name), entry);
+        vxErrMsgId(netcdf::badIndexArgumentLength(label, name, static_cast<long>(required),
+                                                  static_cast<long>(shown)));
+    };
 
     const std::size_t rank = subset.start.size();
-    if (rank != static_cast<std::size_t>(ndims))
-        raiseBadLength("START", name, static_cast<std::size_t>(ndims), rank);
+    require("START", static_cast<std::size_t>(ndims), rank, rank);
     const auto shown = [&](std::size_t given) { return access == Access::read ? rank : given; };
-    if (subset.count.size() != rank)
-        raiseBadLength("COUNT", name, rank, shown(subset.count.size()));
-    if (subset.stride.size() != rank)
-        raiseBadLength("STRIDE", name, rank, shown(subset.stride.size()));
+    require("COUNT", rank, subset.count.size(), shown(subset.count.size()));
+    require("STRIDE", rank, subset.stride.size(), shown(subset.stride.size()));
     requireAccessibleRank(ndims, entry);
 }
 
