@@ -186,13 +186,13 @@ std::string Planner::oddNameOr(const std::string& name)
 // The library makes netCDF-4 files that it cannot close, loses data, or crashes, when a group or a
 // variable without dimensions bears the name of a dimension, when a dimension is given the name of
 // a variable that exists, when one of the two is renamed, and when a dimension is renamed through a
-// group inside its own, or in a file that was opened, not made; and when a variable or
-// group is to be defined in a file where a variable was to be renamed. What remains is the usual
+// group inside its own, or in a file that was opened, not made; and when a variable, dimension
+// or group is to be named in a file where a variable was renamed. What remains is the usual
 // way: first the dimension, then a variable named after it.
 std::string Planner::dimensionName(const Group& group)
 {
     const std::string name = oddNameOr(oneOf({"x", "y", "t", "z", "row"}));
-    return format_.isNetcdf4 && isVariable(group, name) ? "different" : name;
+    return format_.isNetcdf4 && (hasRenamed_ || isVariable(group, name)) ? "different" : name;
 }
 std::string Planner::variableName(std::size_t rank)
 {
@@ -409,7 +409,7 @@ bool Planner::isRenamedWell(const Group& group, const std::string& oldName,
     const auto isTaken = [&](const std::string& name) {
         return isVariable(group, name) || isDimension(group, name);
     };
-    return !format_.isNetcdf4 || (isNew_ && group.index == 0 && !isTaken(newName) &&
+    return !format_.isNetcdf4 || (isNew_ && !hasRenamed_ && group.index == 0 && !isTaken(newName) &&
                                   !(isVariable(group, oldName) && isDimension(group, oldName)));
 }
 
