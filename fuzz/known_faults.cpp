@@ -4,6 +4,7 @@
 #include <netcdf.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 namespace fuzz {
@@ -28,6 +29,26 @@ bool isTaken(int ncid, const std::string& name)
            nc_inq_ncid(ncid, name.c_str(), &id) == NC_NOERR;
 }
 
+int toId(const Value& ncid)
+{
+    const bool isId = ncid.toDouble() >= 0 && ncid.toDouble() < 2e9;
+    return isId ? static_cast<int>(ncid.toDouble()) : -1;
+}
+
+// Whether a vector of one of the classes has an element that is far from 0.
+template <class... T> bool isFar(const Value& vector)
+{
+    const auto holds = [&](auto zero) {
+        using Element = decltype(zero);
+        if (vector.classId() != standalone::classOf<Element>())
+            return false;
+        const std::vector<Element> elements = vector.elements<Element>();
+        return std::any_of(elements.begin(), elements.end(),
+                           [](Element e) { return static_cast<double>(e) > 10000; });
+    };
+    return (holds(T{}) || ...);
+}
+
 } // namespace
 
 bool isKnownFault(const Operation& operation, const std::vector<Value>& arguments)
@@ -39,11 +60,26 @@ bool isKnownFault(const Operation& operation, const std::vector<Value>& argument
     if (ncid.classId() != vxDOUBLE_CLASS || ncid.numel() != 1 || name.classId() != vxCHAR_CLASS)
         return false;
 
-    const bool isId = ncid.toDouble() >= 0 && ncid.toDouble() < 2e9;
-    const int file = isId ? static_cast<int>(ncid.toDouble()) : -1;
+    const int file = toId(ncid);
     int model = NC_FORMATX_UNDEFINED;
     return nc_inq_format_extended(file, &model, nullptr) == NC_NOERR &&
            model == NC_FORMATX_NC_HDF5 && isTaken(file, name.toText());
+}
+
+bool growsFileInMemory(const Operation& operation, const std::vector<Value>& arguments)
+{
+    const std::size_t start = operation.parameters.find(parameter::start);
+    if (operation.name.compare(0, 3, "put") != 0 || start >= arguments.size() ||
+        arguments[0].classId() != vxDOUBLE_CLASS || arguments[0].numel() != 1)
+        return false;
+    int mode = 0;
+    const std::size_t data = std::min(operation.parameters.find(parameter::data), arguments.size());
+    return nc_inq_format_extended(toId(arguments[0]), nullptr, &mode) == NC_NOERR &&
+           (mode & NC_DISKLESS) != 0 &&
+           std::any_of(arguments.begin() + static_cast<std::ptrdiff_t>(start),
+                       arguments.begin() + static_cast<std::ptrdiff_t>(data),
+                       isFar<double, float, std::int8_t, std::uint8_t, std::int16_t, std::uint16_t,
+                             std::int32_t, std::uint32_t, std::int64_t, std::uint64_t>);
 }
 
 } // namespace fuzz
