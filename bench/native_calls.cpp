@@ -24,13 +24,12 @@ const std::size_t one = 1;
 const std::size_t hundred = 100;
 const std::ptrdiff_t stride = 1;
 
-// The inquiries that the module makes before it reads values.
+// The inquiries that the module makes before it reads values of a classic file.
 int inquireShape(int ncid)
 {
-    int dimid = 0;
-    check(nc_inq_var(ncid, 0, text, nullptr, &number, nullptr, nullptr));
-    check(nc_inq_vardimid(ncid, 0, &dimid));
-    return nc_inq_dim(ncid, dimid, nullptr, nullptr);
+    int model = 0;
+    check(nc_inq_varndims(ncid, 0, &number));
+    return nc_inq_format_extended(ncid, &model, nullptr);
 }
 
 // clang-format off
