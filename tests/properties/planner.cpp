@@ -246,7 +246,7 @@ void Planner::defineVariable()
     // At most one unlimited dimension: where two of a netCDF-4 variable are longer than what was
     // written of it, the library, and ncdump with it, takes elements as they were for values.
     bool hasUnlimited = false;
-    for (std::size_t rank = visible.empty() ? 0 : oneOf({1, 2, 0, 3, 2}); rank > 0; --rank) {
+    for (int rank = visible.empty() ? 0 : oneOf({1, 2, 0, 3, 2}); rank > 0; --rank) {
         const int dimid = visible[pick(visible.size())];
         const bool unlimited = isUnlimited(reference_.ncid(group), dimid);
         if (!unlimited || !hasUnlimited)
