@@ -13,8 +13,6 @@
 
 namespace standalone {
 
-namespace {
-
 const char* classWord(vxClassID classId)
 {
     switch (classId) {
@@ -49,6 +47,8 @@ const char* classWord(vxClassID classId)
     }
     return "something";
 }
+
+namespace {
 
 constexpr std::size_t elementsDescribed = 20;
 

@@ -22,6 +22,9 @@ using Dims = std::vector<std::size_t>;
 // bool.
 template <class T> constexpr vxClassID classOf();
 
+// The word of a script for a class: "double", "char"; "something" for what is of no class.
+const char* classWord(vxClassID classId);
+
 // Immutable, so that copies share one array. The dimensions of a constructor must multiply to the
 // number of elements given (std::invalid_argument otherwise).
 class Value {

@@ -48,35 +48,6 @@ Program record(const testsupport::FileFormat& format, const std::string& path, s
     return program;
 }
 
-// The name of a class in the interpreter, from the suffix of an operation.
-std::string className(const std::string& suffix)
-{
-    switch (properties::typedLibraryCalls(suffix).hostClass) {
-    case vxDOUBLE_CLASS:
-        return "double";
-    case vxSINGLE_CLASS:
-        return "single";
-    case vxINT8_CLASS:
-        return "int8";
-    case vxUINT8_CLASS:
-        return "uint8";
-    case vxINT16_CLASS:
-        return "int16";
-    case vxUINT16_CLASS:
-        return "uint16";
-    case vxINT32_CLASS:
-        return "int32";
-    case vxUINT32_CLASS:
-        return "uint32";
-    case vxINT64_CLASS:
-        return "int64";
-    case vxUINT64_CLASS:
-        return "uint64";
-    default:
-        return "char";
-    }
-}
-
 struct WriteArgument {
     std::ostream& out;
 
@@ -101,7 +72,9 @@ struct WriteArgument {
     void operator()(const properties::Elements& elements) const
     {
         writeBytes(elements.bytes);
-        out << ", \"" << className(elements.suffix) << "\")";
+        out << ", \""
+            << standalone::classWord(properties::typedLibraryCalls(elements.suffix).hostClass)
+            << "\")";
     }
 
 private:
