@@ -7,6 +7,7 @@
 #include "open_file_registry.h"
 #include "vx/text.h"
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 
@@ -130,10 +131,17 @@ std::string charDataToString(const vxArray* a)
     const std::size_t count = vxGetNumberOfElements(a);
     requireStorage(a, count, sizeof(char16_t));
 
-    std::string bytes(count, '\0');
+    // In pieces, so that the string is not filled with zeros before.
+    std::string bytes;
+    bytes.reserve(count);
     const auto* storage = static_cast<const char*>(vxGetData(a));
-    for (std::size_t i = 0; i < count; ++i)
-        bytes[i] = storage[sizeof(char16_t) * i];
+    char piece[1024];
+    for (std::size_t done = 0; done < count; done += sizeof piece) {
+        const std::size_t length = std::min(count - done, sizeof piece);
+        for (std::size_t i = 0; i < length; ++i)
+            piece[i] = storage[sizeof(char16_t) * (done + i)];
+        bytes.append(piece, length);
+    }
     return bytes;
 }
 

@@ -42,9 +42,10 @@ class QuickBenchmark(unittest.TestCase):
                     self.assertGreater(min(entry["seconds"]), 0)
                     self.assertGreater(entry["ratio"], 0)
 
-    def test_the_limit_is_there_for_large_reads_alone(self):
+    def test_the_limit_of_large_reads_is_the_librarys_and_else_the_interpreters(self):
         for line in self.data["lines"]:
             self.assertEqual("huge" in line["contenders"], line["data_bytes"] > 0, line["workload"])
+            self.assertEqual("direct" in line["contenders"], line["data_bytes"] == 0, line["workload"])
             for entry in line["contenders"].values():
                 self.assertEqual("peak_ratio" in entry, line["data_bytes"] > 0, line["workload"])
 
@@ -52,6 +53,7 @@ class QuickBenchmark(unittest.TestCase):
         self.assertEqual([call["call"] for call in self.data["calls"]], [call.name for call in workloads.CALLS])
         for call in self.data["calls"]:
             self.assertGreater(call["empty"], 0)
+            self.assertGreater(call["direct"], 0)
             self.assertGreater(call["gridio"], 0)
         paths = {path["name"]: path for path in self.data["paths"]}
         self.assertLessEqual({"look-up, first row", "look-up, last row", "read a number", "build a number",

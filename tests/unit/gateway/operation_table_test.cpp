@@ -218,6 +218,19 @@ TEST(FindOperation, ComparesNamesByteForByte)
                     raises("unrecognizedOperation", {name}));
 }
 
+TEST(FindOperation, LooksAtEveryCharacterAndAtTheWholeLength)
+{
+    for (const ExpectedRow& row : expectedRows) {
+        const std::string name = row.name;
+        std::set<std::string> others = {name + std::string(256, name.back())};
+        for (std::size_t i = 0; i < name.size(); ++i)
+            others.insert(std::string(name).replace(i, 1, "~"));
+        for (const std::string& other : others)
+            EXPECT_THAT(outcomeOf([&] { return findOperation(other.c_str(), row.nargs); }),
+                        raises("unrecognizedOperation", {other}));
+    }
+}
+
 TEST(FindOperation, ReportsANullNameWithAnEmptyText)
 {
     EXPECT_THAT(outcomeOf([] { return findOperation(nullptr, 0); }),
