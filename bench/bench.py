@@ -58,13 +58,15 @@ class Worker:
 
 def workers(programs, oct_folder, peers):
     native = str(programs / "native_worker")
+    interpreter = ["octave-cli", "--norc", "--no-history", "--no-line-editing", "--quiet", "--path", str(oct_folder),
+                   "--path", str(HERE.parent / "hosts" / "octave" / "inst"), "--path", str(programs)]
     every = {
         "c": Worker("c", [native]),
         "huge": Worker("huge", [native, "huge"]),
+        "threads": Worker("threads", [native, "threads"]),
         "module": Worker("module", [str(programs / "module_worker")]),
-        "gridio": Worker("gridio", ["octave-cli", "--norc", "--no-history", "--no-line-editing", "--quiet",
-                                    "--path", str(oct_folder), "--path", str(HERE.parent / "hosts" / "octave" / "inst"),
-                                    "--path", str(programs), str(HERE / "octave_worker.m")]),
+        "gridio": Worker("gridio", [*interpreter, str(HERE / "octave_worker.m")]),
+        "direct": Worker("direct", [*interpreter, str(HERE / "direct_worker.m")]),
     }
     if peers:
         every["python"] = Worker("python", ["/usr/bin/python3", "-B", str(HERE / "python_worker.py")])
@@ -88,7 +90,8 @@ class Bench:
     def line(self, workload, form):
         count = workload.count(self._sizes)
         source = workload.source and self.make(workload.source, form, workload.source_count(self._sizes))
-        names = [name for name in self._workers if name != "huge" or workload.is_bulk_read]
+        others = ("threads", "direct") if workload.is_bulk_read else ("huge",)
+        names = [name for name in self._workers if name not in others]
         runs = {name: [] for name in names}
         expected = workload.expected(count)
         for turn in range(self._sizes.rounds):
@@ -113,11 +116,11 @@ class Bench:
         path = self.make("small", form, self._sizes.small)
         count = self._sizes.calls
         few = count // 100  # as the interpreter's worker does
-        answer = self._workers["gridio"].ask("call", path, count, f"| {call.native}| {call.arguments}")
-        empty, native, full = map(float, answer.split())
+        answer = self._workers["gridio"].ask("call", path, count, f"|{call.name}|{call.arguments}")
+        empty, direct, full = map(float, answer.split())
         rounds = [float(self._workers["c"].ask("run", f"call_{call.name}", form, path, few)) for _ in range(100)]
         self._workers["c"].ask("check")
-        return report.call(call, form, min(rounds) / few * 1e6, empty, native, full)
+        return report.call(call, form, min(rounds) / few * 1e6, empty, direct, full)
 
 
 def scratch_folder(need, build):

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The floor of the side-by-side benchmark: the same work in plain calls of the library, into memory
-// of malloc; with the argument "huge", into memory that asks for huge pages, which is the limit.
+// of malloc. With the argument "huge", into memory that asks for huge pages, which is the limit of
+// large reads. With "threads", in a process that has a second thread, which sleeps, as the
+// interpreter has for its signals: the system then takes more time for each call.
 #include "bench/native_work.h"
 
 #include <sys/mman.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <thread>
 #include <vector>
 
 bool bench::hugePages = false;
@@ -196,7 +201,10 @@ Done inquireVariables(const Job& job)
 
 int main(int argc, char** argv)
 {
-    hugePages = argc > 1 && std::string(argv[1]) == "huge";
+    const std::string way = argc > 1 ? argv[1] : "";
+    hugePages = way == "huge";
+    if (way == "threads")
+        std::thread(pause).detach();
     Works works = {{"read_double", readDouble},
                    {"read_short", readShort},
                    {"read_short_as_double", readDouble},

@@ -1,6 +1,6 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 ## The same work as bench/native_worker.cpp, by gridio in the interpreter. See bench/worker.h for what it is asked, and
-## below for one more command, "call FILE COUNT |NATIVE|ARGUMENTS".
+## below for one more command, "call FILE COUNT |OPERATION|ARGUMENTS".
 1;
 
 function ncid = new_file (format, path)
@@ -180,11 +180,12 @@ function sum_ = checksum (values)
   sum_ = sum (values(:), "double") + sum (sample .* (mod ((0:numel (sample) - 1)', 7) + 1));
 endfunction
 
-## Microseconds of a call of an empty native function, of a native function that only returns something, and of gridio,
-## with the same arguments, in turns; of each the least, which a busy machine disturbs little.
-function least = call_cost (native, arguments, path, count)
+## Microseconds of a call of an empty native function, of one that makes the library's calls and nothing else, and of
+## gridio, with the same arguments, in turns; of each the least, which a busy machine disturbs little.
+function least = call_cost (operation, arguments, path, count)
   ncid = gridio ("open", path, "nowrite");
-  functions = {"empty_call", native, "gridio"};
+  arguments = sprintf ('"%s"%s', operation, arguments);
+  functions = {"empty_call", ["direct_" operation], "gridio"};
   for i = 1:3
     eval (sprintf (["function seconds = loop_%d_ (ncid, n), start = 3; t = tic; " ...
                     "for k = 1:n, %s (%s); end, seconds = toc (t); end"], i, functions{i}, arguments));
@@ -198,8 +199,10 @@ function least = call_cost (native, arguments, path, count)
   least = min (seconds) / count * 1e6;
 endfunction
 
-for name = {"number_call", "text_call", "column_call", "name_and_number_call", "four_call"}
-  autoload (name{1}, file_in_loadpath ("empty_call.oct"));
+for name = {"open", "create", "close", "defDim", "defVar", "setFill", "endDef", "parameter", "putVar", ...
+            "putVaraDouble", "getVar1Double", "getVaraDouble", "inq", "inqLibVers", "inqFormat", "inqDim", ...
+            "inqVar", "inqVarID", "getAttText", "getAttDouble", "putAttDouble"}
+  autoload (["direct_" name{1}], file_in_loadpath ("direct_calls.oct"));
 endfor
 
 works = struct (

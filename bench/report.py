@@ -7,7 +7,8 @@ import pathlib
 import platform
 import statistics
 
-TITLES = {"c": "C", "huge": "C, huge pages", "module": "module", "gridio": "gridio", "python": "Python"}
+TITLES = {"c": "C", "huge": "C, huge pages", "threads": "C, 2 threads", "module": "module", "gridio": "gridio",
+          "direct": "direct", "python": "Python"}
 
 
 def line(workload, form, count, runs, data_bytes):
@@ -28,11 +29,11 @@ def line(workload, form, count, runs, data_bytes):
             "data_bytes": data_bytes, "contenders": contenders}
 
 
-def call(call_, form, library, empty, native, full):
-    """Microseconds of one call. "own" is what the gateway and the adapter add to a function that does and returns
-    nothing, "beyond_results" what they add to one that returns results of the same kinds."""
-    return {"call": call_.name, "format": form, "library": library, "empty": empty, "native": native, "gridio": full,
-            "own": full - empty - library, "beyond_results": full - native - library}
+def call(call_, form, library, empty, direct, full):
+    """Microseconds of one call. "own" is what the gateway, the adapter and the results add to a function that does and
+    returns nothing, "over_direct" what they add to one that makes the library's calls and nothing else."""
+    return {"call": call_.name, "format": form, "library": library, "empty": empty, "direct": direct, "gridio": full,
+            "own": full - empty - library, "over_direct": full - direct}
 
 
 def machine():
@@ -81,10 +82,11 @@ class Table:
     def add_call(self, call_):
         if not self._data["calls"]:
             print(f"\nMicroseconds of one call in the interpreter\n"
-                  f"{'':24}{'gridio':>10}{'empty call':>12}{'library':>10}{'own':>10}{'of which results':>18}")
+                  f"{'':24}{'gridio':>10}{'empty call':>12}{'library':>10}{'own':>10}{'direct':>10}"
+                  f"{'over direct':>13}")
         self._data["calls"].append(call_)
         print(f"{call_['call']:24}{call_['gridio']:10.2f}{call_['empty']:12.2f}{call_['library']:10.2f}"
-              f"{call_['own']:10.2f}{call_['own'] - call_['beyond_results']:18.2f}", flush=True)
+              f"{call_['own']:10.2f}{call_['direct']:10.2f}{call_['over_direct']:13.2f}", flush=True)
 
     def add_path(self, cost):
         if not self._data["paths"]:

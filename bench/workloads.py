@@ -138,19 +138,18 @@ WORKLOADS = [
 class Call:
     """A call in the interpreter, measured against native functions with the same arguments."""
     name: str
-    arguments: str
-    native: str = "number_call"  # returns the same kinds of results; see bench/empty_call.cc
+    arguments: str  # after the name
 
 
 CALLS = [
-    Call("inqLibVers", '"inqLibVers"', "text_call"),
-    Call("inqFormat", '"inqFormat", ncid', "text_call"),
-    Call("inqVarID", '"inqVarID", ncid, "v10"'),
-    Call("inqDim", '"inqDim", ncid, 0', "name_and_number_call"),
-    Call("inqVar", '"inqVar", ncid, 3', "four_call"),
-    Call("getAttDouble", '"getAttDouble", ncid, 0, "valid_range"', "column_call"),
-    Call("getAttText", '"getAttText", ncid, 0, "units"', "text_call"),
-    Call("getVar1Double", '"getVar1Double", ncid, 0, start'),
-    Call("getVaraDouble", '"getVaraDouble", ncid, 0, start, 100', "column_call"),
-    Call("parameter", '"parameter", "NC_DOUBLE"'),
+    Call("inqLibVers", ''),
+    Call("inqFormat", ', ncid'),
+    Call("inqVarID", ', ncid, "v10"'),
+    Call("inqDim", ', ncid, 0'),
+    Call("inqVar", ', ncid, 3'),
+    Call("getAttDouble", ', ncid, 0, "valid_range"'),
+    Call("getAttText", ', ncid, 0, "units"'),
+    Call("getVar1Double", ', ncid, 0, start'),
+    Call("getVaraDouble", ', ncid, 0, start, 100'),
+    Call("parameter", ', "NC_DOUBLE"'),
 ]
