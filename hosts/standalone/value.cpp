@@ -125,7 +125,8 @@ Value Value::number(double value) { return fromBytes(vxDOUBLE_CLASS, {1, 1}, &va
 
 Value Value::empty(vxClassID classId, const Dims& dims)
 {
-    return fromBytes(classId, dims, nullptr, 0);
+    constexpr char nothing = 0;
+    return fromBytes(classId, dims, &nothing, 0);
 }
 
 Value Value::text(std::string_view utf8)
