@@ -94,7 +94,7 @@ class Bench:
         names = [name for name in self._workers if name not in others]
         runs = {name: [] for name in names}
         expected = workload.expected(count)
-        for turn in range(self._sizes.rounds):
+        for turn in range(workload.rounds(self._sizes)):
             shift = turn % len(names)
             for name in names[shift:] + names[:shift]:
                 path = source or self._folder / f"written_by_{name}.nc"
@@ -143,7 +143,7 @@ def main():
 
     sizes = Sizes.quick() if options.quick else Sizes.full()
     every = workers(options.programs, options.octave, options.peers)
-    table = report.Table(options.quick, sizes.rounds, list(every),
+    table = report.Table(options.quick, list(every),
                          {name: every[name].ask("versions") for name in ("gridio", "python") if name in every})
     with scratch_folder(sizes.bytes_needed, options.programs) as folder:
         bench = Bench(every, sizes, pathlib.Path(folder))

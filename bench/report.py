@@ -25,7 +25,7 @@ def line(workload, form, count, runs, data_bytes):
             entry["peak"] = max(peak for _, peak in rounds)
             entry["peak_ratio"] = entry["peak"] / data_bytes
         contenders[name] = entry
-    return {"workload": workload.name, "title": workload.title, "format": form, "count": count,
+    return {"workload": workload.name, "title": workload.title, "format": form, "count": count, "rounds": len(seconds),
             "data_bytes": data_bytes, "contenders": contenders}
 
 
@@ -55,11 +55,11 @@ def human(count):
 class Table:
     """Printed while it grows."""
 
-    def __init__(self, quick, rounds, names, versions):
+    def __init__(self, quick, names, versions):
         self._names = names
-        self._data = {"quick": quick, "rounds": rounds, "versions": versions, "machine": machine(), "lines": [],
+        self._data = {"quick": quick, "versions": versions, "machine": machine(), "lines": [],
                       "calls": [], "paths": []}
-        print(f"Medians of {rounds} rounds in turns; ratios to plain C"
+        print("Medians of rounds in turns; ratios to plain C"
               " (of bulk reads, with the most memory taken, in parts of the data)")
         for about in (*versions.values(), *map(str, self._data["machine"].values())):
             print(f"  {about}")

@@ -7,7 +7,7 @@ MIB = 1 << 20
 
 @dataclasses.dataclass(frozen=True)
 class Sizes:
-    rounds: int
+    rounds: int  # of bulk work; three times as many of small calls, which scatter more
     bulk: int  # elements of the large double field; the others are parts or multiples of it
     calls: int  # of each cheap call
     small: int  # elements of the vector that is read piece by piece
@@ -82,6 +82,9 @@ class Workload:
     @property
     def is_bulk_read(self):
         return self.element > 0 and self.source is not None
+
+    def rounds(self, sizes):
+        return sizes.rounds if self.element > 0 else 3 * sizes.rounds
 
     def data_bytes(self, count):
         return self.element * count
