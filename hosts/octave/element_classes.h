@@ -26,7 +26,7 @@ struct ElementClass {
     // The value spelled out as a full array, its real part.
     octave_value (*full)(const octave_value& value);
 
-    // A value that takes over a block of ::operator new as its storage, which is freed on failure.
+    // A value that takes over a block of newElements as its storage, which is freed on failure.
     octave_value (*adopt)(void* block, const dim_vector& dims);
 
     // A scalar.

@@ -13,6 +13,20 @@ namespace {
 constexpr size_t largeBlock = size_t{4} << 20;
 constexpr std::uintptr_t hugePage = std::uintptr_t{2} << 20;
 
+// Large blocks otherwise begin 16 bytes after a page does, and the system takes up to a quarter
+// more time to copy a file there.
+void* newBlock(size_t bytes)
+{
+#ifdef __GLIBCXX__
+    // Deliberately aligned, although the interpreter releases it as if it were not: operator delete
+    // is free() for both.
+    constexpr std::align_val_t cacheLine{64};
+    if (bytes >= largeBlock)
+        return ::operator new(bytes, cacheLine);
+#endif
+    return ::operator new(bytes);
+}
+
 } // namespace
 
 void adviseHugePages(void* block, size_t bytes)
@@ -33,7 +47,7 @@ void* newElements(size_t count, size_t elementSize)
     if (count > PTRDIFF_MAX / elementSize)
         throw std::bad_alloc();
     const size_t bytes = count * elementSize;
-    void* block = ::operator new(bytes);
+    void* block = newBlock(bytes);
     adviseHugePages(block, bytes);
     return block;
 }

@@ -62,13 +62,23 @@ void adviseHugePages(void* block, std::size_t bytes)
         static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
 }
 
+// Large blocks of malloc begin 16 bytes after a page does, and the system takes up to a quarter
+// more time to copy a file there than to a cache line.
+void* allocate(std::size_t bytes)
+{
+    constexpr std::size_t cacheLine = 64;
+    if (bytes < largeBlock || bytes > PTRDIFF_MAX - cacheLine)
+        return std::malloc(bytes);
+    return std::aligned_alloc(cacheLine, (bytes + cacheLine - 1) / cacheLine * cacheLine);
+}
+
 // Elements that may hold anything are not touched here: of a large array, pages cost more than the
 // read that fills them.
 Elements makeElements(std::size_t bytes, Contents contents)
 {
     if (bytes == 0)
         return nullptr;
-    Elements elements(contents == Contents::zeros ? std::calloc(1, bytes) : std::malloc(bytes));
+    Elements elements(contents == Contents::zeros ? std::calloc(1, bytes) : allocate(bytes));
     if (elements == nullptr)
         throw OutOfMemory();
     if (bytes >= largeBlock)

@@ -1,0 +1,24 @@
+% SPDX-License-Identifier: BSD-3-Clause
+% A large result is deliberately allocated in another way than the interpreter releases it: it begins on a cache line,
+% grows, shrinks and goes like any other array.
+ncid = new_file ();
+x = gridio ("defDim", ncid, "x", 2^20);
+v = gridio ("defVar", ncid, "v", gridio ("parameter", "NC_DOUBLE"), x);
+gridio ("endDef", ncid);
+expected = (1:2^20)';
+gridio ("putVarDouble", ncid, v, expected);
+
+kept = {};
+for k = 1:20
+  values = gridio ("getVarDouble", ncid, v);
+  check ("begins on a cache line", mod (address_of (values), 64) == 0);
+  check ("is not moved when it is kept", address_of (values) == address_of (values(:)));
+  kept{mod (k, 3) + 1} = values;
+  values(end + 1) = k;
+  values(1:2:end) = [];
+  check ("changes like any other array", isequal (values, [expected; k](2:2:end)));
+end
+check ("holds what was written", isequal (kept, {expected, expected, expected}));
+clear kept values
+gridio ("close", ncid);
+conclude ();
