@@ -14,10 +14,9 @@ import tempfile
 
 import gateway_costs
 import report
-from workloads import CALLS, Sizes, WORKLOADS
+from workloads import CALLS, FORMATS, Sizes, WORKLOADS
 
 HERE = pathlib.Path(__file__).resolve().parent
-FORMATS = ("classic", "netcdf4")
 
 
 class Worker:
@@ -156,8 +155,8 @@ def main():
             if workload.source not in sources[i + 1:] + ["small", None]:
                 bench.forget(workload.source)
         for call in CALLS:
-            if "call".startswith(options.only[:4]):
-                table.add_call(bench.call(call, "classic"))
+            for form in call.formats if "call".startswith(options.only[:4]) else ():
+                table.add_call(bench.call(call, form))
     for worker in every.values():
         worker.close()
     if not options.only:

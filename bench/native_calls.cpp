@@ -24,12 +24,16 @@ const std::size_t one = 1;
 const std::size_t hundred = 100;
 const std::ptrdiff_t stride = 1;
 
-// The inquiries that the module makes before it reads values of a classic file.
+// The inquiries that the module makes before it reads values.
 int inquireShape(int ncid)
 {
     int model = 0;
-    check(nc_inq_varndims(ncid, 0, &number));
-    return nc_inq_format_extended(ncid, &model, nullptr);
+    check(nc_inq_format_extended(ncid, &model, nullptr));
+    int dimid = 0;
+    if (model != NC_FORMATX_NC_HDF5)
+        return nc_inq_var(ncid, 0, nullptr, nullptr, &number, nullptr, nullptr);
+    check(nc_inq_var(ncid, 0, nullptr, nullptr, &number, &dimid, nullptr));
+    return nc_inq_dim(ncid, dimid, nullptr, nullptr);
 }
 
 // clang-format off

@@ -85,7 +85,8 @@ class Table:
                   f"{'':24}{'gridio':>10}{'empty call':>12}{'library':>10}{'own':>10}{'direct':>10}"
                   f"{'over direct':>13}")
         self._data["calls"].append(call_)
-        print(f"{call_['call']:24}{call_['gridio']:10.2f}{call_['empty']:12.2f}{call_['library']:10.2f}"
+        title = f"{call_['call']}, {call_['format']}"
+        print(f"{title:24}{call_['gridio']:10.2f}{call_['empty']:12.2f}{call_['library']:10.2f}"
               f"{call_['own']:10.2f}{call_['direct']:10.2f}{call_['over_direct']:13.2f}", flush=True)
 
     def add_path(self, cost):

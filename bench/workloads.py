@@ -2,6 +2,7 @@
 """The work that is timed: how much of it, on which file, and which checksum shows that it was done."""
 import dataclasses
 
+FORMATS = ("classic", "netcdf4")
 MIB = 1 << 20
 
 
@@ -142,6 +143,7 @@ class Call:
     """A call in the interpreter, measured against native functions with the same arguments."""
     name: str
     arguments: str  # after the name
+    formats: tuple = ("classic",)
 
 
 CALLS = [
@@ -152,7 +154,7 @@ CALLS = [
     Call("inqVar", ', ncid, 3'),
     Call("getAttDouble", ', ncid, 0, "valid_range"'),
     Call("getAttText", ', ncid, 0, "units"'),
-    Call("getVar1Double", ', ncid, 0, start'),
-    Call("getVaraDouble", ', ncid, 0, start, 100'),
+    Call("getVar1Double", ', ncid, 0, start', FORMATS),
+    Call("getVaraDouble", ', ncid, 0, start, 100', FORMATS),
     Call("parameter", ', "NC_DOUBLE"'),
 ]

@@ -36,16 +36,27 @@ Subset readSubset(const vxArray* vectors[], int vectorCount)
     return subset;
 }
 
+// The variable's dimensions: how many, and in HDF5, where there are 32 at most, which.
+struct Dimensions {
+    Dimensions(int ncid, int varid, const OperationEntry* entry) : inHdf5(isStoredInHdf5(ncid))
+    {
+        int* wanted = inHdf5 ? ids : nullptr;
+        checkStatus(nc_inq_var(ncid, varid, nullptr, nullptr, &count, wanted, nullptr), entry);
+    }
+
+    bool inHdf5;
+    int count = 0;
+    int ids[NC_MAX_VAR_DIMS];
+};
+
 enum class Access { read, write };
 
 // Raises badIndexArgumentLength unless the vectors have one element for each dimension of the
 // variable. For COUNT and STRIDE a read deliberately reports the required length twice, a write
 // also the length that was given.
-void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access access,
+void requireMatchingLengths(const Subset& subset, int ndims, int ncid, int varid, Access access,
                             const OperationEntry* entry)
 {
-    int ndims = 0;
-    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
     const auto require = [&](const char* label, std::size_t required, std::size_t length,
                              std::size_t shown) {
         if (length == required)
@@ -64,14 +75,6 @@ void requireMatchingLengths(const Subset& subset, int ncid, int varid, Access ac
     requireAccessibleRank(ndims, entry);
 }
 
-// Asked only where the library does not do so itself.
-void requireDimensions(const Subset& subset, int ncid, int varid, const OperationEntry* entry)
-{
-    DimensionVector<int> dimids(subset.start.size());
-    checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
-    requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
-}
-
 } // namespace
 
 void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
@@ -83,16 +86,16 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
     const ElementType* element = findElementType(subsetReads, entry->code);
     if (element == nullptr)
         vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
-    requireMatchingLengths(subset, ncid, varid, Access::read, entry);
-
-    const bool inHdf5 = isStoredInHdf5(ncid);
-    if (inHdf5)
-        requireDimensions(subset, ncid, varid, entry);
+    const Dimensions dimensions(ncid, varid, entry);
+    requireMatchingLengths(subset, dimensions.count, ncid, varid, Access::read, entry);
+    if (dimensions.inHdf5)
+        requireKnownDimensions(ncid, dimensions.ids, subset.start.size(), entry);
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
     const auto& [start, count, stride] = subset;
-    if (!inHdf5 || !readUnwritten(values, *element, ncid, varid, {start, count, stride}, entry))
+    if (!dimensions.inHdf5 || !readUnwritten(values, *element, ncid, varid,
+                                             {start, count, stride, dimensions.ids}, entry))
         checkStatus(element->getVars(ncid, varid, start.data(), count.data(), stride.data(),
                                      values.destination()),
                     entry);
@@ -109,15 +112,16 @@ void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const Opera
     if (element == nullptr)
         vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
     requireVariableData(data, entry);
-    requireMatchingLengths(subset, ncid, varid, Access::write, entry);
+    const Dimensions dimensions(ncid, varid, entry);
+    requireMatchingLengths(subset, dimensions.count, ncid, varid, Access::write, entry);
     const std::size_t product = productOf(subset.count);
     const std::size_t given = vxGetNumberOfElements(data);
     if (product != given)
         vxErrMsgId(
             netcdf::countNotEqualToData(static_cast<long>(product), static_cast<long>(given)));
 
-    if (isStoredInHdf5(ncid))
-        requireDimensions(subset, ncid, varid, entry);
+    if (dimensions.inHdf5)
+        requireKnownDimensions(ncid, dimensions.ids, subset.start.size(), entry);
 
     const ElementSource values(data, *element);
     checkStatus(element->putVars(ncid, varid, subset.start.data(), subset.count.data(),

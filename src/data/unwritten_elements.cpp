@@ -33,15 +33,13 @@ DimensionVector<int> unlimitedDimensions(int group, const OperationEntry* entry)
 // How many of the first dimensions are to be read one index at a time, so that the library meets no
 // unlimited dimension with a stride, and none with more than one index after others with more than
 // one.
-std::size_t dimensionsToSplit(int ncid, int varid, const Block& block, const OperationEntry* entry)
+std::size_t dimensionsToSplit(int ncid, const Block& block, const OperationEntry* entry)
 {
-    DimensionVector<int> dimids(block.start.size());
-    checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
     const DimensionVector<int> unlimited = unlimitedDimensions(ncid, entry);
     std::size_t split = 0;
-    for (std::size_t i = 0; i < dimids.size(); ++i) {
+    for (std::size_t i = 0; i < block.start.size(); ++i) {
         const bool isUnlimited =
-            std::find(unlimited.begin(), unlimited.end(), dimids[i]) != unlimited.end();
+            std::find(unlimited.begin(), unlimited.end(), block.dimids[i]) != unlimited.end();
         if (isUnlimited && block.count[i] > 1)
             split = block.stride[i] > 1 ? i + 1 : i;
     }
@@ -106,7 +104,7 @@ bool readUnwritten(const ElementResult& values, const ElementType& element, int 
                                        [](std::ptrdiff_t step) { return step > 1; });
     if (values.count() <= 1 || (block.start.size() < 2 && !hasStride))
         return false;
-    const std::size_t split = dimensionsToSplit(ncid, varid, block, entry);
+    const std::size_t split = dimensionsToSplit(ncid, block, entry);
     if (split == 0 || !endsWithFillValue(ncid, varid, block, entry))
         return false;
     readInPieces(values, element, ncid, varid, block, split, entry);

@@ -13,6 +13,7 @@ struct Block {
     const SizeVector& start;
     const SizeVector& count;
     const StrideVector& stride;
+    const int* dimids; // the identifiers of the dimensions
 };
 
 // Where an unlimited dimension has grown past what was written of a variable, the rest is to read

@@ -15,11 +15,11 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// Of the variable's ndims dimensions, in the library's order.
-SizeVector inquireLengths(int ncid, int varid, int ndims, const OperationEntry* entry)
+// Of the variable's ndims dimensions, in the library's order, with their identifiers.
+SizeVector inquireLengths(int ncid, int varid, int ndims, int (&dimids)[NC_MAX_VAR_DIMS],
+                          const OperationEntry* entry)
 {
     requireAccessibleRank(ndims, entry);
-    int dimids[NC_MAX_VAR_DIMS];
     SizeVector lengths(static_cast<std::size_t>(ndims));
     if (ndims > 0)
         checkStatus(nc_inq_vardimid(ncid, varid, dimids), entry);
@@ -54,13 +54,14 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     nc_type xtype = NC_NAT;
     int ndims = 0;
     checkStatus(nc_inq_var(ncid, varid, nullptr, &xtype, &ndims, nullptr, nullptr), entry);
-    const SizeVector lengths = inquireLengths(ncid, varid, ndims, entry);
+    int dimids[NC_MAX_VAR_DIMS];
+    const SizeVector lengths = inquireLengths(ncid, varid, ndims, dimids, entry);
 
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
     const SizeVector start(lengths.size(), 0);
     const StrideVector stride(lengths.size(), 1);
     if (!isStoredInHdf5(ncid) ||
-        !readUnwritten(values, *element, ncid, varid, {start, lengths, stride}, entry)) {
+        !readUnwritten(values, *element, ncid, varid, {start, lengths, stride, dimids}, entry)) {
         const int status = element->getVar(ncid, varid, values.destination());
         if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
             results[0] = createFlattenedEmpty(*element, xtype);
@@ -84,7 +85,8 @@ void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
 
     int ndims = 0;
     checkStatus(nc_inq_var(ncid, varid, nullptr, nullptr, &ndims, nullptr, nullptr), entry);
-    const std::size_t size = productOf(inquireLengths(ncid, varid, ndims, entry));
+    int dimids[NC_MAX_VAR_DIMS];
+    const std::size_t size = productOf(inquireLengths(ncid, varid, ndims, dimids, entry));
     if (size != vxGetNumberOfElements(data))
         vxErrMsgId(netcdf::dataSizeMismatch());
 
