@@ -10,7 +10,8 @@ namespace hosts::oct {
 // takes more time than most reads. Does nothing for a small one.
 void adviseHugePages(void* block, size_t bytes);
 
-// A block that ::operator delete releases, holding anything; a large one begins on a cache line.
+// A block that ::operator delete releases, holding anything; beyond 32 MiB it begins on a cache
+// line.
 void* newElements(size_t count, size_t elementSize);
 
 } // namespace hosts::oct

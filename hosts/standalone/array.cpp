@@ -62,12 +62,13 @@ void adviseHugePages(void* block, std::size_t bytes)
         static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
 }
 
-// Large blocks of malloc begin 16 bytes after a page does, and the system takes up to a quarter
-// more time to copy a file there than to a cache line.
+// Blocks that malloc maps by themselves begin 16 bytes after a page does, and the system takes up
+// to a quarter more time to copy a file there than to a cache line.
 void* allocate(std::size_t bytes)
 {
+    constexpr std::size_t mappedBlock = (std::size_t{32} << 20) + 1;
     constexpr std::size_t cacheLine = 64;
-    if (bytes < largeBlock || bytes > PTRDIFF_MAX - cacheLine)
+    if (bytes < mappedBlock || bytes > PTRDIFF_MAX - cacheLine)
         return std::malloc(bytes);
     return std::aligned_alloc(cacheLine, (bytes + cacheLine - 1) / cacheLine * cacheLine);
 }
