@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Native functions of the interpreter that make the library's calls and nothing else: no name is
-// looked up, no argument checked, nothing guarded. They take what gridio takes, the name as well,
-// and show what the interpreter allows at best: direct_inqVarID ("inqVarID", ncid, "v").
+// Native functions of the interpreter, written plainly, that make the library's calls and nothing
+// else: no name is looked up, no argument checked, nothing guarded. They take what gridio takes,
+// the name as well, to be compared with it: direct_inqVarID ("inqVarID", ncid, "v").
 #include <octave/oct.h>
 
 #include <netcdf.h>
