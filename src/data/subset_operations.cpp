@@ -11,8 +11,8 @@
 #include "data/known_dimensions.h"
 #include "data/rank_limit.h"
 #include "data/shapes.h"
-#include "data/unwritten_elements.h"
 #include "error_identifiers.h"
+#include "library/partly_written_variables.h"
 #include "storage_model.h"
 
 namespace Ovard::gridio::operations {
@@ -93,10 +93,19 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
 
     // The buffer of a text read is deliberately twice what its bytes need.
     ElementResult values(results[0], *element, toHostDimensions(subset.count), sizeof(char16_t));
-    const auto& [start, count, stride] = subset;
-    if (!dimensions.inHdf5 || !readUnwritten(values, *element, ncid, varid,
-                                             {start, count, stride, dimensions.ids}, entry))
-        checkStatus(element->getVars(ncid, varid, start.data(), count.data(), stride.data(),
+    const LibraryBlock block{ncid,
+                             varid,
+                             dimensions.ids,
+                             subset.start.size(),
+                             subset.start.data(),
+                             subset.count.data(),
+                             subset.stride.data()};
+    if (dimensions.inHdf5 && isMisreadWhenPartlyWritten(block, entry))
+        checkStatus(
+            readPartlyWritten(block, element->getVars, element->size, values.destination(), entry),
+            entry);
+    else
+        checkStatus(element->getVars(ncid, varid, block.start, block.count, block.stride,
                                      values.destination()),
                     entry);
     values.finish();

@@ -8,8 +8,8 @@
 #include "data/element_types.h"
 #include "data/rank_limit.h"
 #include "data/shapes.h"
-#include "data/unwritten_elements.h"
 #include "error_identifiers.h"
+#include "library/partly_written_variables.h"
 #include "storage_model.h"
 
 namespace Ovard::gridio::operations {
@@ -60,15 +60,17 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     ElementResult values(results[0], *element, toHostDimensions(lengths), sizeof(char));
     const SizeVector start(lengths.size(), 0);
     const StrideVector stride(lengths.size(), 1);
-    if (!isStoredInHdf5(ncid) ||
-        !readUnwritten(values, *element, ncid, varid, {start, lengths, stride, dimids}, entry)) {
-        const int status = element->getVar(ncid, varid, values.destination());
-        if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
-            results[0] = createFlattenedEmpty(*element, xtype);
-            return;
-        }
-        checkStatus(status, entry);
+    const LibraryBlock block{ncid,         varid,          dimids,       lengths.size(),
+                             start.data(), lengths.data(), stride.data()};
+    const int status =
+        isStoredInHdf5(ncid) && isMisreadWhenPartlyWritten(block, entry)
+            ? readPartlyWritten(block, element->getVars, element->size, values.destination(), entry)
+            : element->getVar(ncid, varid, values.destination());
+    if (values.count() == 0 && (status == NC_NOERR || status == NC_EINVALCOORDS)) {
+        results[0] = createFlattenedEmpty(*element, xtype);
+        return;
     }
+    checkStatus(status, entry);
     values.finish();
 }
 

@@ -6,6 +6,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
+#include "library/hdf5_file.h"
 #include "open_file_registry.h"
 
 #include <netcdf.h>
@@ -35,6 +36,7 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
     refuseFlags(mode, flagsUnfitForOpening, entry);
     int ncid = 0;
     checkStatus(nc_open(file.c_str(), mode, &ncid), entry);
+    noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
 }
@@ -47,6 +49,7 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
     refuseFlags(mode, flagsUnfitForCreating, entry);
     int ncid = 0;
     checkStatus(nc_create(file.c_str(), mode, &ncid), entry);
+    noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
 }
@@ -60,6 +63,7 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     refuseFlags(mode, flagsUnfitForOpening, entry);
     int ncid = 0;
     checkStatus(nc__open(file.c_str(), mode, &chunkSizeHint, &ncid), entry);
+    noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = sizeResult(chunkSizeHint);
     results[1] = intResult(ncid);
@@ -77,6 +81,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
     refuseFlags(mode, flagsUnfitForCreating, entry);
     int ncid = 0;
     checkStatus(nc__create(file.c_str(), mode, initialSize, &chunkSize, &ncid), entry);
+    noteOpenedFile(ncid);
     try {
         results[0] = sizeResult(chunkSize);
         results[1] = intResult(ncid);

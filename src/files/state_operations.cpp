@@ -5,6 +5,7 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
+#include "library/hdf5_file.h"
 #include "open_file_registry.h"
 #include "storage_model.h"
 
@@ -68,6 +69,7 @@ void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* en
 
     checkStatus(closeFile(ncid), entry);
     unregisterOpenFile(ncid);
+    forgetFile(ncid);
 }
 
 void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
@@ -76,6 +78,7 @@ void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* en
 
     checkStatus(nc_abort(ncid), entry);
     unregisterOpenFile(ncid);
+    forgetFile(ncid);
 }
 
 void sync(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Keeps the edges between folders: who may include whom.
 
-include/vx <- include/ <- src/convert <- the shared files of src/data <- the folders of handlers
+include/vx <- include/ <- src/library <- src/convert <- the shared files of src/data <- the folders of handlers
 <- src/gateway/operation_table.cpp. Nobody else includes from src/gateway, src/ never sees hosts/, and a host sees
 include/vx, the message catalogue and itself.
 """
@@ -15,7 +15,8 @@ SOURCES = {".h", ".cpp", ".cc"}
 
 VX = r"include/vx/"
 SHARED = VX + r"|include/[^/]+$"
-CONVERT = SHARED + r"|src/convert/"
+LIBRARY = SHARED + r"|src/library/"
+CONVERT = LIBRARY + r"|src/convert/"
 DATA_FILES = r"src/data/(element_types|element_storage|index_vectors|known_dimensions|rank_limit|shapes)\.(h|cpp)$"
 ELEMENTS = CONVERT + "|" + DATA_FILES
 
@@ -23,6 +24,7 @@ ELEMENTS = CONVERT + "|" + DATA_FILES
 EDGES = (
     (VX, VX),
     (r"include/", SHARED),
+    (r"src/library/", LIBRARY),
     (r"src/convert/", CONVERT),
     (DATA_FILES, ELEMENTS),
     (r"src/gateway/operation_table\.cpp$", SHARED + r"|src/gateway/operation_table\.h$|src/[^/]+/[^/]+_operations\.h$"),

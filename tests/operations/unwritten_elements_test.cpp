@@ -110,6 +110,27 @@ TEST_F(UnwrittenElements, OfRecordsWithAStrideAreOnlyThoseNotWritten)
     closeFile(ncid);
 }
 
+// The block begins past the end of what was written along a dimension of which it takes one index.
+TEST_F(UnwrittenElements, AreFillValuesBesideTheWrittenPart)
+{
+    const int ncid = id("create", {folder.file("beside.nc"), "netcdf4"});
+    const double u = number("defDim", {ncid, "u", 0});
+    const double t = number("defDim", {ncid, "t", 0});
+    const double w = number("defVar", {ncid, "w", NC_INT, row({u, t})});
+    const double v = number("defVar", {ncid, "v", NC_DOUBLE, row({u, t})});
+    const auto twenty = Value::row(std::vector<std::int32_t>(20, 1));
+    host.call("putVaraInt", {ncid, w, row({0, 0}), row({4, 5}), twenty});
+    host.call("putVaraDouble", {ncid, v, row({0, 0}), row({1, 2}), row({11, 12})});
+    constexpr double fill = NC_FILL_DOUBLE;
+    EXPECT_EQ(got("getVaraDouble", {ncid, v, row({1, 0}), row({1, 5})}),
+              Value::numeric<double>({1, 5}, std::vector<double>(5, fill)));
+    EXPECT_EQ(got("getVaraDouble", {ncid, v, row({0, 0}), row({2, 3})}),
+              Value::numeric<double>({2, 3}, {11, fill, 12, fill, fill, fill}));
+    EXPECT_EQ(got("getVarsDouble", {ncid, v, row({0, 1}), row({1, 2}), row({3, 2})}),
+              Value::numeric<double>({1, 2}, {12, fill}));
+    closeFile(ncid);
+}
+
 TEST_F(UnwrittenElements, DoNotHideThatAnElementIsOutOfRange)
 {
     const int ncid = makeFile({0, 0}, {3, 2});
