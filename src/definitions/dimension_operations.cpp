@@ -5,6 +5,7 @@
 #include "convert/argument_readers.h"
 #include "convert/name_buffer.h"
 #include "convert/result_builders.h"
+#include "library/renamed_dimensions.h"
 
 #include <netcdf.h>
 
@@ -49,6 +50,7 @@ void renameDim(int, vxArray*[], int, const vxArray* args[], const OperationEntry
     const int dimid = readIntScalar(args[1], "dimid");
     const std::string name = readText(args[2], "dimension");
 
+    inquireEveryVariable(ncid, entry);
     checkStatus(nc_rename_dim(ncid, dimid, name.c_str()), entry);
 }
 
