@@ -23,8 +23,9 @@ void giveUpFile(int ncid);
 // Whether the identifier is that of a file given up, or of one of its groups.
 bool isGivenUpFile(int ncid);
 
-// The unload handler: warns once with closingFileHandle when any file is held, then closes each
-// with nc_close, in ascending order of identifier, whatever the library answers. Raises nothing.
+// The unload handler: warns once with closingFileHandle when any file is held that this process
+// opened, then closes each of those with nc_close, in ascending order of identifier, whatever the
+// library answers. Raises nothing.
 void closeRegisteredFiles();
 
 } // namespace Ovard::gridio

@@ -5,13 +5,17 @@
 
 #include <netcdf.h>
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <map>
 #include <set>
 
 namespace Ovard::gridio {
 namespace {
 
-std::set<int> openFiles;
-std::set<int> givenUpFiles; // by fileOf
+std::map<int, pid_t> openFiles; // with the process that opened each
+std::set<int> givenUpFiles;     // by fileOf
 
 // The part of an identifier that tells the file; the rest tells the group.
 int fileOf(int ncid) { return ncid >> 16; }
@@ -21,7 +25,7 @@ int fileOf(int ncid) { return ncid >> 16; }
 void registerOpenFile(int ncid)
 {
     try {
-        openFiles.insert(ncid);
+        openFiles.emplace(ncid, getpid());
     } catch (...) {
         static_cast<void>(
             nc_close(ncid)); // the caller is told that there is no memory; nothing to add
@@ -44,15 +48,20 @@ bool isGivenUpFile(int ncid)
     return !givenUpFiles.empty() && givenUpFiles.count(fileOf(ncid)) != 0;
 }
 
+// A process that was forked from the one that opened the files has copies of them, of the state at
+// that moment: closing a copy would write old headers and records over newer ones.
 void closeRegisteredFiles()
 {
-    if (openFiles.empty())
+    const pid_t here = getpid();
+    const auto isOfHere = [here](const auto& file) { return file.second == here; };
+    if (std::none_of(openFiles.begin(), openFiles.end(), isOfHere))
         return;
 
     vxWarningMsgId(netcdf::closingFileHandle());
-    for (const int ncid : openFiles)
-        static_cast<void>(
-            nc_close(ncid)); // nobody is left to be told; the other files must still be closed
+    for (const auto& file : openFiles) {
+        if (isOfHere(file))
+            static_cast<void>(nc_close(file.first)); // there is nothing left to report to
+    }
 }
 
 } // namespace Ovard::gridio

@@ -4,6 +4,9 @@
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace testsupport {
 namespace {
 
@@ -71,6 +74,57 @@ TEST_F(Unload, CompletesFilesOfEveryFormat)
         EXPECT_EQ(ncdumpKind(folder.file(kind)), kind);
         EXPECT_THAT(ncdump(folder.file(kind)), HasSubstr(" v =\n  1.5, -2 ;\n")) << kind;
     }
+}
+
+// The child's copies of the files are as they were when it was forked.
+TEST_F(Unload, ClosesNothingThatAnotherProcessOpened)
+{
+    const std::pair<const char*, Value> formats[] = {
+        {"classic", "clobber"}, {"64-bit offset", "64bit_offset"}, {"cdf5", 32}};
+    std::vector<int> ids;
+    for (const auto& [kind, mode] : formats)
+        ids.push_back(createWithData(kind, mode));
+    int channel[2] = {};
+    ASSERT_EQ(pipe(channel), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        char isWritten = 0;
+        const bool mayEnd = read(channel[0], &isWritten, 1) == 1;
+        const int own = createWithData("own", "clobber");
+        host.unload();
+        _exit(mayEnd && !isOpen(own) && host.warnings().size() == 1 ? 0 : 1);
+    }
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const Value count = Value::row<double>({2, 1});
+        for (const double record : {1., 2.})
+            host.call("putVaraDouble", {ids[i], 0, Value::row<double>({0, record}), count,
+                                        Value::row<double>({record, record})});
+        host.call("sync", {ids[i]});
+    }
+    ASSERT_EQ(write(channel[1], "w", 1), 1);
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+
+    EXPECT_EQ(warningsOfUnload(), 1U);
+    for (const auto& [kind, mode] : formats)
+        EXPECT_THAT(ncdump(folder.file(kind)), HasSubstr(" v =\n  1.5, -2,\n  1, 1,\n  2, 2 ;\n"))
+            << kind;
+    EXPECT_THAT(ncdump(folder.file("own")), HasSubstr(" v =\n  1.5, -2 ;\n"));
+}
+
+TEST_F(Unload, DoesNotWarnOfFilesThatAnotherProcessOpened)
+{
+    const int ncid = createWithData("x.nc", "clobber");
+    const pid_t child = fork();
+    if (child == 0) {
+        host.unload();
+        _exit(host.warnings().empty() && isOpen(ncid) ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    closeFile(ncid);
 }
 
 TEST_F(Unload, CompletesAFileStillInDefineMode)
