@@ -74,7 +74,8 @@ void getAtt(int, vxArray* results[], int, const vxArray* args[], const Operation
         results[0] = readTextAttribute(ncid, varid, name.c_str(), length, *element, status);
     } else {
         const std::size_t dims[] = {length == 0 ? std::size_t{0} : std::size_t{1}, length};
-        results[0] = vxCreateUninitNumericArray(2, dims, element->hostClass, vxREAL);
+        // Zeros, since the library leaves a part of some attributes that it generates unwritten.
+        results[0] = vxCreateNumericArray(2, dims, element->hostClass, vxREAL);
         status = readNumericAttribute(ncid, varid, name.c_str(), length, *element, results[0]);
     }
     checkStatus(status, entry);

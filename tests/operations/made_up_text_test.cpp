@@ -30,4 +30,23 @@ TEST_F(MadeUpText, IsAnAttributeLikeAnyOtherInAClassicFile)
     closeFile(to);
 }
 
+// Of these attributes the library writes fewer bytes than the type asked for has.
+TEST_F(MadeUpText, ReadAsNumbersShowsNothingOfOtherMemory)
+{
+    closeFile(createFile("x.nc"));
+    const int ncid = openFile("x.nc");
+    for (const char* name : {"_NCProperties", "_IsNetcdf4", "_SuperblockVersion"}) {
+        for (const char* suffix : {"Double", "Float", "Int64", "Uint64", "Int", "Uint", "Short",
+                                   "Ushort", "Schar", "Uchar", "Ubyte"}) {
+            const std::string operation = std::string("getAtt") + suffix;
+            host.fillUninitialised(0x55);
+            const Outcome first = attempt(operation, {ncid, NC_GLOBAL, name});
+            host.fillUninitialised(0x77);
+            const Outcome second = attempt(operation, {ncid, NC_GLOBAL, name});
+            EXPECT_EQ(first.results, second.results) << operation << ' ' << name;
+        }
+    }
+    closeFile(ncid);
+}
+
 } // namespace
