@@ -22,6 +22,12 @@ bool isInDefineMode(int ncid)
     return nc_def_dim(ncid, "", 1, &dimid) != NC_ENOTINDEFINE;
 }
 
+bool hasVariables(int ncid)
+{
+    int count = 0;
+    return nc_inq_nvars(ncid, &count) == NC_NOERR && count > 0;
+}
+
 // A file of the classic formats, open for writing. Asked of the library by a renaming that can not
 // come to pass: of a read-only file it is refused before anything else is looked at.
 bool isWritableClassic(int ncid) { return nc_rename_dim(ncid, -1, "") != NC_EPERM; }
@@ -110,9 +116,9 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const std::size_t variableFree = readSizeScalar(args[3], "v_minfree");
     const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
 
-    // The library would divide by them.
+    // A zero alignment makes nc__enddef divide by zero when it places a variable.
     if ((variableAlign == 0 || recordAlign == 0) && storageModel(ncid) == NC_FORMATX_NC3 &&
-        isInDefineMode(ncid))
+        hasVariables(ncid) && isInDefineMode(ncid))
         checkStatus(NC_EINVAL, entry);
     checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
 }
