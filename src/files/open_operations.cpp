@@ -6,7 +6,11 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
+#include "library/endless_addresses.h"
+#include "library/file_paths.h"
 #include "library/hdf5_file.h"
+#include "library/replaced_folders.h"
+#include "library/unopenable_files.h"
 #include "open_file_registry.h"
 
 #include <netcdf.h>
@@ -14,16 +18,26 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// Flags that the library does not refuse but crashes on: formats that a program would have to
-// define first, and a file in memory that nobody handed over. They get the status that other
-// senseless modes get.
-constexpr int flagsUnfitForCreating = NC_UDF0 | NC_UDF1;
-constexpr int flagsUnfitForOpening = NC_INMEMORY;
-
-void refuseFlags(int mode, int flags, const OperationEntry* entry)
+// Flags that crash the library instead of failing: user-defined formats that were never registered,
+// and a file in memory without its buffer, unless another flag makes the library refuse it.
+bool crashesCreating(int mode) { return (mode & (NC_UDF0 | NC_UDF1)) != 0; }
+bool crashesOpening(int mode)
 {
-    if ((mode & flags) != 0)
-        checkStatus(NC_EINVAL, entry);
+    return (mode & (NC_INMEMORY | NC_DISKLESS | NC_MMAP | NC_UDF0 | NC_UDF1)) == NC_INMEMORY;
+}
+
+int refusalToOpen(const std::string& file, int mode)
+{
+    if (crashesOpening(mode) || isEndlessAddress(file))
+        return NC_EINVAL;
+    return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
+}
+
+int refusalToCreate(const std::string& file, int mode)
+{
+    if (crashesCreating(mode) || isEndlessAddress(file))
+        return NC_EINVAL;
+    return isForeignFolder(file) ? NC_EEXIST : NC_NOERR;
 }
 
 } // namespace
@@ -31,11 +45,13 @@ void refuseFlags(int mode, int flags, const OperationEntry* entry)
 void open(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
-    const int mode = readModeArgument(args[1]);
+    int mode = readModeArgument(args[1]);
 
-    refuseFlags(mode, flagsUnfitForOpening, entry);
+    checkStatus(refusalToOpen(file, mode), entry);
+    const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
+    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc_open(file.c_str(), mode, &ncid), entry);
+    checkStatus(nc_open(path.c_str(), mode, &ncid), entry);
     noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
@@ -44,11 +60,13 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
 void create(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
-    const int mode = readModeArgument(args[1]);
+    int mode = readModeArgument(args[1]);
 
-    refuseFlags(mode, flagsUnfitForCreating, entry);
+    checkStatus(refusalToCreate(file, mode), entry);
+    const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
+    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc_create(file.c_str(), mode, &ncid), entry);
+    checkStatus(nc_create(path.c_str(), mode, &ncid), entry);
     noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
@@ -57,12 +75,14 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
 void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
-    const int mode = readModeArgument(args[1]);
+    int mode = readModeArgument(args[1]);
     std::size_t chunkSizeHint = readSizeScalar(args[2], "chunksizehint");
 
-    refuseFlags(mode, flagsUnfitForOpening, entry);
+    checkStatus(refusalToOpen(file, mode), entry);
+    const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
+    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc__open(file.c_str(), mode, &chunkSizeHint, &ncid), entry);
+    checkStatus(nc__open(path.c_str(), mode, &chunkSizeHint, &ncid), entry);
     noteOpenedFile(ncid);
     registerOpenFile(ncid);
     results[0] = sizeResult(chunkSizeHint);
@@ -74,13 +94,15 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
 void pCreate(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
-    const int mode = readModeArgument(args[1]);
+    int mode = readModeArgument(args[1]);
     const std::size_t initialSize = readSizeScalar(args[2], "initialsize");
     std::size_t chunkSize = readSizeScalar(args[3], "chunksize");
 
-    refuseFlags(mode, flagsUnfitForCreating, entry);
+    checkStatus(refusalToCreate(file, mode), entry);
+    const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
+    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc__create(file.c_str(), mode, initialSize, &chunkSize, &ncid), entry);
+    checkStatus(nc__create(path.c_str(), mode, initialSize, &chunkSize, &ncid), entry);
     noteOpenedFile(ncid);
     try {
         results[0] = sizeResult(chunkSize);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What the library would crash on, and a script must survive.
 #include "tests/operations/operation_test.h"
+#include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
 #include "tests/support/raised_matcher.h"
 
@@ -66,9 +67,31 @@ TEST_F(CrashGuards, OpeningAFileInMemoryIsRefusedWhereTheLibraryWouldCrash)
                 raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
 }
 
+// The library itself refuses a file in memory with some of the flags that -1 stands for.
+TEST_F(CrashGuards, OpeningWithEveryFlagIsLeftToTheLibrary)
+{
+    host.call("close", host.call("create", {folder.file("x.nc"), "clobber"}));
+    for (const int mode : {-1, NC_INMEMORY | NC_DISKLESS, NC_INMEMORY | NC_MMAP}) {
+        int ncid = 0;
+        const int status = nc_open(folder.file("x.nc").c_str(), mode, &ncid);
+        ASSERT_NE(status, NC_EINVAL);
+        EXPECT_THAT(attempt("open", {folder.file("x.nc"), mode}),
+                    testsupport::failsInLibrary("open", std::to_string(status), status));
+    }
+}
+
+TEST_F(CrashGuards, AlignmentsOfZeroAreLeftToTheLibraryInAFileWithoutVariables)
+{
+    const int ncid = id("create", {folder.file("x.nc"), "clobber"});
+    host.call("defDim", {ncid, "x", 3});
+    EXPECT_THAT(attempt("pEndDef", {ncid, 0, 0, 0, 0}), testsupport::succeeds());
+    host.call("close", {ncid});
+}
+
 TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideByThem)
 {
     const int ncid = id("create", {folder.file("x.nc"), "clobber"});
+    host.call("defVar", {ncid, "v", NC_INT, row({})});
     const auto refusal = raises("libraryFailure", {"pEndDef", "NC_EINVAL", "Invalid argument"});
     EXPECT_THAT(attempt("pEndDef", {ncid, 0, 0, 0, 4}), refusal);
     EXPECT_THAT(attempt("pEndDef", {ncid, 0, 4, 0, 0}), refusal);
@@ -83,6 +106,7 @@ TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideB
 TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreLeftToTheLibraryInDataMode)
 {
     const int ncid = id("create", {folder.file("x.nc"), "clobber"});
+    host.call("defVar", {ncid, "v", NC_INT, row({})});
     host.call("endDef", {ncid});
     const auto refusal = raises(
         "libraryFailure", {"pEndDef", "NC_ENOTINDEFINE", "Operation not allowed in data mode"});
