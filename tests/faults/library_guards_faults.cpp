@@ -89,6 +89,7 @@ protected:
         host.call("defDim", {ncid, "x", 2});
         host.call("defDim", {ncid, "y", 3});
         host.call("defVar", {ncid, "v", NC_DOUBLE, Value::row<double>({0, 1})});
+        group_ = static_cast<int>(host.call("defGrp", {ncid, "g"}).at(0).toDouble());
         host.call("endDef", {ncid});
         if (GetParam())
             host.attempt("renameVar", {ncid, 0, "x"});
@@ -96,6 +97,8 @@ protected:
             host.attempt("defDim", {ncid, "v", 0});
         return ncid;
     }
+
+    int group_ = 0;
 };
 
 TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
@@ -112,9 +115,11 @@ TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
             continue;
         const PreparedFile whole(folder.path());
         std::vector<Value> arguments = argumentsThatSucceed(operation, whole);
-        arguments[0] = ncid;
-        EXPECT_THAT(host.attempt(operation.name, arguments),
-                    failsWithStatus(operation.name, NC_EBADID));
+        for (const int id : {ncid, group_}) {
+            arguments[0] = id;
+            EXPECT_THAT(host.attempt(operation.name, arguments),
+                        failsWithStatus(operation.name, NC_EBADID));
+        }
         host.call("close", {whole.ncid()});
     }
     host.unload();
