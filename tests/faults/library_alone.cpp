@@ -165,6 +165,54 @@ const Fault faults[] = {
          const int expected[] = {1, 2, fill, 3, 4, fill, fill, fill, fill};
          return std::memcmp(read, expected, sizeof expected) != 0;
      }},
+    {"closing a netCDF-4 file of which a dimension was renamed before its variable was looked at",
+     [] {
+         nc_close(createNetcdf4());
+         int ncid = 0;
+         nc_open(file.c_str(), NC_WRITE, &ncid);
+         nc_rename_dim(ncid, 0, "z");
+         int ndims = 0;
+         nc_inq_varndims(ncid, 0, &ndims);
+         return nc_close(ncid) != NC_NOERR;
+     }},
+    {"nc_create of a path that begins with a blank",
+     [] {
+         const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+         std::filesystem::current_path(folder);
+         int ncid = 0;
+         nc_create(" blank.nc", NC_CLOBBER, &ncid);
+         nc_close(ncid);
+         const bool isOther = std::filesystem::exists(folder / "blank.nc");
+         std::filesystem::remove(folder / "blank.nc");
+         std::filesystem::remove(folder / " blank.nc");
+         return isOther;
+     }},
+    {"nc_create of a netCDF-4 file with a backslash in its path",
+     [] {
+         const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+         std::filesystem::create_directory(folder / "a");
+         int ncid = 0;
+         nc_create((folder / "a\\b.nc").c_str(), NC_NETCDF4, &ncid);
+         nc_close(ncid);
+         const bool isOther = std::filesystem::exists(folder / "a/b.nc");
+         std::filesystem::remove_all(folder / "a");
+         std::filesystem::remove(folder / "a\\b.nc");
+         return isOther;
+     }},
+    {"nc_open of a pipe that nobody writes to",
+     [] {
+         mkfifo(file.c_str(), 0600);
+         alarm(2);
+         openAndClose();
+         return false;
+     }},
+    {"nc_open of an address whose mode names zarr without the kind of store",
+     [] {
+         alarm(2);
+         int ncid = 0;
+         nc_open("file:///nowhere#mode=zarr", NC_NOWRITE, &ncid);
+         return false;
+     }},
     {"nc_create at the address of a folder, which is made a Zarr store with nothing else in it",
      [] {
          const std::string folder = file + ".folder";
