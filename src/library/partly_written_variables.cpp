@@ -182,14 +182,18 @@ int readPartlyWritten(const LibraryBlock& block, GetVarsCall getVars, std::size_
         return getVars(block.ncid, block.varid, block.start, block.count, block.stride, values);
     };
     const WrittenExtents needed = extentsOf(block);
-    if (needed.empty() || isWithin(needed, writtenExtents(block.ncid, block.varid, needed, entry)))
+    if (needed.empty())
+        return readAll();
+    WrittenExtents extents = writtenExtents(block.ncid, block.varid, needed, entry);
+    if (isWithin(needed, extents))
         return readAll();
 
     // The read of the last element also makes the library write a variable to the file that was
     // only defined: it then has extents.
     alignas(8) char fill[8] = {};
     const int fillStatus = readLastElement(block, needed, getVars, fill);
-    const WrittenExtents extents = writtenExtents(block.ncid, block.varid, needed, entry);
+    if (extents.empty())
+        extents = writtenExtents(block.ncid, block.varid, needed, entry);
     if (!isReadable(fillStatus) || extents.empty() || isWithin(needed, extents)) {
         const int status = readAll(); // which says best what it refuses of the block
         return isReadable(fillStatus) || status != NC_NOERR ? status : fillStatus;
