@@ -8,7 +8,7 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
-#include "data/index_vectors.h"
+#include "data/elements/index_vectors.h"
 #include "gateway/operation_table.h"
 #include "hosts/octave/call.h"
 

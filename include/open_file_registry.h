@@ -15,14 +15,6 @@ void unregisterOpenFile(int ncid);
 
 bool isRegisteredFile(int ncid);
 
-// Gives up a file that the library failed to close after it had taken it apart. The library still
-// knows the identifier, crashes on many uses of it, and never gives it out again. The file is no
-// longer held: closing it at unload would crash too.
-void giveUpFile(int ncid);
-
-// Whether the identifier is that of a file given up, or of one of its groups.
-bool isGivenUpFile(int ncid);
-
 // The unload handler: warns once with closingFileHandle when any file is held that this process
 // opened, then closes each of those with nc_close, in ascending order of identifier, whatever the
 // library answers. Raises nothing.

@@ -4,33 +4,13 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
-#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
-#include "storage_model.h"
+#include "library/guards/copied_provenance.h"
+#include "library/guards/oversized_names.h"
 
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
-namespace {
-
-// The text that the library makes up for netCDF-4 files. When it is to copy it, it writes a NUL
-// past the end of its own buffer.
-bool isMadeUpText(int ncid, int varid, const std::string& name)
-{
-    return name == "_NCProperties" && varid == NC_GLOBAL && isStoredInHdf5(ncid);
-}
-
-void copyText(int fromNcid, const char* name, int toNcid, int toVarid, const OperationEntry* entry)
-{
-    std::size_t length = 0;
-    checkStatus(nc_inq_attlen(fromNcid, NC_GLOBAL, name, &length), entry);
-    std::string text(length, '\0'); // with room for a NUL
-    checkStatus(nc_get_att_text(fromNcid, NC_GLOBAL, name, text.data()), entry);
-    checkStatus(nc_put_att_text(toNcid, toVarid, name, length, text.data()), entry);
-}
-
-} // namespace
-
 void inqAtt(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
@@ -94,8 +74,8 @@ void copyAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const int toVarid = readIntScalar(args[4], "varid");
 
     const bool isOntoItself = fromNcid == toNcid && fromVarid == toVarid;
-    if (isMadeUpText(fromNcid, fromVarid, name) && !isOntoItself)
-        copyText(fromNcid, name.c_str(), toNcid, toVarid, entry);
+    if (isProvenanceAttribute(fromNcid, fromVarid, name) && !isOntoItself)
+        copyProvenance(fromNcid, toNcid, toVarid, entry);
     else
         checkStatus(nc_copy_att(fromNcid, fromVarid, name.c_str(), toNcid, toVarid), entry);
 }

@@ -4,50 +4,14 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
-#include "convert/host_memory.h"
-#include "convert/result_builders.h"
-#include "data/element_types.h"
+#include "data/elements/element_storage.h"
 #include "error_identifiers.h"
-
-#include <algorithm>
-#include <cstring>
 
 namespace Ovard::gridio::operations {
 namespace {
 
-// Room that every attribute read has at least: of the attributes that the library makes up for
-// netCDF-4 files it writes a whole int ("_IsNetcdf4", "_SuperblockVersion"), or a NUL behind the
-// text ("_NCProperties"), whatever type is asked for.
-constexpr std::size_t excessBytes = sizeof(int);
-
-// As a host string, which deliberately ends at the first NUL: padding is dropped, and so is all
-// that follows an embedded NUL. The buffer is twice the length, so that a NUL always follows the
-// text that the library writes.
-vxArray* readTextAttribute(int ncid, int varid, const char* name, std::size_t length,
-                           const ElementType& element, int& status)
-{
-    const std::size_t units = std::max(length, excessBytes);
-    const HostMemory<char> text(static_cast<char*>(vxCalloc(units, sizeof(char16_t))));
-    status = element.getAtt(ncid, varid, name, text.get());
-    return textResult(length == 0 ? "" : text.get());
-}
-
-int readNumericAttribute(int ncid, int varid, const char* name, std::size_t length,
-                         const ElementType& element, vxArray* values)
-{
-    if (element.size >= excessBytes)
-        return element.getAtt(ncid, varid, name, vxGetWritableData(values));
-
-    const std::size_t bytes = length * element.size;
-    const HostMemory<char> buffer(static_cast<char*>(vxCalloc(bytes + excessBytes, 1)));
-    const int status = element.getAtt(ncid, varid, name, buffer.get());
-    if (bytes != 0)
-        std::memcpy(vxGetWritableData(values), buffer.get(), bytes);
-    return status;
-}
-
-// On a netCDF-4 file, but deliberately not on one of the classic model, fill values of variables
-// are the business of "defVarFill".
+// In a netCDF-4 file, but deliberately not in one of the classic model, fill values must be set
+// with "defVarFill".
 bool isGuardedFillValue(int ncid, int varid, const std::string& name, const OperationEntry* entry)
 {
     int format = 0;
@@ -69,16 +33,9 @@ void getAtt(int, vxArray* results[], int, const vxArray* args[], const Operation
     if (element == nullptr)
         vxErrMsgId(netcdf::unhandledAttributeOperation(entry->name));
 
-    int status = NC_NOERR;
-    if (element->hostClass == vxCHAR_CLASS) {
-        results[0] = readTextAttribute(ncid, varid, name.c_str(), length, *element, status);
-    } else {
-        const std::size_t dims[] = {length == 0 ? std::size_t{0} : std::size_t{1}, length};
-        // Zeros, since the library leaves a part of some attributes that it generates unwritten.
-        results[0] = vxCreateNumericArray(2, dims, element->hostClass, vxREAL);
-        status = readNumericAttribute(ncid, varid, name.c_str(), length, *element, results[0]);
-    }
-    checkStatus(status, entry);
+    const IncomingElements values = element->form->createAttribute(*element, length);
+    checkStatus(element->getAtt(ncid, varid, name.c_str(), values.destination()), entry);
+    results[0] = element->form->finishAttribute(*element, values);
 }
 
 void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
@@ -91,13 +48,12 @@ void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
     requireVariableData(values, entry);
     if (isGuardedFillValue(ncid, varid, name, entry))
         vxErrMsgId(netcdf::postCreationFillValueDefinition());
-    const ElementType* element = findElementType(attributeWrites, entry->code);
-    if (element == nullptr)
-        vxErrMsgId(netcdf::unrecognizedOperation(entry->name));
+    const ElementType& element = elementTypeOf(attributeWrites, entry);
 
-    const std::size_t count = vxGetNumberOfElements(values);
-    requireStorage(values, count, element->size);
-    checkStatus(element->putAtt(ncid, varid, name.c_str(), xtype, count, vxGetData(values)), entry);
+    const ElementSource source(values, element);
+    checkStatus(element.putAtt(ncid, varid, name.c_str(), xtype, vxGetNumberOfElements(values),
+                               source.get()),
+                entry);
 }
 
 void putAttText(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)

@@ -4,7 +4,7 @@
 #include "convert/numeric_class.h"
 #include "convert/numeric_conversion.h"
 #include "error_identifiers.h"
-#include "open_file_registry.h"
+#include "library/guards/torn_down_files.h"
 #include "vx/text.h"
 
 #include <algorithm>
@@ -16,10 +16,6 @@ namespace {
 
 static_assert(sizeof(long) == 8 && sizeof(std::size_t) == 8 && sizeof(int) == 4);
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "charDataToString takes the first byte");
-
-// Of attribute writes, which are exempt from the rule against empty data.
-constexpr std::int32_t firstAttributeWrite = 77;
-constexpr std::int32_t lastAttributeWrite = 88;
 
 [[noreturn]] void raiseBadScalar(std::string_view name)
 {
@@ -97,13 +93,13 @@ int readNcid(const vxArray* a, std::string_view name)
 {
     constexpr int refusedNcid = -1;
     const int ncid = readIntScalar(a, name);
-    return isGivenUpFile(ncid) ? refusedNcid : ncid;
+    return isAbandonedFile(ncid) ? refusedNcid : ncid;
 }
 
-std::string readText(const vxArray* a, const char* name)
+std::string readText(const vxArray* a, std::string_view name)
 {
     if (vxGetClassID(a) != vxCHAR_CLASS)
-        vxErrMsgId(netcdf::argumentWasNotChar(name));
+        vxErrMsgId(netcdf::argumentWasNotChar(std::string(name)));
     return fnd::filesystem::codecvt_ustring_to_narrow_string()(vxGetText(a));
 }
 
@@ -143,14 +139,6 @@ std::string charDataToString(const vxArray* a)
         bytes.append(piece, length);
     }
     return bytes;
-}
-
-void requireVariableData(const vxArray* data, const OperationEntry* entry)
-{
-    const bool isAttributeWrite =
-        entry->code >= firstAttributeWrite && entry->code <= lastAttributeWrite;
-    if (vxGetNumberOfElements(data) == 0 && !isAttributeWrite)
-        vxErrMsgId(netcdf::emptyVariableData());
 }
 
 void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize)

@@ -3,7 +3,7 @@
 // that a script sees which argument was wrong.
 #pragma once
 
-#include "operation_entry.h"
+#include "vx/array.h"
 
 #include <cstddef>
 #include <string>
@@ -30,13 +30,13 @@ short readShortScalar(const vxArray* a, std::string_view name);
 unsigned char readUcharScalar(const vxArray* a, std::string_view name);
 signed char readScharScalar(const vxArray* a, std::string_view name);
 
-// A file or group identifier: readIntScalar, but of a file that was given up (open_file_registry.h)
-// it comes back as one that the library refuses.
+// A file or group identifier: readIntScalar, but an identifier of an abandoned file
+// (library/guards/torn_down_files.h) becomes one that the library refuses.
 int readNcid(const vxArray* a, std::string_view name = "ncid");
 
 // A name or word: a char array of any shape, in storage order, in the narrow encoding. Raises
 // argumentWasNotChar(name) for any other class. An empty char array gives an empty string.
-std::string readText(const vxArray* a, const char* name);
+std::string readText(const vxArray* a, std::string_view name);
 
 // A logical scalar. Raises expectedLogicalType(name) for anything else, numeric 0 and 1 too.
 bool readFlag(const vxArray* a, std::string_view name);
@@ -52,13 +52,8 @@ float readRawFloat(const vxArray* a, std::string_view name);
 // element.
 std::string charDataToString(const vxArray* a);
 
-// Raises emptyVariableData when data to be written have no elements, unless the row is an attribute
-// write (codes 77 to 88), which may store an empty value.
-void requireVariableData(const vxArray* data, const OperationEntry* entry);
-
 // Raises dataSizeMismatch when the array's storage holds fewer bytes than count elements of that
-// size. The class of data is deliberately not checked; reading past their end would be another
-// matter.
+// size. Only the size is checked, deliberately not the class.
 void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize);
 
 } // namespace Ovard::gridio

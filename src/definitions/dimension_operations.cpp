@@ -3,9 +3,9 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
-#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
-#include "library/renamed_dimensions.h"
+#include "library/guards/oversized_names.h"
+#include "library/guards/renamed_dimensions.h"
 
 #include <netcdf.h>
 

@@ -5,7 +5,7 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
-#include "data/element_types.h"
+#include "data/elements/element_types.h"
 #include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
@@ -21,21 +21,6 @@ const ElementType& fillElementType(nc_type xtype)
     if (element == nullptr)
         vxErrMsgId(netcdf::unhandledFillDatatype(xtype));
     return *element;
-}
-
-char readFillCharacter(const vxArray* a)
-{
-    if (vxGetClassID(a) != vxCHAR_CLASS || vxGetNumberOfElements(a) != 1)
-        vxErrMsgId(netcdf::badScalarArgument(std::string(fillValueName), "char"));
-    return readText(a, "fill value")[0]; // deliberately another name than in the error above
-}
-
-void readFillValue(const vxArray* a, const ElementType& element, void* value)
-{
-    if (element.hostClass == vxCHAR_CLASS)
-        *static_cast<char*>(value) = readFillCharacter(a);
-    else
-        element.readScalar(a, fillValueName, value);
 }
 
 } // namespace
@@ -54,12 +39,11 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
     nc_type xtype = NC_NAT;
     checkStatus(nc_inq_var(ncid, varid, nullptr, &xtype, nullptr, nullptr, nullptr), entry);
     alignas(8) unsigned char value[8] = {};
-    readFillValue(args[3], fillElementType(xtype), value);
+    const ElementType& element = fillElementType(xtype);
+    element.form->readFillValue(args[3], element, value);
     checkStatus(nc_def_var_fill(ncid, varid, noFillOff, value), entry);
 }
 
-// A fill character is the byte's own code, deliberately without the sign extension of text reads:
-// the library writes one byte into the zeroed 16-bit unit.
 void inqVarFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
@@ -67,10 +51,8 @@ void inqVarFill(int, vxArray* results[], int, const vxArray* args[], const Opera
 
     nc_type xtype = NC_NAT;
     checkStatus(nc_inq_vartype(ncid, varid, &xtype), entry);
-    const vxClassID classId = fillElementType(xtype).hostClass;
-    const std::size_t dims[] = {1, 1};
-    vxArray* value = classId == vxCHAR_CLASS ? vxCreateCharArray(2, dims)
-                                             : vxCreateNumericArray(2, dims, classId, vxREAL);
+    const ElementType& element = fillElementType(xtype);
+    vxArray* value = element.form->createFillValue(element);
     results[1] = value;
     int noFill = 0;
     checkStatus(nc_inq_var_fill(ncid, varid, &noFill, vxGetWritableData(value)), entry);

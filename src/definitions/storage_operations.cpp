@@ -5,6 +5,7 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
+#include "data/elements/variable.h"
 #include "definitions/dimension_rows.h"
 #include "error_identifiers.h"
 
@@ -20,13 +21,6 @@ bool isNetcdf4(int ncid, const OperationEntry* entry)
     int format = 0;
     checkStatus(nc_inq_format(ncid, &format), entry);
     return format == NC_FORMAT_NETCDF4 || format == NC_FORMAT_NETCDF4_CLASSIC;
-}
-
-std::size_t dimensionCount(int ncid, int varid, const OperationEntry* entry)
-{
-    int ndims = 0;
-    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
-    return static_cast<std::size_t>(ndims);
 }
 
 // A 1-by-n row in the host's order: 1-by-0 without dimensions, deliberately unlike the 0-by-0 of
@@ -50,7 +44,7 @@ void defVarChunking(int, vxArray*[], int, const vxArray* args[], const Operation
     const std::vector<std::size_t> sizes = toChunkSizeVector(args[3], "chunk dims");
 
     if (storage == NC_CHUNKED) {
-        const std::size_t ndims = dimensionCount(ncid, varid, entry);
+        const std::size_t ndims = Variable(ncid, varid, entry).rank();
         if (ndims != sizes.size())
             vxErrMsgId(netcdf::invalidChunkParameter(static_cast<long>(sizes.size()),
                                                      static_cast<long>(ndims)));
@@ -70,7 +64,7 @@ void inqVarChunking(int, vxArray* results[], int, const vxArray* args[],
         vxErrMsgId(netcdf::attemptedChunkingInquiryOnNetcdf3File());
 
     int storage = 0;
-    std::vector<std::size_t> sizes(dimensionCount(ncid, varid, entry));
+    std::vector<std::size_t> sizes(Variable(ncid, varid, entry).rank());
     checkStatus(nc_inq_var_chunking(ncid, varid, &storage, sizes.data()), entry);
     if (storage == NC_CHUNKED) {
         results[0] = textResult("chunked");

@@ -3,38 +3,22 @@
 
 #include "check_status.h"
 #include "convert/argument_readers.h"
-#include "convert/name_buffer.h"
 #include "convert/result_builders.h"
-#include "data/known_dimensions.h"
+#include "data/elements/variable.h"
 #include "definitions/dimension_rows.h"
 #include "error_identifiers.h"
-#include "storage_model.h"
-
-#include <netcdf.h>
-
-#include <algorithm>
+#include "library/guards/missing_dimensions.h"
+#include "library/guards/renamed_scalars.h"
+#include "library/storage_model.h"
 
 namespace Ovard::gridio::operations {
 namespace {
 
-// Of this group, not of one around it.
-bool isOwnDimension(int ncid, const std::string& name, const OperationEntry* entry)
-{
-    int dimid = 0;
-    if (nc_inq_dimid(ncid, name.c_str(), &dimid) != NC_NOERR)
-        return false;
-    int count = 0;
-    checkStatus(nc_inq_dimids(ncid, &count, nullptr, 0), entry);
-    std::vector<int> own(static_cast<std::size_t>(count));
-    checkStatus(nc_inq_dimids(ncid, nullptr, own.data(), 0), entry);
-    return std::find(own.begin(), own.end(), dimid) != own.end();
-}
-
-// Fails for what the library refuses before it looks at the variable. It is asked to rename one
-// that can not exist.
+// Raises what nc_rename_var reports before it looks up the variable (a read-only file, a bad name),
+// by renaming a variable that cannot exist.
 void requireChangeableName(int ncid, const std::string& name, const OperationEntry* entry)
 {
-    constexpr int noVariable = -77;
+    constexpr int noVariable = NC_GLOBAL - 1;
     const int refusal = nc_rename_var(ncid, noVariable, name.c_str());
     if (refusal != NC_ENOTVAR)
         checkStatus(refusal, entry);
@@ -44,17 +28,13 @@ void requireChangeableName(int ncid, const std::string& name, const OperationEnt
 // crashes when the variable has none, or has lost it. All else is left to it.
 void requireRenameable(int ncid, int varid, const std::string& name, const OperationEntry* entry)
 {
-    const int model = storageModel(ncid);
-    if (model == NC_FORMATX_NC3)
+    if (storageModel(ncid) == NC_FORMATX_NC3)
         return;
     requireChangeableName(ncid, name, entry);
-    int ndims = 0;
-    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
-    std::vector<int> dimids(static_cast<std::size_t>(ndims));
-    if (ndims > 0)
-        checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry);
-    requireKnownDimensions(ncid, dimids.data(), dimids.size(), entry);
-    if (ndims == 0 && model == NC_FORMATX_NC_HDF5 && isOwnDimension(ncid, name, entry))
+    Variable variable(ncid, varid, entry);
+    requireKnownDimensions(ncid, variable.dimensionIds().data(), variable.rank(), entry);
+    if (variable.rank() == 0 && variable.storageModel() == NC_FORMATX_NC_HDF5 &&
+        isOwnDimension(ncid, name, entry))
         raiseLibraryFailure(NC_ENAMEINUSE, entry);
 }
 
@@ -90,17 +70,13 @@ void inqVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     if (varid == NC_GLOBAL)
         vxErrMsgId(netcdf::inqVarNcGlobal());
 
-    int ndims = 0; // asked for beforehand: a classic file may hold more than NC_MAX_VAR_DIMS
-    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
-    std::vector<int> dimids(static_cast<std::size_t>(ndims));
-    char* name = nameBuffer();
-    nc_type xtype = NC_NAT;
+    Variable variable(ncid, varid, entry);
+    const DimensionVector<int>& dimids = variable.dimensionIds();
     int natts = 0;
-    checkStatus(nc_inq_var(ncid, varid, name, &xtype, nullptr, dimids.data(), &natts), entry);
-    std::reverse(dimids.begin(), dimids.end());
-    results[0] = textResult(name);
-    results[1] = intResult(xtype);
-    results[2] = idVectorToRow(dimids);
+    checkStatus(nc_inq_varnatts(ncid, varid, &natts), entry);
+    results[0] = textResult(variable.name().c_str());
+    results[1] = intResult(variable.externalType());
+    results[2] = idVectorToRow({dimids.rbegin(), dimids.rend()});
     results[3] = intResult(natts);
 }
 

@@ -6,11 +6,13 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
-#include "library/endless_addresses.h"
-#include "library/file_paths.h"
+#include "library/guards/blocking_files.h"
+#include "library/guards/endless_addresses.h"
+#include "library/guards/files_in_memory.h"
+#include "library/guards/misread_paths.h"
+#include "library/guards/replaced_folders.h"
+#include "library/guards/unregistered_formats.h"
 #include "library/hdf5_file.h"
-#include "library/replaced_folders.h"
-#include "library/unopenable_files.h"
 #include "open_file_registry.h"
 
 #include <netcdf.h>
@@ -18,24 +20,16 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// Flags that crash the library instead of failing: user-defined formats that were never registered,
-// and a file in memory without its buffer, unless another flag makes the library refuse it.
-bool crashesCreating(int mode) { return (mode & (NC_UDF0 | NC_UDF1)) != 0; }
-bool crashesOpening(int mode)
-{
-    return (mode & (NC_INMEMORY | NC_DISKLESS | NC_MMAP | NC_UDF0 | NC_UDF1)) == NC_INMEMORY;
-}
-
 int refusalToOpen(const std::string& file, int mode)
 {
-    if (crashesOpening(mode) || isEndlessAddress(file))
+    if (namesMissingMemory(mode) || isEndlessAddress(file))
         return NC_EINVAL;
     return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
 }
 
 int refusalToCreate(const std::string& file, int mode)
 {
-    if (crashesCreating(mode) || isEndlessAddress(file))
+    if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
         return NC_EINVAL;
     return isForeignFolder(file) ? NC_EEXIST : NC_NOERR;
 }
@@ -89,8 +83,9 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     results[1] = intResult(ncid);
 }
 
-// Deliberately not registered: such a file is neither warned about nor closed at unload. Without
-// memory for its identifier nobody could ever close it, so that this is done here.
+// Deliberately not registered: such a file is neither warned about nor closed at unload. If the
+// results cannot be allocated, the script never receives the identifier, so the file is closed
+// here.
 void pCreate(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
@@ -108,7 +103,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
         results[0] = sizeResult(chunkSize);
         results[1] = intResult(ncid);
     } catch (...) {
-        static_cast<void>(nc_close(ncid)); // the caller is told that there is no memory
+        static_cast<void>(nc_close(ncid)); // the caller hears that memory ran out
         throw;
     }
 }

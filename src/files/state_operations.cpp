@@ -5,77 +5,29 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
+#include "library/guards/torn_down_files.h"
+#include "library/guards/unflushed_files.h"
+#include "library/guards/zero_alignments.h"
 #include "library/hdf5_file.h"
 #include "open_file_registry.h"
-#include "storage_model.h"
 
 #include <netcdf.h>
 
 namespace Ovard::gridio::operations {
-namespace {
 
-// Asked of the library by a definition that can not come to pass: in data mode it is refused before
-// its name is looked at.
-bool isInDefineMode(int ncid)
-{
-    int dimid = 0;
-    return nc_def_dim(ncid, "", 1, &dimid) != NC_ENOTINDEFINE;
-}
-
-bool hasVariables(int ncid)
-{
-    int count = 0;
-    return nc_inq_nvars(ncid, &count) == NC_NOERR && count > 0;
-}
-
-// A file of the classic formats, open for writing. Asked of the library by a renaming that can not
-// come to pass: of a read-only file it is refused before anything else is looked at.
-bool isWritableClassic(int ncid) { return nc_rename_dim(ncid, -1, "") != NC_EPERM; }
-
-// Not one of its groups, which are never closed.
-bool isNetcdf4File(int ncid) { return nc_inq_grp_parent(ncid, nullptr) == NC_ENOGRP; }
-
-// Whether nc_close should find nothing left to write in the file.
-bool isWrittenFirst(int ncid, int model)
-{
-    return (model == NC_FORMATX_NC3 && isWritableClassic(ncid)) ||
-           (model == NC_FORMATX_NC_HDF5 && isNetcdf4File(ncid));
-}
-
-// What is still to be written of a file. When nc_close comes to do this itself and fails, it has
-// either freed what the identifier stands for, so that the next use of it crashes, or it says
-// nothing and the data are gone.
-int writeRest(int ncid)
-{
-    const int status = nc_enddef(ncid);
-    return status == NC_NOERR || status == NC_ENOTINDEFINE ? nc_sync(ncid) : status;
-}
-
-// nc_close, but a file that can not be written to its end stays open, to be mended and closed, or
-// aborted. A netCDF-4 file that is written and yet not closed has been taken apart by the library.
-int closeFile(int ncid)
-{
-    const int model = storageModel(ncid);
-    const bool isWritten = isWrittenFirst(ncid, model);
-    const int writing = isWritten ? writeRest(ncid) : NC_NOERR;
-    if (writing != NC_NOERR && writing != NC_EPERM)
-        return writing;
-
-    const int status = nc_close(ncid);
-    if (status != NC_NOERR && isWritten && model == NC_FORMATX_NC_HDF5)
-        giveUpFile(ncid);
-    return status;
-}
-
-} // namespace
-
+// A file whose pending data cannot be written stays open, so that the cause can be fixed and the
+// file closed or aborted.
 void close(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
 
-    checkStatus(closeFile(ncid), entry);
-    unregisterOpenFile(ncid);
-    forgetFile(ncid);
+    checkStatus(flushBeforeClose(ncid), entry);
+    const int status = closeOrAbandon(ncid);
+    if (status == NC_NOERR || isAbandonedFile(ncid)) {
+        unregisterOpenFile(ncid);
+        forgetFile(ncid);
+    }
+    checkStatus(status, entry);
 }
 
 void abort(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
@@ -116,10 +68,8 @@ void pEndDef(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
     const std::size_t variableFree = readSizeScalar(args[3], "v_minfree");
     const std::size_t recordAlign = readSizeScalar(args[4], "r_align");
 
-    // A zero alignment makes nc__enddef divide by zero when it places a variable.
-    if ((variableAlign == 0 || recordAlign == 0) && storageModel(ncid) == NC_FORMATX_NC3 &&
-        hasVariables(ncid) && isInDefineMode(ncid))
-        checkStatus(NC_EINVAL, entry);
+    if ((variableAlign == 0 || recordAlign == 0) && dividesByAlignments(ncid))
+        raiseLibraryFailure(NC_EINVAL, entry);
     checkStatus(nc__enddef(ncid, headerFree, variableAlign, variableFree, recordAlign), entry);
 }
 

@@ -2,7 +2,7 @@
 #include "library/hdf5_file.h"
 
 #include "check_status.h"
-#include "storage_model.h"
+#include "library/storage_model.h"
 
 #include <algorithm>
 #include <functional>
@@ -12,10 +12,8 @@
 namespace Ovard::gridio {
 namespace {
 
-// By the number of the file, which is the upper half of its identifiers.
+// By the file's own identifier.
 std::map<int, NotedFile> notedFiles;
-
-int fileOf(int ncid) { return ncid >> 16; }
 
 // HDF5 prints what fails unless it is asked not to; it is asked for a scope, since the setting is
 // the whole process's.
@@ -125,16 +123,16 @@ try {
     const std::vector<hid_t> files = openHdf5Files();
     const auto newest = std::max_element(files.begin(), files.end());
     if (newest != files.end())
-        notedFiles[fileOf(ncid)] = {*newest, false, {}};
+        notedFiles[fileIdOf(ncid)] = {*newest, false, {}};
 } catch (const std::bad_alloc&) {
     forgetFile(ncid);
 }
 
-void forgetFile(int ncid) { notedFiles.erase(fileOf(ncid)); }
+void forgetFile(int ncid) { notedFiles.erase(fileIdOf(ncid)); }
 
 NotedFile* findNotedFile(int ncid)
 {
-    const auto found = notedFiles.find(fileOf(ncid));
+    const auto found = notedFiles.find(fileIdOf(ncid));
     return found != notedFiles.end() && H5Iis_valid(found->second.hdf5) > 0 ? &found->second
                                                                             : nullptr;
 }

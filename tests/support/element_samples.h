@@ -3,7 +3,7 @@
 // and compared as bytes, past every conversion of the module.
 #pragma once
 
-#include "data/element_types.h"
+#include "data/elements/element_types.h"
 #include "hosts/standalone/value.h"
 
 #include <string>

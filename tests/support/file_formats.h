@@ -2,7 +2,7 @@
 // The five kinds of file that the module makes, for tests that hold in each of them.
 #pragma once
 
-#include "data/element_types.h"
+#include "data/elements/element_types.h"
 
 #include <netcdf.h>
 

@@ -2,7 +2,6 @@
 // Text, flags, raw reads and data; the numeric readers are in numeric_readers_test.cpp.
 #include "convert/argument_readers.h"
 
-#include "gateway/operation_table.h"
 #include "tests/support/raised_matcher.h"
 
 #include <gtest/gtest.h>
@@ -168,40 +167,6 @@ TEST(CharDataToString, RaisesWhenThereAreNotTwoBytesForEachElement)
         EXPECT_THAT(outcomeOf([&] { return charDataToString(other.array()); }),
                     raises("dataSizeMismatch"))
             << other;
-}
-
-TEST(RequireVariableData, RefusesEmptyDataOfEveryOperationButTheAttributeWrites)
-{
-    const Value empties[] = {Value::empty(), Value(""), Value::empty(vxINT8_CLASS, {3, 0})};
-    for (const OperationEntry& row : operationTable) {
-        const bool isAttributeWrite = std::string(row.name).rfind("putAtt", 0) == 0;
-        for (const Value& empty : empties) {
-            const auto outcome = outcomeOf([&] { requireVariableData(empty.array(), &row); });
-            if (isAttributeWrite)
-                EXPECT_THAT(outcome, succeeds()) << row.name;
-            else
-                EXPECT_THAT(outcome, raises("emptyVariableData")) << row.name;
-        }
-    }
-}
-
-TEST(RequireVariableData, ExemptsExactlyTheCodes77To88)
-{
-    const Value empty = Value::empty();
-    for (const int code : {0, 76, 77, 88, 89, 99, 100, 110, 122}) {
-        const OperationEntry row = {code, "x", 0, nullptr};
-        const bool passes =
-            outcomeOf([&] { requireVariableData(empty.array(), &row); }).succeeded();
-        EXPECT_EQ(passes, code == 77 || code == 88) << code;
-    }
-}
-
-TEST(RequireVariableData, TakesDataOfAnyClass)
-{
-    const Value others[] = {Value(1), Value("x"), Value(false), Value::cell({1, 1}, {1}),
-                            Value::anythingElse()};
-    for (const Value& other : others)
-        EXPECT_NO_THROW(requireVariableData(other.array(), findOperation("putVarDouble", 3)));
 }
 
 TEST(RequireStorage, ComparesBytesAndNotElements)

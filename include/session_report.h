@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What a session has at hand: the files that are open, and what the library can do. For hosts that
+// report it to their users; no operation needs it.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Ovard::gridio {
+
+struct OpenFile {
+    int ncid;
+    std::string path; // as the library reports it (nc_inq_path)
+    bool isWritable;
+    std::string format; // "classic", "64-bit offset", "CDF-5", "netCDF-4", "DAP2", "Zarr", ...
+    bool isClosedAtUnload;
+};
+
+// Every file that the library has open, by identifier, but for abandoned files and for those that the
+// library opened for its own use. May throw std::bad_alloc.
+std::vector<OpenFile> listOpenFiles();
+
+struct LibraryReport {
+    std::string netcdf;          // version in use
+    std::string netcdfBuiltWith; // version that the module was compiled with
+    std::string hdf5;            // version in use; "none" when the library has none
+    std::vector<std::pair<std::string, bool>> features; // "dap2", "zarr", ...: available or not
+    std::vector<std::pair<std::string, bool>> filters;  // "deflate", "zstd", ...: available or not
+};
+
+LibraryReport describeLibrary();
+
+} // namespace Ovard::gridio

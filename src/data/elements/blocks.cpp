@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "data/elements/blocks.h"
+
+#include "library/guards/partly_written_variables.h"
+
+namespace Ovard::gridio {
+
+Block wholeBlock(Variable& variable)
+{
+    const SizeVector& lengths = variable.lengths();
+    return {SizeVector(lengths.size(), 0), lengths, StrideVector(lengths.size(), 1), true};
+}
+
+int readBlock(Variable& variable, const ElementType& element, const Block& block, void* destination)
+{
+    const int ncid = variable.ncid();
+    const int varid = variable.varid();
+    variable.requireAccessibleValues();
+    if (variable.storageModel() == NC_FORMATX_NC_HDF5) {
+        const LibraryBlock inFile{ncid,
+                                  varid,
+                                  variable.dimensionIds().data(),
+                                  variable.rank(),
+                                  block.start.data(),
+                                  block.count.data(),
+                                  block.stride.data()};
+        if (isMisreadWhenPartlyWritten(inFile, variable.entry()))
+            return readPartlyWritten(inFile, element.getVars, element.size, destination,
+                                     variable.entry());
+    }
+    if (block.isWhole)
+        return element.getVar(ncid, varid, destination);
+    return element.getVars(ncid, varid, block.start.data(), block.count.data(), block.stride.data(),
+                           destination);
+}
+
+int writeBlock(Variable& variable, const ElementType& element, const Block& block,
+               const void* values)
+{
+    variable.requireAccessibleValues();
+    if (block.isWhole)
+        return element.putVar(variable.ncid(), variable.varid(), values);
+    return element.putVars(variable.ncid(), variable.varid(), block.start.data(),
+                           block.count.data(), block.stride.data(), values);
+}
+
+} // namespace Ovard::gridio

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// netCDF-4 files that HDF5 refuses to close. Release 4.9.0 has then torn the file down, still knows
+// its identifier, crashes on many uses of it, and never gives it out again.
+#pragma once
+
+namespace Ovard::gridio {
+
+// nc_close. When it fails after it has torn the file down, the file is abandoned.
+int closeOrAbandon(int ncid);
+
+// Whether the identifier is that of an abandoned file, or of one of its groups.
+bool isAbandonedFile(int ncid);
+
+} // namespace Ovard::gridio
