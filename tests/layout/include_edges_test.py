@@ -3,7 +3,7 @@
 
 include/vx <- include/ <- src/convert <- the shared files of src/data <- the folders of handlers
 <- src/gateway/operation_table.cpp. Nobody else includes from src/gateway, src/ never sees hosts/, and a host sees
-include/vx, the message catalogue and itself.
+include/vx, the message catalogue and itself. src/cf is plain C++ and sees itself only.
 """
 import pathlib
 import re
@@ -23,6 +23,7 @@ ELEMENTS = CONVERT + "|" + DATA_FILES
 EDGES = (
     (VX, VX),
     (r"include/", SHARED),
+    (r"src/cf/", r"src/cf/"),
     (r"src/convert/", CONVERT),
     (DATA_FILES, ELEMENTS),
     (r"src/gateway/operation_table\.cpp$", SHARED + r"|src/gateway/operation_table\.h$|src/[^/]+/[^/]+_operations\.h$"),
@@ -81,6 +82,8 @@ class IncludeEdges(unittest.TestCase):
         for includer, included in (
             ("include/vx/array.h", "include/operation_entry.h"),
             ("include/check_status.h", "src/convert/argument_readers.h"),
+            ("src/cf/calendar.cpp", "include/vx/array.h"),
+            ("src/cf/time_columns.cpp", "src/convert/numeric_class.h"),
             ("src/convert/argument_readers.cpp", "src/data/element_types.h"),
             ("src/convert/argument_readers.cpp", "src/gateway/error_code_names.h"),
             ("src/data/element_types.h", "src/data/data_operations.h"),
