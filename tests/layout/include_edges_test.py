@@ -13,7 +13,7 @@ SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides 
 SOURCES = {".h", ".cpp", ".cc"}
 
 # From the ground up. None stands for the rooms of the operations: every other folder of src.
-FLOORS = ("include/vx", "include", "src/library", "src/convert", "src/data/elements", None, "src/gateway", "hosts/messages",
+FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", None, "src/gateway", "hosts/messages",
           "hosts")
 
 
@@ -77,6 +77,7 @@ class IncludeEdges(unittest.TestCase):
 
     def test_rooms_of_one_floor_and_floors_above_are_refused(self):
         for includer, included in (
+            ("src/cf/x.cpp", "include/vx/x.h"),
             ("include/vx/x.h", "include/x.h"),
             ("include/x.h", "src/convert/x.h"),
             ("src/library/guards/x.cpp", "src/convert/x.h"),
