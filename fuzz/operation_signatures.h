@@ -4,7 +4,9 @@
 
 #include "vx/array.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace fuzz {
@@ -39,7 +41,14 @@ struct Operation {
     vxClassID dataClass;    // of what a typed operation reads and writes; otherwise unknown
 };
 
-// Every operation that can be called, once.
+// Every operation that can be called, once, in the order of docs/operations/.
 const std::vector<Operation>& operations();
+
+// The number by which fuzzing bytes name an operation: it depends on the name alone, so that a new
+// operation leaves a corpus what it is.
+std::uint16_t codeOf(std::string_view name);
+
+// The operation of that code or, when there is none, of the next higher one.
+const Operation& operationNear(std::uint16_t code);
 
 } // namespace fuzz

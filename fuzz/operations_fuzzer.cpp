@@ -15,6 +15,7 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t callLimit = 24;
+constexpr std::size_t rawCallsOneIn = 4; // whose first argument may be anything, too
 
 // The file that a run begins with: its mode, or -1 for none, and in how many of 256 runs. NetCDF-4
 // files take twenty times as long as the others.
@@ -141,12 +142,13 @@ bool run(InputBytes& input)
     if ((settings & 0xf0) == 0xf0)
         session.host().failAllocation(input.byte());
 
-    const auto& all = operations();
     for (std::size_t calls = 0; calls < callLimit && !input.atEnd(); ++calls) {
-        const std::size_t chosen = input.byte();
+        const bool isOperation = !input.oneIn(rawCallsOneIn);
+        const Operation* operation =
+            isOperation ? &operationNear(input.any<std::uint16_t>()) : nullptr;
         ArgumentValues arguments(input, session.knownIds());
-        if (chosen < all.size())
-            callUnlessKnown(session, all[chosen], arguments.forOperation(all[chosen]));
+        if (isOperation)
+            callUnlessKnown(session, *operation, arguments.forOperation(*operation));
         else
             session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4);
     }

@@ -11,8 +11,13 @@ them (host order x, y), attributes num = [1 2] and txt = "abc" of variable d, gr
 """
 import copy
 import math
+import pathlib
+import re
 import sys
 import urllib.parse
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "docs"))
+import operation_entries  # noqa: E402
 
 from argument_values import INTEGER_RANGES, Value, every_value, row, scalar, text
 
@@ -243,111 +248,103 @@ def fill_value(read, values):
 
 
 # --- The operations: readers with a valid value each, in order, and the check behind them -----------------------------
+# What an operation takes is read from its entry in docs/operations/: the kind of an argument chooses the reader. Listed here
+# is only what an entry does not say: values that succeed in the scratch file, and the checks after the reading.
 
-NCID = (number("ncid"), scalar("double", "@ncid"))
-GROUP = (number("ncid"), scalar("double", "@group"))
-VARID = (number("varid"), scalar("double", 0.0))
-CHAR_VARID = (number("varid"), scalar("double", 1.0))
-
-
-def name_argument(parameter, letters):
-    return (word(parameter), text(letters))
-
-
-def as_number(parameter, x):
-    return (number(parameter), scalar("double", float(x)))
+READERS = {
+    "int": number, "size": size, "text": word, "flag": flag, "mode": lambda name: mode,
+    "row": number_row, "index": lambda name: index(name, "uint64"), "stride": lambda name: index(name, "int64"),
+    "rawsingle": lambda name: raw_single, "fillvalue": lambda name: anything, "data": lambda name: anything,
+}
 
 
-def as_size(parameter, x):
-    return (size(parameter), scalar("double", float(x)))
+def double(x):
+    return scalar("double", float(x) if not isinstance(x, str) else x)
 
 
-def as_flag(parameter, x):
-    return (flag(parameter), scalar("logical", x))
+# A valid value by the name in errors; else by the kind.
+VALID = {
+    "ncid": double("@ncid"), "varid": double(0), "NCID": double("@ncid"), "VARID": double(0), "dimid": double(0),
+    "attid": double(0), "xtype": double(6), "dimids": row("double", [0.0, 1.0]), "chunk dims": row("double", [3.0, 2.0]),
+    "START": row("double", [0.0, 0.0]), "COUNT": row("double", [2.0, 1.0]), "STRIDE": row("double", [2.0, 1.0]),
+    "group name": text("g"), "dimension": text("x"), "variable": text("d"), "attribute": text("num"),
+    "file": Value("char", (1, 1), ["@file"]), "parameter": text("nc_int"), "MODE": text("nowrite"),
+}
+VALID_OF_KIND = {
+    "int": double(1), "size": double(4096), "flag": scalar("logical", 0), "text": text("new"), "rawsingle": scalar("single", 0.75),
+    "fillvalue": double(5),
+}
+
+# Other valid values of an operation, by the position of the argument.
+NEW_FILE = {0: Value("char", (1, 1), ["@new"]), 1: text("clobber")}
+VALID_IN = {
+    "create": NEW_FILE, "pCreate": {**NEW_FILE, 2: double(0)}, "pEndDef": {1: double(0), 2: double(4), 3: double(0), 4: double(4)},
+    "setFill": {1: double(256)}, "setChunkCache": {0: double(4194304), 1: double(1009)},
+    "inqGrpParent": {0: double("@group")}, "defGrp": {1: text("new")}, "defDim": {1: text("new"), 2: double(5)},
+    "renameDim": {2: text("new")}, "defVar": {1: text("new")}, "renameVar": {2: text("new")},
+    "defVarChunking": {2: double(0)}, "defVarDeflate": {2: scalar("logical", 1), 3: scalar("logical", 1), 4: double(4)},
+    "copyAtt": {4: double(-1)}, "renameAtt": {3: text("new")},
+}
+
+# The deflate level is read only when the deflate flag is set.
+READ_LATER = {("defVarDeflate", 4)}
+
+CHECKS = {
+    "inqVar": global_variable, "defVarChunking": chunking, "defVarDeflate": deflate_level, "defVarFill": fill_value,
+    "parameter": constant,
+}
 
 
 def data_of(suffix, count):
     name = CLASSES[suffix]
     elements = [65 + k for k in range(count)]
-    return (anything, row(name, list(map(float, elements)) if name in ("double", "single") else elements))
+    return row(name, list(map(float, elements)) if name in ("double", "single") else elements)
 
 
-FILE = (word("file"), Value("char", (1, 1), ["@file"]))
-NEW_FILE = (word("file"), Value("char", (1, 1), ["@new"]))
-OPEN_MODE = (mode, text("nowrite"))
-CREATE_MODE = (mode, text("clobber"))
-START = (index("START", "uint64"), row("double", [0.0, 0.0]))
-COUNT = (index("COUNT", "uint64"), row("double", [2.0, 1.0]))
-STRIDE = (index("STRIDE", "int64"), row("double", [2.0, 1.0]))
+def typed(name):
+    """(form, suffix) of a typed operation: ("putVara", "Uint64"); None for any other."""
+    match = re.fullmatch(r"((?:get|put)(?:Att|Var[1as]?))(U?[A-Z][a-z]+(?:64)?|UInt(?:64)?)", name)
+    suffix = match and match[2].replace("UInt", "Uint")
+    return (match[1], suffix) if suffix in SIZES else None
 
 
-def simple_operations():
-    def attribute(letters):
-        return name_argument("attribute", letters)
-    return {
-        "abort": ([NCID], no_check), "close": ([NCID], no_check), "sync": ([NCID], no_check),
-        "redef": ([NCID], no_check), "endDef": ([NCID], no_check),
-        "pCreate": ([NEW_FILE, CREATE_MODE, as_size("initialsize", 0), as_size("chunksize", 4096)], no_check),
-        "create": ([NEW_FILE, CREATE_MODE], no_check), "open": ([FILE, OPEN_MODE], no_check),
-        "pOpen": ([FILE, OPEN_MODE, as_size("chunksizehint", 4096)], no_check),
-        "pEndDef": ([NCID, as_size("h_minfree", 0), as_size("v_align", 4), as_size("v_minfree", 0),
-                     as_size("r_align", 4)], no_check),
-        "setDefaultFormat": ([as_number("new default format", 1)], no_check),
-        "setFill": ([NCID, as_number("new_fill_mode", 256)], no_check),
-        "setChunkCache": ([as_size("chunkSize", 4194304), as_size("nelems", 1009),
-                           (raw_single, scalar("single", 0.75))], no_check),
-        "getChunkCache": ([], no_check), "inqLibVers": ([], no_check), "getConstantNames": ([], no_check),
-        "inq": ([NCID], no_check), "inqFormat": ([NCID], no_check), "inqUnlimDims": ([NCID], no_check),
-        "inqVarIDs": ([NCID], no_check), "inqDimIDs": ([NCID, as_flag("include_parents flag", 0)], no_check),
-        "defGrp": ([NCID, name_argument("group name", "new")], no_check), "inqGrpName": ([NCID], no_check),
-        "inqGrpNameFull": ([NCID], no_check), "inqGrps": ([NCID], no_check), "inqGrpParent": ([GROUP], no_check),
-        "inqNcid": ([NCID, name_argument("group name", "g")], no_check),
-        "defDim": ([NCID, name_argument("dimension", "new"), as_size("dim_length", 5)], no_check),
-        "inqDim": ([NCID, as_number("dimid", 0)], no_check),
-        "inqDimID": ([NCID, name_argument("dimension", "x")], no_check),
-        "renameDim": ([NCID, as_number("dimid", 0), name_argument("dimension", "new")], no_check),
-        "defVar": ([NCID, name_argument("variable", "new"), as_number("xtype", 6),
-                    (number_row("dimids"), row("double", [0.0, 1.0]))], no_check),
-        "inqVarID": ([NCID, name_argument("variable", "d")], no_check), "inqVar": ([NCID, VARID], global_variable),
-        "renameVar": ([NCID, VARID, name_argument("variable", "new")], no_check),
-        "defVarChunking": ([NCID, VARID, as_number("storage", 0),
-                            (number_row("chunk dims"), row("double", [3.0, 2.0]))], chunking),
-        "defVarDeflate": ([NCID, VARID, as_flag("shuffle flag", 1), as_flag("deflate flag", 1),
-                           (anything, scalar("double", 4.0))], deflate_level),
-        "defVarFletcher32": ([NCID, VARID, as_number("checksum setting", 1)], no_check),
-        "inqVarChunking": ([NCID, VARID], no_check), "inqVarDeflate": ([NCID, VARID], no_check),
-        "inqVarFletcher32": ([NCID, VARID], no_check), "inqVarFill": ([NCID, VARID], no_check),
-        "defVarFill": ([(number("NCID"), NCID[1]), as_number("VARID", 0), as_flag("FILL FLAG", 0),
-                        (anything, scalar("double", 5.0))], fill_value),
-        "copyAtt": ([NCID, VARID, attribute("num"), NCID, (number("varid"), scalar("double", -1.0))], no_check),
-        "delAtt": ([NCID, VARID, attribute("num")], no_check), "inqAtt": ([NCID, VARID, attribute("num")], no_check),
-        "inqAttID": ([NCID, VARID, attribute("num")], no_check),
-        "inqAttName": ([NCID, VARID, as_number("attid", 0)], no_check),
-        "renameAtt": ([NCID, VARID, attribute("num"), attribute("new")], no_check),
-        "putAttText": ([NCID, VARID, attribute("new"), data_of("Text", 3)], attribute_write("Text")),
-        "parameter": ([name_argument("parameter", "nc_int")], constant),
-    }
+def check_of(name):
+    form, suffix = typed(name) or (name, None)
+    if suffix is None:
+        return CHECKS.get(name, no_check)
+    if form == "putAtt":
+        return attribute_write(suffix)
+    if form == "putVar":
+        return whole_write(suffix)
+    return subset(form[-1], suffix, form.startswith("put")) if form[-1] in "1as" else no_check
 
 
-def typed_operations():
-    operations = {}
-    for suffix in SIZES:
-        attribute = name_argument("attribute", "txt" if suffix == "Text" else "num")
-        operations["getAtt" + suffix] = ([NCID, VARID, attribute], no_check)
-        if suffix != "Text":
-            operations["putAtt" + suffix] = ([NCID, VARID, name_argument("attribute", "new"), as_number("xtype", 6),
-                                              data_of(suffix, 2)], attribute_write(suffix))
-        if suffix == "Ubyte":
-            continue
-        variable = CHAR_VARID if suffix == "Text" else VARID
-        operations["getVar" + suffix] = ([NCID, variable], no_check)
-        operations["putVar" + suffix] = ([NCID, variable, data_of(suffix, 6)], whole_write(suffix))
-        for form, vectors, count in (("1", [START], 1), ("a", [START, COUNT], 2), ("s", [START, COUNT, STRIDE], 2)):
-            spelled = {"Uint": "UInt", "Uint64": "UInt64"}.get(suffix, suffix) if form == "1" else suffix
-            operations[f"getVar{form}{suffix}"] = ([NCID, variable, *vectors], subset(form, suffix, False))
-            operations[f"putVar{form}{spelled}"] = ([NCID, variable, *vectors, data_of(suffix, count)],
-                                                    subset(form, suffix, True))
-    return operations
+def valid_value(entry, position):
+    argument = entry.arguments[position]
+    form, suffix = typed(entry.name) or ("", None)
+    if argument.kind == "data":
+        return data_of(suffix, {"putAtt": 3 if suffix == "Text" else 2, "putVar": 6, "putVar1": 1}.get(form, 2))
+    if suffix == "Text" and argument.error_name == "varid" and "Var" in form:
+        return double(1)  # the char variable
+    if suffix == "Text" and form == "getAtt" and argument.error_name == "attribute":
+        return text("txt")
+    if form == "putAtt" and argument.error_name == "attribute":
+        return text("new")
+    own = VALID_IN.get(entry.name, {})
+    return own.get(position) or VALID.get(argument.error_name) or VALID_OF_KIND[argument.kind]
+
+
+def operations():
+    """{name: ([(reader, valid value), ...], check)} in the order of the manual."""
+    result = {}
+    for entry in operation_entries.read_entries():
+        arguments = []
+        for position, argument in enumerate(entry.arguments):
+            is_later = (entry.name, position) in READ_LATER
+            reader = anything if is_later else READERS[argument.kind](argument.error_name)
+            arguments.append((reader, valid_value(entry, position)))
+        result[entry.name] = (arguments, check_of(entry.name))
+    return result
 
 
 def outcome(readers, check, values, valid_reading=None):
@@ -404,12 +401,12 @@ def cases_of(operation, arguments, check, every):
 
 def every_case():
     every = every_value()
-    operations = {**simple_operations(), **typed_operations()}
-    for operation, (arguments, check) in operations.items():
+    all_operations = operations()
+    for operation, (arguments, check) in all_operations.items():
         yield from cases_of(operation, arguments, check, every)
     # A char variable takes its fill value from a character.
-    arguments, check = operations["defVarFill"]
-    char_variable = [*arguments[:1], as_number("VARID", 1), *arguments[2:3], (anything, text("x"))]
+    arguments, check = all_operations["defVarFill"]
+    char_variable = [*arguments[:1], (number("VARID"), double(1)), *arguments[2:3], (anything, text("x"))]
     yield from cases_of("defVarFill", char_variable, check, every)
 
 

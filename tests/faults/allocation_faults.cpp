@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Every allocation of every operation fails in turn: of the host's, and of the module's own.
-#include "tests/faults/failing_new.h"
+#include "tests/library/failing_new.h"
 #include "tests/faults/fault_test.h"
 
 #include <functional>

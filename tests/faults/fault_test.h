@@ -3,8 +3,9 @@
 #pragma once
 
 #include "hosts/standalone/host.h"
-#include "tests/faults/library_stand_in.h"
 #include "tests/faults/operation_calls.h"
+#include "tests/library/failing_new.h"
+#include "tests/library/library_stand_in.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/scratch_folder.h"
 
@@ -17,6 +18,10 @@ namespace faults {
 
 using standalone::Outcome;
 using standalone::Value;
+using testsupport::Failing;
+using testsupport::FailingNew;
+using testsupport::LibraryStandIn;
+using testsupport::liveNewBlocks;
 
 class FaultTest : public testing::Test {
 protected:

@@ -154,7 +154,8 @@ TEST_F(PartlyWrittenVariable, IsToldFromAWrittenOneThatEndsWithAFillValue)
 {
     const int group = make();
     const Value count = Value::row<double>({3, 3});
-    const Value values = Value::numeric<std::int32_t>({3, 3}, {1, 2, 3, 4, 5, 6, 7, 8, NC_FILL_INT});
+    const Value values =
+        Value::numeric<std::int32_t>({3, 3}, {1, 2, 3, 4, 5, 6, 7, 8, NC_FILL_INT});
     host.call("putVaraInt", {group, 0, Value::row<double>({0, 0}), count, values});
     const std::vector<std::string> calls = callsOfRead(group);
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "nc_get_var_int") +

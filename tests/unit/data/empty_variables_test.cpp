@@ -1,33 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a whole read makes of the library's answers about a variable without values. Releases of the
-// library differ in them, so that two typed reads are defined here, in front of the library's own.
-#include "tests/support/in_library.h"
+// What a whole read makes of the library's answers about a variable without values, in which
+// releases of the library differ.
+#include "tests/library/library_stand_in.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"
-
-#include <optional>
-
-namespace {
-
-std::optional<int> answer; // of the two functions, in the library's place
-
-} // namespace
-
-extern "C" {
-
-int nc_get_var_int(int ncid, int varid, int* values)
-{
-    return answer ? *answer : testsupport::inLibrary(__func__, nc_get_var_int)(ncid, varid, values);
-}
-
-int nc_get_var_text(int ncid, int varid, char* values)
-{
-    return answer ? *answer
-                  : testsupport::inLibrary(__func__, nc_get_var_text)(ncid, varid, values);
-}
-
-} // extern "C"
 
 namespace {
 
@@ -41,7 +18,6 @@ protected:
     // An int variable n (0) and a char variable c (1) of no records, and an int variable s (2).
     void SetUp() override
     {
-        answer.reset();
         ncid = createFile("e.nc");
         const Value none = host.call("defDim", {ncid, "t", 0}).at(0);
         host.call("defVar", {ncid, "n", NC_INT, none});
@@ -49,17 +25,21 @@ protected:
         host.call("defVar", {ncid, "s", NC_INT, Value::empty()});
         host.call("endDef", {ncid});
     }
-    void TearDown() override
+
+    // Has the library answer typed reads with a status and do nothing.
+    void answerReads(int status)
     {
-        answer.reset();
-        ModuleTest::TearDown();
+        library.answers = {{"nc_get_var_int", status}, {"nc_get_var_text", status}};
     }
+
+private:
+    LibraryStandIn library;
 };
 
 TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
 {
     for (const int status : {NC_NOERR, NC_EINVALCOORDS}) {
-        answer = status;
+        answerReads(status);
         EXPECT_EQ(host.call("getVarInt", {ncid, 0}).at(0), Value::empty(vxINT32_CLASS)) << status;
         EXPECT_EQ(host.call("getVarText", {ncid, 1}).at(0), Value::empty(vxCHAR_CLASS)) << status;
     }
@@ -68,27 +48,27 @@ TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
 TEST_F(EmptyVariables, ReadAsTextThatIsNoneHaveNoClass)
 {
     EXPECT_THAT(host.attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));
-    answer = NC_EINVALCOORDS; // of a library that looks at the type later
+    answerReads(NC_EINVALCOORDS); // of a library that looks at the type later
     EXPECT_EQ(host.call("getVarText", {ncid, 0}).at(0), Value::empty(vxUNKNOWN_CLASS));
 }
 
 TEST_F(EmptyVariables, ThatAreCharGiveACharArrayWhateverTheOperation)
 {
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 1}), failsWith("getVarInt", NC_ECHAR));
-    answer = NC_EINVALCOORDS;
+    answerReads(NC_EINVALCOORDS);
     EXPECT_EQ(host.call("getVarInt", {ncid, 1}).at(0), Value::empty(vxCHAR_CLASS));
 }
 
 TEST_F(EmptyVariables, FailWithEveryOtherStatus)
 {
-    answer = NC_EHDFERR;
+    answerReads(NC_EHDFERR);
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 0}), failsWith("getVarInt", NC_EHDFERR));
     EXPECT_THAT(host.attempt("getVarText", {ncid, 1}), failsWith("getVarText", NC_EHDFERR));
 }
 
-TEST_F(EmptyVariables, AloneAreFlattened)
+TEST_F(EmptyVariables, OfOtherShapesAreNotFlattened)
 {
-    answer = NC_EINVALCOORDS;
+    answerReads(NC_EINVALCOORDS);
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 2}), failsWith("getVarInt", NC_EINVALCOORDS));
 }
 

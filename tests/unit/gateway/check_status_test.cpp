@@ -3,7 +3,7 @@
 
 #include "gateway/error_code_names.h"
 #include "tests/support/raised_matcher.h"
-#include "tests/unit/library_stand_ins.h"
+#include "tests/library/library_stand_in.h"
 
 #include <gtest/gtest.h>
 #include <netcdf.h>

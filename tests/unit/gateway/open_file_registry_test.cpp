@@ -2,7 +2,8 @@
 #include "open_file_registry.h"
 
 #include "hosts/standalone/host.h"
-#include "tests/unit/library_stand_ins.h"
+#include "tests/library/failing_new.h"
+#include "tests/library/library_stand_in.h"
 
 #include <gmock/gmock.h>
 
@@ -15,9 +16,14 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testsupport::Failing;
+using testsupport::FailingNew;
+using testsupport::Where;
 
 class OpenFileRegistry : public testing::Test {
 protected:
+    OpenFileRegistry() { library.closeStatus.emplace(); } // these files do not exist
+
     standalone::Host host;
     testsupport::LibraryStandIn library;
 
@@ -119,10 +125,10 @@ TEST_F(OpenFileRegistry, DeliberatelyIsNotEmptiedByTheUnloadHandler)
 
 TEST_F(OpenFileRegistry, ClosesTheFileWhenThereIsNoMemoryToRememberIt)
 {
-    library.closed.reserve(1);
-    library.hasMemory = false; // until nc_close is called
-    EXPECT_THROW(registerOpenFile(0x10000), std::bad_alloc);
-    library.hasMemory = true; // also when it was not called
+    {
+        const FailingNew noMemory(1, Failing::once, Where::everywhere);
+        EXPECT_THROW(registerOpenFile(0x10000), std::bad_alloc);
+    }
     EXPECT_THAT(library.closed, ElementsAre(0x10000));
 
     closeRegisteredFiles();

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "tests/library/failing_new.h"
+
+#include "vx/plug.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace testsupport {
+namespace {
+
+long live = 0;
+std::size_t countdown = 0; // to the call that fails; 0: none
+Failing manner = Failing::once;
+bool failed = false;
+Where place = Where::inModule;
+bool moduleRuns = false;
+
+void* allocate(std::size_t size)
+{
+    const bool counts = moduleRuns || place == Where::everywhere;
+    if (counts && countdown > 0 && --countdown == 0) {
+        failed = true;
+        if (manner == Failing::fromThenOn)
+            countdown = 1;
+        throw std::bad_alloc();
+    }
+    void* block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    ++live;
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block != nullptr)
+        --live;
+    std::free(block);
+}
+
+} // namespace
+
+FailingNew::FailingNew(std::size_t n, Failing failing, Where where)
+{
+    place = where;
+    countdown = n;
+    manner = failing;
+    failed = false;
+}
+
+FailingNew::~FailingNew() { countdown = 0; }
+
+bool FailingNew::hasFailed() { return failed; }
+
+long liveNewBlocks() { return live; }
+
+} // namespace testsupport
+
+extern "C" {
+
+void __real_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
+void __wrap_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    struct Running {
+        Running() { testsupport::moduleRuns = true; }
+        ~Running() { testsupport::moduleRuns = false; }
+    } const running;
+    __real_plugFunction(nlhs, results, nrhs, arguments);
+}
+
+} // extern "C"
+
+void* operator new(std::size_t size) { return testsupport::allocate(size); }
+void* operator new[](std::size_t size) { return testsupport::allocate(size); }
+void operator delete(void* block) noexcept { testsupport::release(block); }
+void operator delete[](void* block) noexcept { testsupport::release(block); }
+void operator delete(void* block, std::size_t) noexcept { testsupport::release(block); }
+void operator delete[](void* block, std::size_t) noexcept { testsupport::release(block); }
