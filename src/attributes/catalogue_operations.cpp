@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Finding, describing, renaming, deleting and copying attributes.
-#include "attributes/attribute_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

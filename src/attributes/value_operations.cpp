@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing the values of attributes.
-#include "attributes/attribute_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/element_storage.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "constants/constant_operations.h"
-
+#include "operation_entry.h"
 #include "constants/constant_table.h"
 #include "convert/argument_readers.h"
 #include "error_identifiers.h"

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Subset reads and writes: one value, a block or a strided block, all three through the strided
 // library calls.
-#include "data/data_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/blocks.h"

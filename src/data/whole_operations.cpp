@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Whole-variable reads and writes.
-#include "data/data_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/blocks.h"

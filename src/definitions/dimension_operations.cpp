@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "definitions/definition_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

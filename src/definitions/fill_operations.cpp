@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Fill values: the one place where an argument is read by a type that is found in the file.
-#include "definitions/definition_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

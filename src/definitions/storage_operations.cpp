@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Chunking, compression and checksum of netCDF-4 variables.
-#include "definitions/definition_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Creating and navigating groups.
-#include "files/file_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Opening and creating files.
-#include "files/file_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

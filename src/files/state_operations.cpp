@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Closing, flushing, define mode and fill settings.
-#include "files/file_operations.h"
-
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "gateway/operation_table.h"
 
-#include "attributes/attribute_operations.h"
-#include "constants/constant_operations.h"
-#include "data/data_operations.h"
-#include "definitions/definition_operations.h"
 #include "error_identifiers.h"
-#include "files/file_operations.h"
 
 #include <algorithm>
 #include <array>
@@ -16,79 +11,108 @@
 
 namespace Ovard::gridio {
 
+// Each is defined in the room that it belongs to.
+namespace operations {
+
+// Files and groups.
+HandlerFunction open, create, pOpen, pCreate, close, abort, sync, redef, endDef, pEndDef, setFill,
+    setDefaultFormat, setChunkCache, getChunkCache, inq, inqFormat, inqLibVers, inqUnlimDims,
+    inqVarIDs, inqDimIDs, defGrp, inqGrps, inqGrpName, inqGrpNameFull, inqGrpParent, inqNcid;
+
+// Definitions.
+HandlerFunction defDim, inqDim, inqDimID, renameDim, defVar, inqVarID, inqVar, renameVar,
+    defVarChunking, inqVarChunking, defVarDeflate, inqVarDeflate, defVarFletcher32,
+    inqVarFletcher32, defVarFill, inqVarFill;
+
+// Attributes.
+HandlerFunction inqAtt, inqAttID, inqAttName, renameAtt, delAtt, copyAtt, getAtt, putAtt,
+    putAttText;
+
+// Data: one handler serves each family, and the row's code selects the element type.
+HandlerFunction getVar, putVar, getVarSubset, putVarSubset;
+
+// Constants.
+HandlerFunction parameter, getConstantNames;
+
+} // namespace operations
+
 namespace op = operations;
+
+// Every operation, with its arguments and results. Lists by dimension are in the host's order,
+// fastest-varying first; lists of identifiers are 1-by-n rows in the library's order, 0-by-0 when
+// empty. Positions count from 0. Values lie in one block and are never transposed.
 
 // clang-format off
 constexpr OperationEntry operationTable[operationCount] = {
     // Files: life cycle
-    {  0, "abort",             1, op::abort},
-    {  1, "close",             1, op::close},
-    {  3, "pCreate",           4, op::pCreate},
-    {  4, "create",            2, op::create},
-    { 14, "endDef",            1, op::endDef},
-    { 13, "pEndDef",           5, op::pEndDef},
-    { 75, "pOpen",             3, op::pOpen},
-    { 76, "open",              2, op::open},
-    {111, "redef",             1, op::redef},
-    {115, "setDefaultFormat",  1, op::setDefaultFormat},
-    {116, "setFill",           2, op::setFill},
-    {118, "sync",              1, op::sync},
+    {  0, "abort",             1, op::abort},            // ncid (nc_abort)
+    {  1, "close",             1, op::close},            // ncid (nc_close)
+    {  3, "pCreate",           4, op::pCreate},          // file, mode, initialsize and chunksize in bytes -> chunk size, ncid (nc__create)
+    {  4, "create",            2, op::create},           // file, mode -> ncid (nc_create)
+    { 14, "endDef",            1, op::endDef},           // ncid (nc_enddef)
+    { 13, "pEndDef",           5, op::pEndDef},          // ncid, h_minfree, v_align, v_minfree, r_align in bytes (nc__enddef)
+    { 75, "pOpen",             3, op::pOpen},            // file, mode, chunksizehint in bytes -> chunk size hint, ncid (nc__open)
+    { 76, "open",              2, op::open},             // file, mode -> ncid (nc_open)
+    {111, "redef",             1, op::redef},            // ncid (nc_redef)
+    {115, "setDefaultFormat",  1, op::setDefaultFormat}, // new default format -> old one (nc_set_default_format)
+    {116, "setFill",           2, op::setFill},          // ncid, new fill mode -> old one (nc_set_fill)
+    {118, "sync",              1, op::sync},             // ncid (nc_sync)
 
     // Chunk cache
-    {119, "setChunkCache",     3, op::setChunkCache},
-    {120, "getChunkCache",     0, op::getChunkCache},
+    {119, "setChunkCache",     3, op::setChunkCache},    // size in bytes, slots, preemption as raw single (nc_set_chunk_cache)
+    {120, "getChunkCache",     0, op::getChunkCache},    // -> size in bytes, slots, preemption (nc_get_chunk_cache)
 
     // Files: inquiries
-    { 49, "inq",               1, op::inq},
-    { 55, "inqDimIDs",         2, op::inqDimIDs},
-    { 58, "inqFormat",         1, op::inqFormat},
-    { 63, "inqLibVers",        0, op::inqLibVers},
-    { 65, "inqUnlimDims",      1, op::inqUnlimDims},
-    { 67, "inqVarIDs",         1, op::inqVarIDs},
+    { 49, "inq",               1, op::inq},              // ncid -> ndims, nvars, ngatts, unlimdimid or -1 (nc_inq)
+    { 55, "inqDimIDs",         2, op::inqDimIDs},        // ncid, include_parents flag -> dimids (nc_inq_dimids)
+    { 58, "inqFormat",         1, op::inqFormat},        // ncid -> "FORMAT_CLASSIC", ... (nc_inq_format)
+    { 63, "inqLibVers",        0, op::inqLibVers},       // -> version text (nc_inq_libvers)
+    { 65, "inqUnlimDims",      1, op::inqUnlimDims},     // ncid -> dimids (nc_inq_unlimdims)
+    { 67, "inqVarIDs",         1, op::inqVarIDs},        // ncid -> varids (nc_inq_varids)
     // Never reached, deliberately: the look-up stops at the first row of a name.
     { 55, "inqDimIDs",         1, op::inqDimIDs},
 
     // Groups
-    {  6, "defGrp",            2, op::defGrp},
-    { 59, "inqGrpName",        1, op::inqGrpName},
-    { 60, "inqGrpNameFull",    1, op::inqGrpNameFull},
-    { 61, "inqGrps",           1, op::inqGrps},
-    { 62, "inqGrpParent",      1, op::inqGrpParent},
-    { 64, "inqNcid",           2, op::inqNcid},
+    {  6, "defGrp",            2, op::defGrp},           // ncid, name -> ncid of the group (nc_def_grp)
+    { 59, "inqGrpName",        1, op::inqGrpName},       // ncid -> the group's own name (nc_inq_grpname)
+    { 60, "inqGrpNameFull",    1, op::inqGrpNameFull},   // ncid -> the path from the root (nc_inq_grpname_full)
+    { 61, "inqGrps",           1, op::inqGrps},          // ncid -> ncids of the child groups (nc_inq_grps)
+    { 62, "inqGrpParent",      1, op::inqGrpParent},     // ncid -> ncid of the parent group (nc_inq_grp_parent)
+    { 64, "inqNcid",           2, op::inqNcid},          // ncid, name -> ncid of that child group (nc_inq_ncid)
 
     // Dimensions
-    {  5, "defDim",            3, op::defDim},
-    { 53, "inqDim",            2, op::inqDim},
-    { 54, "inqDimID",          2, op::inqDimID},
-    {113, "renameDim",         3, op::renameDim},
+    {  5, "defDim",            3, op::defDim},           // ncid, name, length (0: unlimited) -> dimid (nc_def_dim)
+    { 53, "inqDim",            2, op::inqDim},           // ncid, dimid -> name, length (nc_inq_dim)
+    { 54, "inqDimID",          2, op::inqDimID},         // ncid, name -> dimid (nc_inq_dimid)
+    {113, "renameDim",         3, op::renameDim},        // ncid, dimid, new name (nc_rename_dim)
 
     // Variables
-    {  7, "defVar",            4, op::defVar},
-    { 66, "inqVarID",          2, op::inqVarID},
-    { 68, "inqVar",            2, op::inqVar},
-    {114, "renameVar",         3, op::renameVar},
+    {  7, "defVar",            4, op::defVar},           // ncid, name, xtype, dimids -> varid (nc_def_var)
+    { 66, "inqVarID",          2, op::inqVarID},         // ncid, name -> varid (nc_inq_varid)
+    { 68, "inqVar",            2, op::inqVar},           // ncid, varid -> name, xtype, dimids (0-by-0 for a scalar), natts (nc_inq_var)
+    {114, "renameVar",         3, op::renameVar},        // ncid, varid, new name (nc_rename_var)
 
     // Storage settings
-    {  8, "defVarChunking",    4, op::defVarChunking},
-    {  9, "defVarDeflate",     5, op::defVarDeflate},
-    { 11, "defVarFletcher32",  3, op::defVarFletcher32},
-    { 69, "inqVarChunking",    2, op::inqVarChunking},
-    { 70, "inqVarDeflate",     2, op::inqVarDeflate},
-    { 74, "inqVarFletcher32",  2, op::inqVarFletcher32},
+    {  8, "defVarChunking",    4, op::defVarChunking},   // ncid, varid, storage, chunk sizes (nc_def_var_chunking)
+    {  9, "defVarDeflate",     5, op::defVarDeflate},    // ncid, varid, shuffle, deflate, level (nc_def_var_deflate)
+    { 11, "defVarFletcher32",  3, op::defVarFletcher32}, // ncid, varid, setting (nc_def_var_fletcher32)
+    { 69, "inqVarChunking",    2, op::inqVarChunking},   // ncid, varid -> "chunked" or "contiguous", chunk sizes (nc_inq_var_chunking)
+    { 70, "inqVarDeflate",     2, op::inqVarDeflate},    // ncid, varid -> shuffle, deflate, level (nc_inq_var_deflate)
+    { 74, "inqVarFletcher32",  2, op::inqVarFletcher32}, // ncid, varid -> "NOCHECKSUM" or "FLETCHER32" (nc_inq_var_fletcher32)
 
     // Fill values
-    { 10, "defVarFill",        4, op::defVarFill},
-    { 73, "inqVarFill",        2, op::inqVarFill},
+    { 10, "defVarFill",        4, op::defVarFill},       // NCID, VARID, FILL FLAG (true: no filling), value (nc_def_var_fill)
+    { 73, "inqVarFill",        2, op::inqVarFill},       // ncid, varid -> no-fill flag, value in the variable's class (nc_inq_var_fill)
 
     // Attribute catalogue
-    {  2, "copyAtt",           5, op::copyAtt},
-    { 12, "delAtt",            3, op::delAtt},
-    { 50, "inqAtt",            3, op::inqAtt},
-    { 51, "inqAttID",          3, op::inqAttID},
-    { 52, "inqAttName",        3, op::inqAttName},
-    {112, "renameAtt",         4, op::renameAtt},
+    {  2, "copyAtt",           5, op::copyAtt},          // ncid, varid, name, destination ncid, varid (nc_copy_att)
+    { 12, "delAtt",            3, op::delAtt},           // ncid, varid, name (nc_del_att)
+    { 50, "inqAtt",            3, op::inqAtt},           // ncid, varid, name -> xtype, number of values (nc_inq_att)
+    { 51, "inqAttID",          3, op::inqAttID},         // ncid, varid, name -> attribute number (nc_inq_attid)
+    { 52, "inqAttName",        3, op::inqAttName},       // ncid, varid, attribute number -> name (nc_inq_attname)
+    {112, "renameAtt",         4, op::renameAtt},        // ncid, varid, old name, new name (nc_rename_att)
 
-    // Attribute reads
+    // Attribute reads: ncid, varid, name -> 1-by-n row, 0-by-0 of none; text up to its first NUL (nc_get_att_double, ...)
     { 15, "getAttDouble",      3, op::getAtt},
     { 16, "getAttFloat",       3, op::getAtt},
     { 17, "getAttInt64",       3, op::getAtt},
@@ -102,7 +126,7 @@ constexpr OperationEntry operationTable[operationCount] = {
     { 25, "getAttUbyte",       3, op::getAtt},
     { 26, "getAttText",        3, op::getAtt},
 
-    // Attribute writes
+    // Attribute writes: ncid, varid, name, xtype, values (nc_put_att_double, ...); text without xtype
     { 77, "putAttDouble",      5, op::putAtt},
     { 78, "putAttFloat",       5, op::putAtt},
     { 79, "putAttInt64",       5, op::putAtt},
@@ -116,7 +140,7 @@ constexpr OperationEntry operationTable[operationCount] = {
     { 87, "putAttUbyte",       5, op::putAtt},
     { 88, "putAttText",        4, op::putAttText},
 
-    // Whole-variable reads
+    // Whole-variable reads: ncid, varid -> values, at least two dimensions (nc_get_var_double, ...)
     { 27, "getVarDouble",      2, op::getVar},
     { 28, "getVarFloat",       2, op::getVar},
     { 29, "getVarInt64",       2, op::getVar},
@@ -129,7 +153,7 @@ constexpr OperationEntry operationTable[operationCount] = {
     { 36, "getVarUchar",       2, op::getVar},
     { 37, "getVarText",        2, op::getVar},
 
-    // Whole-variable writes
+    // Whole-variable writes: ncid, varid, values of any shape with as many elements (nc_put_var_double, ...)
     { 89, "putVarDouble",      3, op::putVar},
     { 90, "putVarFloat",       3, op::putVar},
     { 91, "putVarInt64",       3, op::putVar},
@@ -142,7 +166,7 @@ constexpr OperationEntry operationTable[operationCount] = {
     { 98, "putVarUchar",       3, op::putVar},
     { 99, "putVarText",        3, op::putVar},
 
-    // Subset reads
+    // Subset reads: ncid, varid, START[, COUNT[, STRIDE]] -> values shaped as COUNT (nc_get_vars_double, ...)
     { 38, "getVar1Double",     3, op::getVarSubset},
     { 38, "getVaraDouble",     4, op::getVarSubset},
     { 38, "getVarsDouble",     5, op::getVarSubset},
@@ -177,7 +201,8 @@ constexpr OperationEntry operationTable[operationCount] = {
     { 48, "getVaraText",       4, op::getVarSubset},
     { 48, "getVarsText",       5, op::getVarSubset},
 
-    // Subset writes; the single-element names of the two unsigned types have a capital I, deliberately
+    // Subset writes: ncid, varid, START[, COUNT[, STRIDE]], values; they append along an unlimited dimension
+    // (nc_put_vars_double, ...). Two single-element names have a capital I, deliberately.
     {100, "putVar1Double",     4, op::putVarSubset},
     {100, "putVaraDouble",     5, op::putVarSubset},
     {100, "putVarsDouble",     6, op::putVarSubset},
@@ -213,8 +238,8 @@ constexpr OperationEntry operationTable[operationCount] = {
     {110, "putVarsText",       6, op::putVarSubset},
 
     // Named constants
-    {122, "parameter",         1, op::parameter},
-    {121, "getConstantNames",  0, op::getConstantNames},
+    {122, "parameter",         1, op::parameter},        // name, in any case, with or without "NC_" -> its value
+    {121, "getConstantNames",  0, op::getConstantNames}, // -> every name with its prefix, a 114-by-1 cell array
 };
 // clang-format on
 

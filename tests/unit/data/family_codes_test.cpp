@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Family handlers reached with a code outside their family: the operation table never does that.
-#include "attributes/attribute_operations.h"
-#include "data/data_operations.h"
+#include "operation_entry.h"
 
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"
+
+namespace Ovard::gridio::operations {
+
+HandlerFunction getAtt, putAtt, getVar, putVar, getVarSubset, putVarSubset;
+
+} // namespace Ovard::gridio::operations
 
 using namespace Ovard::gridio;
 using namespace testsupport;

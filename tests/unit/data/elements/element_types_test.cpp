@@ -2,8 +2,6 @@
 // The table of element types.
 #include "data/elements/element_types.h"
 
-#include "data/data_operations.h"
-#include "attributes/attribute_operations.h"
 #include "gateway/operation_table.h"
 #include "tests/support/element_samples.h"
 
@@ -12,6 +10,12 @@
 #include <gtest/gtest.h>
 
 #include <map>
+
+namespace Ovard::gridio::operations {
+
+HandlerFunction getAtt, putAtt, getVar, putVar, getVarSubset, putVarSubset;
+
+} // namespace Ovard::gridio::operations
 
 using namespace Ovard::gridio;
 
