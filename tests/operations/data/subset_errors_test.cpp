@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // What the subset operations refuse, and in which order.
-#include "tests/operations/subset_grid.h"
+#include "tests/operations/data/subset_grid.h"
 #include "tests/support/file_formats.h"
 
 #include <limits>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // "getVar1Double" ... "putVarsText": single values, blocks and strided blocks.
-#include "tests/operations/subset_grid.h"
+#include "tests/operations/data/subset_grid.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/file_formats.h"
 #include "tests/support/library_file.h"
