@@ -45,13 +45,33 @@ class Commands(FrontDoorTest):
 
     def test_a_bad_call_changes_nothing(self):
         self.assert_one_line(self.gridio("run"), 2, "run needs a script")
-        self.assert_one_line(self.gridio("run", "no.m"), 2, "cannot read the script no.m")
-        self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
+        self.assert_one_line(self.gridio("--version", "x"), 2, "--version takes no arguments")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
         self.assert_one_line(self.gridio("bench", "--fast"), 2, "bench takes no --fast")
         self.assert_one_line(self.gridio("bench", "--json"), 2, "--json needs a file")
         self.assert_one_line(self.gridio("package", "x"), 2, "package takes nothing but --check")
         self.assert_one_line(self.gridio("manual", "x"), 2, "manual takes no arguments")
+        self.assertEqual(self.sandbox.log(), [])
+
+    def test_a_missing_script_is_told_apart_from_one_that_cannot_be_read(self):
+        folder = self.sandbox.home / "folder"
+        folder.mkdir()
+        for name in ("no.m", "no/such.m", "", "folder/no.m"):
+            self.assert_one_line(self.gridio("run", name), 2, f"no such script: {name} (")
+        self.assert_one_line(self.gridio("run", "folder"), 2, "cannot read the script folder")
+        (folder / "hidden.m").touch()
+        (folder / "hidden.m").chmod(0)
+        self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "folder/hidden.m"), 2,
+                             "cannot read the script folder/hidden.m")
+        folder.chmod(0)
+        self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "folder/no.m"), 2,
+                             "cannot read the script folder/no.m")
+        folder.chmod(0o755)
+
+    def test_version_is_that_of_the_tree(self):
+        (self.sandbox.tree / "VERSION").write_text("12.3.4\n")
+        done = self.gridio("--version")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "gridio 12.3.4\n", ""))
         self.assertEqual(self.sandbox.log(), [])
 
     def test_shell_loads_gridio_and_keeps_its_history_out_of_home(self):

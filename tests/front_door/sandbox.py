@@ -14,6 +14,7 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BASE_TOOLS = ("bash", "cat", "dirname", "env", "find", "flock", "grep", "mkdir", "readlink", "sed",
               "sh", "touch")
+NOBODY = 65534
 
 STAND_INS = {
     "id": "cat $M/uid",
@@ -54,12 +55,14 @@ class Sandbox:
     def __init__(self, name="tree"):
         self._folder = tempfile.TemporaryDirectory()
         self.home = pathlib.Path(self._folder.name)
+        self.home.chmod(0o755)
         self.tree = self.home / name
         self.tools = self.home / "tools"
         self.machine = self.home / "machine"
         for folder in (self.tree, self.tools, self.machine):
             folder.mkdir()
-        shutil.copy(ROOT / "gridio", self.tree / "gridio")
+        for file in ("gridio", "VERSION"):
+            shutil.copy(ROOT / file, self.tree / file)
         for tool in BASE_TOOLS:
             (self.tools / tool).symlink_to(shutil.which(tool))
         for tool, body in STAND_INS.items():
@@ -106,10 +109,17 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
         self.remove("octave-cli")
         (self.tools / "octave-cli").symlink_to(os.environ["OCTAVE_CLI"])
 
-    def gridio(self, *args, command=None, cwd=None, stdin=""):
-        return subprocess.run([command or self.tree / "gridio", *args], cwd=cwd or self.home,
-                              input=stdin, capture_output=True, text=True,
-                              env={"PATH": str(self.tools), "HOME": str(self.home / "nobody")})
+    def _call(self, args, command=None, cwd=None):
+        return {"args": [command or self.tree / "gridio", *args], "cwd": cwd or self.home,
+                "env": {"PATH": str(self.tools), "HOME": str(self.home / "nobody")}}
+
+    def gridio(self, *args, stdin="", **options):
+        return subprocess.run(**self._call(args, **options), input=stdin, capture_output=True, text=True)
+
+    def gridio_of_a_stranger(self, *args):
+        """To whom the tree does not belong; root is nobody for once."""
+        strange = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.getuid() == 0 else {}
+        return subprocess.run(**self._call(args), capture_output=True, text=True, stdin=subprocess.DEVNULL, **strange)
 
     def log(self, tool=""):
         """The calls of a stand-in so far, one line each."""
