@@ -3,9 +3,13 @@
 import fcntl
 import os
 import re
+import sys
 import unittest
 
 from sandbox import ROOT, Sandbox
+
+sys.path.insert(0, str(ROOT / "tests" / "examples"))
+import picture  # noqa: E402
 
 
 class FrontDoorTest(unittest.TestCase):
@@ -168,6 +172,23 @@ class Scripts(FrontDoorTest):
                                cwd=self.folder)
             self.assertEqual((done.stdout, done.stderr), ("3\n", ""))
 
+    def test_draws_plots_without_a_display(self):
+        # What Debian's packages bring beside the interpreter: a shell, gnuplot and ghostscript.
+        for tool in ("gnuplot", "gs", "uname", "rm"):
+            self.sandbox.add_tool(tool)
+        done = self.gridio("run", self.script("""
+            figure ("visible", "off");
+            plot (1:10, (1:10) .^ 2);
+            title ("squares");
+            print ("squares.png", "-dpng");
+        """), cwd=self.folder)
+        self.assertEqual(done.returncode, 0, done)
+        self.assertNotIn("font", done.stderr)
+        pixels = picture.read_png(self.folder / "squares.png")
+        self.assertGreater(len(pixels), 300)
+        drawn = sum(pixel != (255, 255, 255) for row in pixels for pixel in row)
+        self.assertGreater(drawn, 1000)
+
     def test_run_from_a_tree_that_cannot_be_written(self):
         release = self.sandbox.tree / "build"
         for folder in (self.sandbox.tree, release, release / "release"):
@@ -289,6 +310,18 @@ class Packages(FrontDoorTest):
         self.assertEqual(self.sandbox.log("sudo"), ["sudo -n true", "sudo -v"])
         self.assertEqual(self.sandbox.log("apt-get"), [])
 
+    def test_takes_what_draws_already_and_removes_nothing(self):
+        self.sandbox.install_everything()
+        installed = self.sandbox.machine / "installed"
+        for other in ("gnuplot-qt", "gnuplot-x11"):
+            installed.write_text(installed.read_text().replace("gnuplot-nox\n", other + "\n"))
+            self.assertEqual(self.run_empty().returncode, 0)
+            self.assertEqual(self.sandbox.log("apt-get"), [])
+            installed.write_text(installed.read_text().replace(other + "\n", "gnuplot-nox\n"))
+        installed.write_text(installed.read_text().replace("gnuplot-nox\n", "gnuplot-data\n"))
+        self.assertEqual(self.run_empty().returncode, 0)
+        self.assertRegex(self.sandbox.log("apt-get")[-1], "--no-remove install gnuplot-nox$")
+
     def test_says_how_much_is_fetched(self):
         self.sandbox.write("lists")
         self.sandbox.write("extent", "0 upgraded, 354 newly installed, 0 to remove and 14 not upgraded.\n"
@@ -303,7 +336,7 @@ class Packages(FrontDoorTest):
         self.sandbox.write("lists")
         done = self.run_empty()
         self.assertEqual([line for line in done.stderr.splitlines() if not line.startswith("gridio: needs")][:2],
-                         ["gridio: installing 8 packages from Debian, with what they need",
+                         ["gridio: installing 11 packages from Debian, with what they need",
                           "gridio: building gridio (the first time takes a minute or two)"])
         log = (self.sandbox.tree / "build" / "install.log").read_text()
         self.assertRegex(log, r"^\n\d{4}-\d\d-\d\d \d\d:\d\d:\d\d apt-get install g\+\+ cmake [^\n]*\n"
@@ -397,10 +430,10 @@ class Trees(FrontDoorTest):
     def test_that_are_built_but_lack_a_package_say_which(self):
         self.sandbox.build_everything()
         installed = self.sandbox.machine / "installed"
-        installed.write_text(installed.read_text().replace("ninja-build\n", ""))
+        installed.write_text(installed.read_text().replace("ghostscript\n", ""))
         (self.sandbox.tree / "build").chmod(0o555)
         self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "script.m"), 1,
-                             "where the package ninja-build is missing")
+                             "where the package ghostscript is missing")
 
     def held(self):
         (self.sandbox.tree / "build").mkdir(exist_ok=True)

@@ -118,7 +118,7 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
     def install_everything(self):
         """The packages that the script's own table names."""
         table = re.search(r"packages\(\).*?END'\n(.*?)\nEND", (self.tree / "gridio").read_text(), re.S)
-        self.write("installed", "".join(row.split()[1] + "\n" for row in table[1].splitlines()))
+        self.write("installed", "".join(row.split()[1].split("|")[0] + "\n" for row in table[1].splitlines()))
 
     def build_everything(self):
         """All packages, a finished build that holds the gridio under test, and the real interpreter."""
