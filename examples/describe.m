@@ -8,6 +8,9 @@
 % other than deflate, shuffle and checksum are not known. Control characters are escaped as ncdump
 % does, and those beyond ASCII (C1) too, which ncdump sends to the terminal.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -264,6 +267,8 @@ function text = numberText (value)
     text = regexprep (sprintf ("%#.*g", digits, value), '\.(\d*?)0+(?=e|$)', '.$1');
   endif
 endfunction
+
+% describe.m FILE [-s]: prints the header of a netCDF file as CDL, with -s also the storage.
 
 try
   main (argv ());

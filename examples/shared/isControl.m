@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % isControl (TEXT): which bytes a terminal may take for commands: the control characters of ASCII
 % and the C1 codes (128 to 159), as UTF-8 or as bytes on their own.
 function yes = isControl (text)
