@@ -414,6 +414,19 @@ class Trees(FrontDoorTest):
         self.COMMANDS = (["manual"], ["package"])
         self.assert_refused(self.sandbox.tree / "dist")
 
+    def test_that_root_once_built_in_are_one_clear_line(self):
+        self.sandbox.tree.chmod(0o777)
+        (self.sandbox.tree / "build").mkdir()
+        (self.sandbox.tree / "build").chmod(0o777)
+        for name in ("lock", "install.log"):
+            (self.sandbox.tree / "build" / name).touch(mode=0o444)
+            self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "script.m"), 1,
+                                 f"cannot write to {self.sandbox.tree}/build/{name}")
+            (self.sandbox.tree / "build" / name).unlink()
+        (self.sandbox.tree / "build" / "release").mkdir(mode=0o555)
+        self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "script.m"), 1,
+                             f"cannot write to {self.sandbox.tree}/build/release")
+
     @unittest.skipUnless(os.getuid() == 0, "only root can make files that belong to others")
     def test_of_another_say_whose_they_are(self):
         self.sandbox.install_everything()
