@@ -4,6 +4,9 @@
 %   append.m FILE N [SECONDS]  N records, so many seconds apart (1 if not given)
 % Then the end of the series is shown.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 
 function main (args)
   if (numel (args) < 1 || numel (args) > 3)
@@ -99,6 +102,8 @@ function showEnd (ncid, file, appended)
             loads(:, i), bar);
   endfor
 endfunction
+
+% append.m FILE [N [SECONDS]]: appends the load averages, and shows the end of the series.
 
 try
   main (argv ());

@@ -11,6 +11,9 @@
 %
 % Exit status: 0 all is copied; 1 an error, and no OUT is left behind; 3 something was left out.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function status = main (args)
@@ -275,6 +278,8 @@ function progress = showProgress (progress, bytes, name)
     fprintf (stderr, "%s\n", line);
   endif
 endfunction
+
+% copy.m [-f] IN OUT: copies a netCDF file with all that gridio's operations can express.
 
 try
   exit (main (argv ()));

@@ -5,8 +5,12 @@
 %
 % What no operation of gridio reads stands in a comment instead: the values of string attributes,
 % all that is of a user-defined type, and text behind a NUL. With -s, the byte order and filters
-% other than deflate, shuffle and checksum are not known.
+% other than deflate, shuffle and checksum are not known. Control characters are escaped as ncdump
+% does, and those beyond ASCII (C1) too, which ncdump sends to the terminal.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -199,11 +203,13 @@ function yes = isUserDefined (type)
   yes = strncmp (type.name, "user_type_", 10);
 endfunction
 
-% A name as CDL writes it: special characters behind a backslash.
+% A name as CDL writes it: special characters behind a backslash, control characters as numbers.
 function text = escapeName (name)
   text = "";
-  for c = name
-    if (iscntrl (c))
+  control = isControl (name);
+  for k = 1:numel (name)
+    c = name(k);
+    if (control(k))
       text = [text sprintf("\\%%%02x", c)];
     elseif (any (c == " !\"#$&'()*,:;<=>?[\\]^`{|}~"))
       text = [text "\\" c];
@@ -233,9 +239,12 @@ function text = quoted (text, context)
   for escape = escapes'
     text = strrep (text, escape{1}, escape{2});
   endfor
-  for code = [1:7, 14:31, 127]
-    text = strrep (text, char (code), sprintf ("\\%03o", code));
-  endfor
+  control = isControl (text) & text != "\n";
+  if (any (control))
+    pieces = num2cell (text);
+    pieces(control) = arrayfun (@(c) sprintf ("\\%03o", c), text(control), "UniformOutput", false);
+    text = [pieces{:}];
+  endif
   % Several texts in a row are one text in the classic formats, but a list of strings in netCDF-4.
   lineBreak = "\\n\",\n\t\t\t\"";
   if (strcmp (context.format, "netCDF-4"))
@@ -258,6 +267,8 @@ function text = numberText (value)
     text = regexprep (sprintf ("%#.*g", digits, value), '\.(\d*?)0+(?=e|$)', '.$1');
   endif
 endfunction
+
+% describe.m FILE [-s]: prints the header of a netCDF file as CDL, with -s also the storage.
 
 try
   main (argv ());

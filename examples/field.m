@@ -3,6 +3,9 @@
 %   field.m FILE                its format, dimensions and variables
 %   field.m FILE VARIABLE ...   size, class, minimum, maximum and mean of each variable named
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 
 % Every element type of the library: its number, its name, and the operation that reads it whole.
 function types = elementTypes ()
@@ -216,6 +219,8 @@ function main (args)
     gridio ("close", ncid);
   end_unwind_protect
 endfunction
+
+% field.m FILE [VARIABLE ...]: what is in a netCDF file, or in some of its variables.
 
 try
   main (argv ());

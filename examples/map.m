@@ -5,6 +5,9 @@
 % The coordinates are the variable's dimensions, or two fields that its attribute "coordinates" names:
 % then each box of a regular grid gets the mean of the points within it.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -151,6 +154,8 @@ function [x, y, boxes] = gridded (lon, lat, values)
   x = struct ("label", "longitude (degrees_east)", "values", (west + (0:shape(1) - 1) + 0.5) * size_);
   y = struct ("label", "latitude (degrees_north)", "values", (south + (0:shape(2) - 1) + 0.5) * size_);
 endfunction
+
+% map.m FILE VARIABLE OUT.png [RECORD]: draws a field over longitude and latitude.
 
 try
   main (argv ());

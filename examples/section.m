@@ -7,6 +7,9 @@
 % are interpolated; above the first and below the last there are none. If a variable over the profiles
 % has dates, these label them.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -89,6 +92,8 @@ function axis_ = profileAxis (ncid, dimid, profiles)
     endif
   endfor
 endfunction
+
+% section.m FILE VARIABLE DEPTH OUT.png: draws profiles side by side.
 
 try
   main (argv ());

@@ -5,6 +5,9 @@
 %
 % The grid point nearest to the place is taken, also across the date line.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -66,6 +69,8 @@ function series = readSeries (ncid, varid, place)
   series.title = titleText (ncid, varid);
   series.subtitle = placeText (ncid, dimids(others), start(others), true);
 endfunction
+
+% series.m FILE VARIABLE OUT.png [LONGITUDE LATITUDE]: draws a series, such as at a place.
 
 try
   main (argv ());

@@ -8,6 +8,9 @@
 % dimensions may have a COUNT above 1: the faster one goes to the right, the other upwards.
 % Values are unpacked (scale_factor, add_offset, _Unsigned); those that are missing become grey.
 1;
+if (! exist ("gridio"))
+  pkg load gridio
+endif
 addpath (fullfile (fileparts (mfilename ("fullpath")), "shared"));
 
 function main (args)
@@ -79,6 +82,8 @@ function field = readField (ncid, varid, start, count, stride)
   field.title = titleText (ncid, varid);
   field.subtitle = placeText (ncid, dimids(others), start(others));
 endfunction
+
+% subset.m FILE VARIABLE OUT.png [START COUNT [STRIDE]]: draws a region of a field.
 
 try
   main (argv ());

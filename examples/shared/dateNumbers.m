@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % dateNumbers (NCID, VARID, VALUES): values of a time variable in days as datenum counts them. Empty if
 % its units are no "hours since 1900-01-01" or the like, or its calendar is not that of everyday life.
 function days = dateNumbers (ncid, varid, values)

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % dated (NCID, DIMID, AXIS): the axis that readAxis gave, with dates as its values if its coordinate
 % variable is a time that dateNumbers understands.
 function axis_ = dated (ncid, dimid, axis_)

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % drawAxes (PICTURE, FRAME, PLOT): the picture with title, subtitle, ticks and labels around a frame.
 %   FRAME                           left, top, width, height: the pixels within it, counted from 0
 %   PLOT.title, subtitle            one line each

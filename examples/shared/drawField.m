@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % drawField (FIELD): a picture of a field, with a colour scale and labelled axes.
 %   field.values           one row for each x, one column for each y; NaN where there is no value
 %   field.x, field.y       structs: label, and ascending values where the rows or columns lie;

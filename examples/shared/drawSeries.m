@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % drawSeries (SERIES): a picture of a series as a line with a mark at each value; NaN leaves a gap.
 %   series.x, series.y      structs: label and values; x.values ascend
 %   series.title, subtitle  one line each

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % drawText (PICTURE, TEXT, COLUMN, ROW, ALIGNMENT, SCALE): the picture with a line of text, whose middle
 % ROW is. Text that does not fit becomes smaller, then is cut.
 function picture = drawText (picture, text, column, row, alignment, scale)

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % elementType (XTYPE): what is known about the values of a netCDF type, a struct.
 %   name       its name in CDL, such as "short"
 %   operation  how gridio's operations for it end, such as "Short" of "getVaraShort";

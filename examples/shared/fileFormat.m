@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % fileFormat (NCID): the format of a file in the words of "ncdump -k".
 function words = fileFormat (ncid)
   try

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % [NCID, VARID] = findVariable (NCID, PATH): the group and identifier of a variable such as "t" or
 % "model/run/t".
 function [ncid, varid] = findVariable (ncid, path)

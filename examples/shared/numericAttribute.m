@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % numericAttribute (NCID, VARID, NAME, TYPE): a row of the class that getAtt<TYPE> returns; empty if
 % there is no such attribute.
 function values = numericAttribute (ncid, varid, name, operation)

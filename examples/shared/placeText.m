@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % placeText (NCID, DIMIDS, START): where positions along dimensions lie: "time (days): 3, level: 0".
 % placeText (NCID, DIMIDS, START, true): the same, with dates where there are dates: "time: 2015-01-16".
 function text = placeText (ncid, dimids, start, dates)

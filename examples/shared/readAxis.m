@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % [AXIS, VALUES] = readAxis (NCID, DIMID, START, COUNT, STRIDE, VALUES): what lies along a dimension,
 % a struct with label and values: those of its coordinate variable, else the indices. They ascend;
 % the rows of VALUES are reversed with them where they did not.

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % readValues (NCID, VARID, START, COUNT, STRIDE): a slice of a variable as double, unpacked (scale_factor,
 % add_offset, _Unsigned), and NaN where there is no value (_FillValue, missing_value, valid_range,
 % valid_min, valid_max).

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % textAttribute (NCID, VARID, NAME): empty if there is no such attribute, or one of another kind.
 function text = textAttribute (ncid, varid, name)
   try

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % textPixels (TEXT, SCALE): a logical matrix, true where the letters of one line of text are.
 function pixels = textPixels (text, scale)
   persistent glyphs;

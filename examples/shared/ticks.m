@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % ticks (AXIS): round numbers, or dates, within the ascending AXIS.values: a row of structs with the
 % text and the value. AXIS.dates is true if the values are days as datenum counts them.
 function list = ticks (axis_)

@@ -1,4 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
+
 % titleText (NCID, VARID): the long name of a variable, or its name, with its units.
 function text = titleText (ncid, varid)
   text = textAttribute (ncid, varid, "long_name");

@@ -29,7 +29,7 @@ int refusalToCreate(const std::string& file, int mode)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
         return NC_EINVAL;
-    return isForeignFolder(file) ? NC_EEXIST : NC_NOERR;
+    return harmsFolder(file, mode) ? NC_EEXIST : NC_NOERR;
 }
 
 } // namespace

@@ -20,5 +20,7 @@ group = gridio ("defGrp", nc4, "group");
 model = made ("model.nc", nc ("NC_NETCDF4") + nc ("NC_CLASSIC_MODEL"));
 gridio ("close", made ("readonly.nc", "nc_clobber"));
 readonly = gridio ("open", "readonly.nc", "nc_nowrite");
+gridio ("close", made ("readonly4.nc", "nc_netcdf4"));
+readonly4 = gridio ("open", "readonly4.nc", "nc_nowrite");
 fclose (fopen ("other.txt", "w"));
 [v, text] = deal (0, 1);

@@ -4,12 +4,14 @@
 Of what ncdump prints, what no operation tells is taken out first, and nothing else:
 declarations of user-defined types, values of string and user-defined attributes, text behind a
 NUL, the byte order (_Endianness), and the name of storage that is neither chunked nor contiguous.
+Control characters beyond ASCII, which ncdump prints as they are, are escaped.
 """
 import difflib
 import os
 import re
 import subprocess
 
+from control_characters import controls_of
 from interpreter import ROOT, output_of
 from real_and_made_files import for_each_file, kind_of, ncdump, without_types
 
@@ -39,8 +41,14 @@ def tellable(lines):
             text = "// " + text + note
         if first in types:
             text = text.replace(first, "user_type", 1)
-        result.append(indent + text)
+        result.append(escaped(indent + text))
     return result
+
+
+def escaped(line):
+    data = line.encode("latin-1")
+    controls = {i for i in controls_of(data) if data[i] > 127}
+    return "".join(f"\\{byte:03o}" if i in controls else chr(byte) for i, byte in enumerate(data))
 
 
 def without_notes(lines, dumped):

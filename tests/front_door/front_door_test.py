@@ -1,29 +1,14 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""./gridio: what it says, what it installs and builds, and how scripts run through it."""
-import os
+"""./gridio: what it says, what it builds, and how scripts run through it."""
 import re
+import sys
 import unittest
 
+from front_door_case import FrontDoorTest
 from sandbox import ROOT, Sandbox
 
-
-class FrontDoorTest(unittest.TestCase):
-    def setUp(self):
-        self.sandbox = Sandbox()
-        self.addCleanup(self.sandbox.close)
-
-    def gridio(self, *args, **options):
-        return self.sandbox.gridio(*args, **options)
-
-    def assert_one_line(self, done, status, text):
-        self.assertEqual((done.returncode, done.stdout), (status, ""), done.stderr)
-        self.assertEqual(len(done.stderr.splitlines()), 1, done.stderr)
-        self.assertIn(text, done.stderr)
-
-    def assert_last_line(self, done, text):
-        self.assertEqual((done.returncode, done.stdout), (1, ""), done.stderr)
-        self.assertTrue(done.stderr.splitlines()[-1].startswith("gridio: "), done.stderr)
-        self.assertIn(text, done.stderr.splitlines()[-1])
+sys.path.insert(0, str(ROOT / "tests" / "examples"))
+import picture  # noqa: E402
 
 
 class Commands(FrontDoorTest):
@@ -45,13 +30,33 @@ class Commands(FrontDoorTest):
 
     def test_a_bad_call_changes_nothing(self):
         self.assert_one_line(self.gridio("run"), 2, "run needs a script")
-        self.assert_one_line(self.gridio("run", "no.m"), 2, "cannot read the script no.m")
-        self.assert_one_line(self.gridio("run", "."), 2, "cannot read the script .")
+        self.assert_one_line(self.gridio("--version", "x"), 2, "--version takes no arguments")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
         self.assert_one_line(self.gridio("bench", "--fast"), 2, "bench takes no --fast")
         self.assert_one_line(self.gridio("bench", "--json"), 2, "--json needs a file")
         self.assert_one_line(self.gridio("package", "x"), 2, "package takes nothing but --check")
         self.assert_one_line(self.gridio("manual", "x"), 2, "manual takes no arguments")
+        self.assertEqual(self.sandbox.log(), [])
+
+    def test_a_missing_script_is_told_apart_from_one_that_cannot_be_read(self):
+        folder = self.sandbox.home / "folder"
+        folder.mkdir()
+        for name in ("no.m", "no/such.m", "", "folder/no.m"):
+            self.assert_one_line(self.gridio("run", name), 2, f"no such script: {name} (")
+        self.assert_one_line(self.gridio("run", "folder"), 2, "cannot read the script folder")
+        (folder / "hidden.m").touch()
+        (folder / "hidden.m").chmod(0)
+        self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "folder/hidden.m"), 2,
+                             "cannot read the script folder/hidden.m")
+        folder.chmod(0)
+        self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "folder/no.m"), 2,
+                             "cannot read the script folder/no.m")
+        folder.chmod(0o755)
+
+    def test_version_is_that_of_the_tree(self):
+        (self.sandbox.tree / "VERSION").write_text("12.3.4\n")
+        done = self.gridio("--version")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "gridio 12.3.4\n", ""))
         self.assertEqual(self.sandbox.log(), [])
 
     def test_shell_loads_gridio_and_keeps_its_history_out_of_home(self):
@@ -147,104 +152,36 @@ class Scripts(FrontDoorTest):
                                cwd=self.folder)
             self.assertEqual((done.stdout, done.stderr), ("3\n", ""))
 
+    def test_draws_plots_without_a_display(self):
+        # What Debian's packages bring beside the interpreter: a shell, gnuplot and ghostscript.
+        for tool in ("gnuplot", "gs", "uname", "rm"):
+            self.sandbox.add_tool(tool)
+        done = self.gridio("run", self.script("""
+            figure ("visible", "off");
+            plot (1:10, (1:10) .^ 2);
+            title ("squares");
+            print ("squares.png", "-dpng");
+        """), cwd=self.folder)
+        self.assertEqual(done.returncode, 0, done)
+        self.assertNotIn("font", done.stderr)
+        pixels = picture.read_png(self.folder / "squares.png")
+        self.assertGreater(len(pixels), 300)
+        drawn = sum(pixel != (255, 255, 255) for row in pixels for pixel in row)
+        self.assertGreater(drawn, 1000)
+
+    def test_run_from_a_tree_that_cannot_be_written(self):
+        release = self.sandbox.tree / "build"
+        for folder in (self.sandbox.tree, release, release / "release"):
+            folder.chmod(0o555)
+        (self.sandbox.home / "script.m").write_text('disp (exist ("gridio"))')
+        done = self.sandbox.gridio_of_a_stranger("run", "script.m")
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "3\n", ""))
+
     def test_works_in_a_tree_with_blanks_in_its_name(self):
         self.sandbox = Sandbox("the  ünïcode (tree) #1")
         self.addCleanup(self.sandbox.close)
         self.sandbox.build_everything()
         self.assertEqual(self.run_script("disp (exist ('gridio'));").stdout, "3\n")
-
-
-class Packages(FrontDoorTest):
-    def setUp(self):
-        super().setUp()
-        (self.sandbox.home / "script.m").touch()
-
-    def run_empty(self):
-        return self.gridio("run", "script.m")
-
-    def test_nothing_is_asked_when_all_is_there(self):
-        self.sandbox.install_everything()
-        self.sandbox.remove("network")
-        self.sandbox.remove("apt-get")
-        self.sandbox.remove("sudo")
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertEqual(self.sandbox.log("apt-get"), [])
-
-    def test_says_what_is_missing_and_why_before_installing_it(self):
-        self.sandbox.install_everything()
-        installed = self.sandbox.machine / "installed"
-        installed.write_text(installed.read_text().replace("cmake\n", "").replace("libboost-dev\n", ""))
-        self.sandbox.write("lists")
-        done = self.run_empty()
-        self.assertEqual(done.stderr.splitlines()[:3], [
-            "gridio: needs the package cmake: configures the build",
-            "gridio: needs the package libboost-dev: range-checked number conversions (headers only)",
-            "gridio: installing 2 packages from Debian, with what they need"])
-        self.assertRegex(self.sandbox.log("apt-get")[-1],
-                         "install --no-install-recommends cmake libboost-dev$")
-        self.assertEqual((done.returncode, done.stdout), (0, ""))
-
-    def test_run_does_not_install_what_only_tests_need(self):
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertNotIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
-        self.assertEqual(self.gridio("test").returncode, 0)
-        self.assertIn("libgtest-dev", (self.sandbox.machine / "installed").read_text())
-
-    def test_the_package_needs_what_makes_the_manual(self):
-        self.gridio("package")
-        installed = (self.sandbox.machine / "installed").read_text()
-        self.assertIn("texinfo", installed)
-        self.assertNotIn("libgtest-dev", installed)
-
-    def test_bench_installs_the_binding_to_compare_with_only_when_asked(self):
-        installed = self.sandbox.machine / "installed"
-        self.gridio("bench")
-        self.assertIn("valgrind", installed.read_text())
-        self.assertNotIn("python3-netcdf4", installed.read_text())
-        self.gridio("bench", "--peers")
-        self.assertIn("python3-netcdf4", installed.read_text())
-
-    def test_lists_are_fetched_only_when_a_package_is_unknown(self):
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 1)
-        self.sandbox.write("log", "")
-        self.sandbox.write("installed", "")
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 0)
-
-    def test_lists_are_renewed_when_the_packages_they_name_are_gone(self):
-        self.sandbox.write("lists")
-        self.sandbox.write("stale")
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertEqual(sum("update" in call for call in self.sandbox.log("apt-get")), 1)
-
-    def test_root_needs_no_sudo_and_others_use_it(self):
-        self.sandbox.write("uid", "1000")
-        self.assertEqual(self.run_empty().returncode, 0)
-        self.assertTrue(all("apt-get" in call for call in self.sandbox.log("sudo")))
-        self.assertEqual(len(self.sandbox.log("sudo")), 2)
-        self.sandbox.write("uid", "0")
-        self.sandbox.write("installed", "")
-        self.sandbox.remove("sudo")
-        self.assertEqual(self.run_empty().returncode, 0)
-
-    def test_one_clear_line_without_sudo(self):
-        self.sandbox.write("uid", "1000")
-        self.sandbox.remove("sudo")
-        self.assert_last_line(self.run_empty(), "sudo is missing, so run this as root: apt-get install")
-        self.assertEqual(self.sandbox.log(), [])
-
-    def test_one_clear_line_without_apt(self):
-        self.sandbox.remove("apt-get")
-        self.assert_last_line(self.run_empty(), "apt-get is missing, so install by hand: g++ cmake")
-        self.sandbox.remove("dpkg-query")
-        self.assert_one_line(self.run_empty(), 1, "dpkg-query is missing")
-
-    def test_one_clear_line_without_network(self):
-        self.sandbox.remove("network")
-        self.assert_last_line(self.run_empty(), "no package list has all of these (is the network there?)")
-        self.sandbox.write("lists")
-        self.assert_last_line(self.run_empty(), "could not be installed (is the network there?)")
 
 
 class Building(FrontDoorTest):

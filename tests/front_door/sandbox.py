@@ -6,6 +6,7 @@ the PATH but a few tools of the base system, and the real interpreter where a te
 """
 import os
 import pathlib
+import pty
 import re
 import shutil
 import subprocess
@@ -13,22 +14,44 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BASE_TOOLS = ("bash", "cat", "dirname", "env", "find", "flock", "grep", "mkdir", "readlink", "sed",
-              "sh", "touch")
+              "sh", "stat", "tail", "touch")
+NOBODY = 65534
 
 STAND_INS = {
     "id": "cat $M/uid",
-    "sudo": 'log sudo "$@"; exec "$@"',
+    # Whoever has a password may type it once; that takes a terminal, and rights.
+    "sudo": """
+        log sudo "$@"
+        case $1 in
+        -n) [ ! -e $M/password ] || { echo 'sudo: a password is required' >&2; exit 1; } ;;
+        -v) [ ! -e $M/no_rights ] || { echo 'Sorry, user ada may not run sudo on sea.' >&2; exit 1; } ;;
+        *) exec "$@" ;;
+        esac""",
     # "installed NAME" for each package that the machine has.
     "dpkg-query": "sed 's/^/installed /' $M/installed",
     # Packages are known once lists are there; lists and packages come over the network.
     "apt-get": """
         log apt-get "$@"
         case "$*" in
-        *update*) [ ! -e $M/network ] || touch $M/lists ;;
-        -s*) [ -e $M/lists ] ;;
+        *update*) [ ! -e $M/network ] || touch $M/lists; echo "Err:1 http://a.mirror Temporary failure" ;;
+        -s*) [ -e $M/lists ] || { echo 'E: Unable to locate package cmake' >&2; exit 100; } ;;
+        *--assume-no*) [ ! -e $M/extent ] || cat $M/extent; exit 1 ;;
         *install*)
             if [ ! -e $M/network ]; then echo 'E: Failed to fetch' >&2; exit 100; fi
             if [ -e $M/stale ]; then rm_stale; echo 'E: 404 Not Found' >&2; exit 100; fi
+            echo 'Get:1 http://a.mirror bookworm/main amd64 all'
+            echo 'dlstatus:1:12.5000:Retrieving file 1 of 2'
+            [ ! -e $M/locked ] || {
+                printf 'Waiting for cache lock: Could not get lock /var/lib/dpkg/lock-frontend. '
+                echo 'It is held by process 42 (aptitude)'; }
+            echo 'pmstatus:cmake:0.0000:Preparing cmake (amd64)'
+            echo 'pmstatus:cmake:50.0000:Unpacking cmake (amd64)'
+            echo 'Unpacking cmake (3.25) ...'
+            if [ -e $M/unfit ]; then
+                echo 'dpkg: error processing package cmake (--configure):'
+                echo 'E: Sub-process /usr/bin/dpkg returned an error code (1)' >&2
+                exit 100
+            fi
             for p in "$@"; do echo "$p" >>$M/installed; done ;;
         esac""",
     "cmake": """
@@ -54,12 +77,14 @@ class Sandbox:
     def __init__(self, name="tree"):
         self._folder = tempfile.TemporaryDirectory()
         self.home = pathlib.Path(self._folder.name)
+        self.home.chmod(0o755)
         self.tree = self.home / name
         self.tools = self.home / "tools"
         self.machine = self.home / "machine"
         for folder in (self.tree, self.tools, self.machine):
             folder.mkdir()
-        shutil.copy(ROOT / "gridio", self.tree / "gridio")
+        for file in ("gridio", "VERSION"):
+            shutil.copy(ROOT / file, self.tree / file)
         for tool in BASE_TOOLS:
             (self.tools / tool).symlink_to(shutil.which(tool))
         for tool, body in STAND_INS.items():
@@ -83,6 +108,7 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
 
     def write(self, state, text=""):
         (self.machine / state).write_text(text)
+        (self.machine / state).chmod(0o666)
 
     def remove(self, name):
         for folder in (self.machine, self.tools):
@@ -92,7 +118,7 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
     def install_everything(self):
         """The packages that the script's own table names."""
         table = re.search(r"packages\(\).*?END'\n(.*?)\nEND", (self.tree / "gridio").read_text(), re.S)
-        self.write("installed", "".join(row.split()[1] + "\n" for row in table[1].splitlines()))
+        self.write("installed", "".join(row.split()[1].split("|")[0] + "\n" for row in table[1].splitlines()))
 
     def build_everything(self):
         """All packages, a finished build that holds the gridio under test, and the real interpreter."""
@@ -102,14 +128,43 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
         (release / "build.ninja").touch()
         (release / "CMakeCache.txt").write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.tree}\n")
         self.write("built")
-        (release / "octave").symlink_to(os.environ["GRIDIO_OCT_DIR"])
+        (release / "octave").mkdir()
+        shutil.copy(pathlib.Path(os.environ["GRIDIO_OCT_DIR"], "gridio.oct"), release / "octave")
         self.remove("octave-cli")
-        (self.tools / "octave-cli").symlink_to(os.environ["OCTAVE_CLI"])
+        self.add_tool("octave-cli", os.environ["OCTAVE_CLI"])
 
-    def gridio(self, *args, command=None, cwd=None, stdin=""):
-        return subprocess.run([command or self.tree / "gridio", *args], cwd=cwd or self.home,
-                              input=stdin, capture_output=True, text=True,
-                              env={"PATH": str(self.tools), "HOME": str(self.home / "nobody")})
+    def add_tool(self, name, program=None):
+        (self.tools / name).symlink_to(shutil.which(program or name))
+
+    def _call(self, args, command=None, cwd=None):
+        return {"args": [command or self.tree / "gridio", *args], "cwd": cwd or self.home,
+                "env": {"PATH": str(self.tools), "HOME": str(self.home / "nobody")}}
+
+    def gridio(self, *args, stdin="", **options):
+        return subprocess.run(**self._call(args, **options), input=stdin, capture_output=True, text=True)
+
+    def start(self, *args):
+        return subprocess.Popen(**self._call(args), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True)
+
+    def gridio_of_a_stranger(self, *args):
+        """To whom the tree does not belong; root is nobody for once."""
+        strange = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.getuid() == 0 else {}
+        return subprocess.run(**self._call(args), capture_output=True, text=True, stdin=subprocess.DEVNULL, **strange)
+
+    def on_a_terminal(self, *args):
+        """What shows on a terminal that a call has for its messages."""
+        ours, theirs = pty.openpty()
+        with subprocess.Popen(**self._call(args), stdin=theirs, stdout=subprocess.DEVNULL, stderr=theirs) as process:
+            os.close(theirs)
+            shown = b""
+            try:
+                while piece := os.read(ours, 4096):
+                    shown += piece
+            except OSError:  # the other end was closed
+                pass
+        os.close(ours)
+        return process.returncode, shown.decode()
 
     def log(self, tool=""):
         """The calls of a stand-in so far, one line each."""

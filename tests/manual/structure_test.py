@@ -138,6 +138,14 @@ class Built(unittest.TestCase):
         info = (self.folder / "gridio.info").read_text("utf-8")
         self.assertIn("last dimension fastest", info)
 
+    def test_index_leads_to_every_function_of_the_package(self):
+        """Octave's "doc NAME" looks there."""
+        index = (self.folder / "gridio.info").read_text("utf-8").partition("\nIndex\n")[2]
+        functions = re.findall(r"^ (\w+)$", (ROOT / "hosts/octave/package/INDEX").read_text(), re.M)
+        self.assertGreater(len(functions), 4)
+        for name in functions:
+            self.assertRegex(index, rf"(?m)^\* {name}: +The package\.")
+
     def test_leads_nowhere_wrong(self):
         count = 0
         for name, page in self.pages.items():
@@ -175,15 +183,36 @@ class Pointers(unittest.TestCase):
                 with self.subTest(name, path=path):
                     self.assertTrue((ROOT / path).exists())
 
-    def test_packages_that_the_tests_install_too(self):
-        listed = re.findall(r"^test +(\S+)", (ROOT / "gridio").read_text(), re.M)
-        wanted = re.search(r"apt-get install (.+)", self.texts["first_steps.texi"])[1].split()
-        self.assertEqual(set(wanted) - set(listed), set())
+    def test_packages_that_the_front_door_installs_too(self):
+        rows = re.findall(r"^(?:run|package) +(\S+)", (ROOT / "gridio").read_text(), re.M)
+        listed = {name for row in rows for name in row.split("|")}
+        wanted = " ".join(re.findall(r"apt-get install (.+)", self.texts["first_steps.texi"])).split()
+        self.assertGreater(len(wanted), 8)
+        self.assertEqual(set(wanted) - listed, set())
 
     def test_presets(self):
         presets = (ROOT / "CMakePresets.json").read_text()
         for preset in re.findall(r"--preset (\w+)", self.texts["CONTRIBUTING.md"]):
             self.assertIn(f'"name": "{preset}"', presets)
+
+
+class Claims(unittest.TestCase):
+    def test_do_not_go_beyond_what_the_limits_admit(self):
+        self.assertIn("@code{NC_STRING}", (manual_source.CHAPTERS / "limits.texi").read_text())
+        for path in [ROOT / "README.md", ROOT / "gridio", ROOT / "hosts/octave/package/DESCRIPTION.in",
+                     *manual_source.CHAPTERS.glob("*.texi")]:
+            with self.subTest(path.name):
+                self.assertNotRegex(" ".join(path.read_text("utf-8").split()),
+                                    r"whole \[?netCDF (C )?library|each function of the|next to nothing")
+
+    def test_name_what_stays_behind_and_where_to_report(self):
+        for text in ((ROOT / "README.md").read_text(), (manual_source.CHAPTERS / "package.texi").read_text()):
+            for word in ("Uninstall", "pkg uninstall gridio", "/var/log/apt/history.log", "issue tracker", "gridio_version ()"):
+                self.assertIn(word, text)
+
+    def test_of_what_is_fetched_agree(self):
+        for text in ((ROOT / "README.md").read_text(), (manual_source.CHAPTERS / "first_steps.texi").read_text()):
+            self.assertRegex(text, r"300 MB")
 
 
 class Programs(unittest.TestCase):

@@ -1,14 +1,19 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""gridio_open_files and gridio_version in real sessions."""
+"""gridio_open_files, gridio_version and gridio_manual in real sessions."""
+import os
+import pathlib
 import re
 import resource
+import shutil
 import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
+import urllib.parse
 
-from sessions import INST, ROOT, session
+from sessions import INST, ROOT, command_for, session
 
 sys.path.insert(0, str(ROOT / "tests" / "remote"))
 import dap2_server  # noqa: E402
@@ -197,7 +202,77 @@ class Version(unittest.TestCase):
         printed = session(self, IS_MAPPED + "gridio_version ();\ndisp (is_mapped ());\n")
         self.assertRegex(printed, r"^gridio   \d+\.\d+\.\d+\nnetCDF   \d\S+\nHDF5     \d\S+\nOctave   \d\S+\n"
                                   r"system   \S+\nfeatures (\w+ ?)+(; not:( \w+)+)?\n"
-                                  r"filters  (\w+ ?)+(; not:( \w+)+)?\n0\n$")
+                                  rf"filters  (\w+ ?)+(; not:( \w+)+)?\nexamples {ROOT}/examples\n0\n$")
+
+    def test_names_the_folder_of_the_examples(self):
+        printed = session(self, """
+            addpath (fullfile (gridio_version ().examples, "shared"));
+            puts (which ("readValues"));
+        """)
+        self.assertEqual(printed, str(ROOT / "examples" / "shared" / "readValues.m"))
+
+
+class Manual(unittest.TestCase):
+    """In a copy of the source tree that has a manual or not; the package's is in package_test.py."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.tree = pathlib.Path(folder.name, "a tree, (ünïcode) & 'more'")
+        self.inst = self.tree / "hosts" / "octave" / "inst"
+        shutil.copytree(INST, self.inst)
+        self.page = self.tree / "dist" / "manual" / "html" / "index.html"
+        self.tools = pathlib.Path(folder.name, "tools")
+        self.tools.mkdir()
+        self.opened = pathlib.Path(folder.name, "opened")
+
+    def make_page(self):
+        self.page.parent.mkdir(parents=True)
+        self.page.write_text("<!DOCTYPE html>")
+
+    def add_browser(self):
+        browser = self.tools / "xdg-open"
+        browser.write_text(f'#!/bin/sh\nprintf "%s" "$*" >"{self.opened}.part" && mv "{self.opened}.part" "{self.opened}"\n')
+        browser.chmod(0o755)
+
+    def shown(self, code="gridio_manual ();", **environment):
+        kept = {key: value for key, value in os.environ.items() if "DISPLAY" not in key}
+        path = f"{self.tools}:/usr/bin:/bin" if (self.tools / "xdg-open").exists() else str(self.tools)
+        command = [*command_for("/dev/null", [self.inst])[:-1], "--eval", code]
+        done = subprocess.run(command, capture_output=True, text=True, stdin=subprocess.DEVNULL,
+                              env={**kept, "OCTAVE_HISTFILE": os.devnull, "PATH": path, **environment})
+        self.assertEqual((done.returncode, done.stderr), (0, ""), done)
+        return done.stdout
+
+    def test_its_own_tests_pass(self):
+        self.make_page()
+        printed = self.shown('printf ("%d of %d\\n", nthargout (1:2, @test, "gridio_manual", "quiet"){:});')
+        self.assertEqual(printed, "3 of 3\n")
+
+    def test_says_how_to_make_it_when_there_is_none(self):
+        self.assertIn('"./gridio manual", in the source tree of gridio, makes it', self.shown())
+        self.assertEqual(self.shown("disp (isempty (gridio_manual ()));"), "1\n")
+
+    def test_prints_its_place_without_a_display_or_a_browser(self):
+        self.make_page()
+        expected = f"The manual: {self.page}\n"
+        self.assertEqual(self.shown(DISPLAY=":99"), expected)
+        self.add_browser()
+        self.assertEqual(self.shown(), expected)
+        self.assertFalse(self.opened.exists())
+        self.assertEqual(self.shown("puts (gridio_manual ());", DISPLAY=":99"), str(self.page))
+        self.assertFalse(self.opened.exists())
+
+    def test_opens_in_the_browser_of_a_display(self):
+        self.make_page()
+        self.add_browser()
+        for display in ("DISPLAY", "WAYLAND_DISPLAY"):
+            self.shown(**{display: "0"})
+            deadline = time.monotonic() + 30
+            while not self.opened.exists() and time.monotonic() < deadline:
+                time.sleep(0.02)
+            self.assertEqual(self.opened.read_text(), "file://" + urllib.parse.quote(str(self.page)))
+            self.opened.unlink()
 
 
 if __name__ == "__main__":

@@ -4,11 +4,15 @@ import os
 import pathlib
 import shutil
 import subprocess
+import sys
 import tarfile
 import tempfile
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "manual"))
+import manual_source  # noqa: E402
+
 PACKAGE = ROOT / "hosts" / "octave" / "package"
 VERSION = (ROOT / "VERSION").read_text().strip()
 OCTAVE = os.environ["OCTAVE_CLI"]
@@ -56,6 +60,14 @@ class Archive(unittest.TestCase):
             sources = {path.name for path in (ROOT / folder).rglob("*") if path.suffix in (".cpp", ".cc", ".h")}
             self.assertTrue(sources)
             self.assertLessEqual(sources, names)
+
+    def test_holds_the_examples_where_they_are_installed_with_the_functions(self):
+        with tarfile.open(assemble(own_folder(self))) as archive:
+            names = archive.getnames()
+        examples = [path for path in (ROOT / "examples").rglob("*") if path.is_file()]
+        self.assertGreater(len(examples), 20)
+        for path in examples:
+            self.assertIn(f"gridio-{VERSION}/inst/{path.relative_to(ROOT)}", names)
 
 
 class Configure(unittest.TestCase):
@@ -126,7 +138,9 @@ class Installation(unittest.TestCase):
 
 
 class OrdinaryUser(unittest.TestCase):
-    SCRIPT = """
+    """Without network and rights, from installing to uninstalling."""
+
+    INSTALL = """
         pkg ("install", argv (){1});
         pkg load gridio
         ncid = gridio ("create", "own.nc", "netcdf4");
@@ -134,35 +148,89 @@ class OrdinaryUser(unittest.TestCase):
         printf ("open: %s %s\\n", files.path, files.mode);
         gridio ("close", ncid);
         printf ("of: %s\\n", which ("gridio"));
+        printf ("examples: %s\\n", gridio_version ().examples);
+        printf ("manual: %s\\n", gridio_manual ());
         pkg unload gridio
         printf ("loaded after unloading: %d\\n", exist ("gridio"));
+    """
+    DOC = """
+        pkg load gridio
+        doc gridio
+        puts ("next\\n");
+        doc gridio_help
+    """
+    UNINSTALL = """
         pkg uninstall gridio
         printf ("installed: %d\\n", numel (pkg ("list", "gridio")));
     """
 
-    def test_installs_and_uninstalls_without_network_and_rights(self):
-        folder = own_folder(self)
-        home = folder / "home"
-        home.mkdir()
-        tarball = assemble(folder)
-        tarball.chmod(0o644)
-        script = folder / "script.m"
-        script.write_text(self.SCRIPT)
-        command = without_network()
+    def setUp(self):
+        self.folder = own_folder(self)
+        self.home = self.folder / "home"
+        self.home.mkdir()
+        self.command = without_network()
         if os.getuid() == 0:
             nobody = 65534
-            os.chown(home, nobody, nobody)
-            command += ["setpriv", f"--reuid={nobody}", f"--regid={nobody}", "--clear-groups"]
-        command += [OCTAVE, "--norc", "--no-history", "--quiet", script, tarball]
-        done = subprocess.run(command, cwd=home, capture_output=True, text=True, stdin=subprocess.DEVNULL,
-                              env={**os.environ, "HOME": str(home), "TMPDIR": str(home),
+            os.chown(self.home, nobody, nobody)
+            self.command += ["setpriv", f"--reuid={nobody}", f"--regid={nobody}", "--clear-groups"]
+
+    def run_script(self, script, *arguments):
+        command = [*self.command, OCTAVE, "--norc", "--no-history", "--quiet", script, *arguments]
+        environment = {key: value for key, value in os.environ.items() if "DISPLAY" not in key}
+        done = subprocess.run(command, cwd=self.home, capture_output=True, text=True, stdin=subprocess.DEVNULL,
+                              env={**environment, "HOME": str(self.home), "TMPDIR": str(self.home),
                                    "OCTAVE_HISTFILE": os.devnull, "USER": "nobody"})
         self.assertEqual((done.returncode, done.stderr), (0, ""), done)
-        self.assertIn("open: own.nc write\n", done.stdout)
-        self.assertRegex(done.stdout, rf"of: {home}/\S+/gridio-{VERSION}/\S+/gridio\.oct\n")
-        self.assertIn("loaded after unloading: 0\n", done.stdout)
-        self.assertIn("installed: 0\n", done.stdout)
-        self.assertFalse(list(home.rglob("gridio.oct")))
+        return done.stdout
+
+    def octave(self, code, *arguments):
+        script = self.folder / "script.m"
+        script.write_text(code)
+        return self.run_script(script, *arguments)
+
+    def test_installs_uses_and_uninstalls_the_package(self):
+        tarball = assemble(self.folder)
+        tarball.chmod(0o644)
+        printed = self.octave(self.INSTALL, tarball)
+        self.assertIn("open: own.nc write\n", printed)
+        self.assertRegex(printed, rf"of: {self.home}/\S+/gridio-{VERSION}/\S+/gridio\.oct\n")
+        self.assertIn("loaded after unloading: 0\n", printed)
+        package = next(self.home.rglob(f"gridio-{VERSION}"))
+        self.assertIn(f"examples: {package}/examples\n", printed)
+        self.assertIn(f"manual: {package}/doc/html/index.html\n", printed)
+        self.assertTrue((package / "doc" / "html" / "index.html").is_file())
+
+        self.run_an_example(package / "examples" / "field.m")
+        self.read_values_as_the_manual_does()
+        for text in self.octave(self.DOC).split("next\n"):
+            self.assertRegex(text, rf"^File: gridio\.info,(?s:.*)This is the manual of gridio {VERSION}")
+
+        self.assertIn("installed: 0\n", self.octave(self.UNINSTALL))
+        left = {path.name for path in self.home.rglob("*") if not path.is_dir() or "gridio" in path.name}
+        self.assertEqual(left, {"own.nc", "sea.nc", "packed.cdl", "packed.nc"})
+
+    def run_an_example(self, script):
+        subprocess.run(["ncgen", "-o", self.home / "sea.nc"], check=True, text=True,
+                       input="netcdf sea { dimensions: x = 3 ; variables: int depth(x) ; data: depth = 9, 40, 200 ; }")
+        (self.home / "sea.nc").chmod(0o644)
+        self.assertRegex(self.run_script(script, "sea.nc", "depth"), r"\ndepth +3 x 1 +int32 +9 +200 +83 +0\n")
+
+    def read_values_as_the_manual_does(self):
+        chains = [chain for path in manual_source.chapters() for chain in manual_source.chains(path)
+                  if any("readValues" in block.text for block in chain)]
+        self.assertTrue(chains)
+        for chain in chains:
+            code = "pkg load gridio\n"
+            for block in chain:
+                if block.kind == "file":
+                    (self.home / block.name).write_text(block.text)
+                elif block.kind == "shell":
+                    code += "".join(f"system ('{line[2:]}');\n" for line in block.text.splitlines() if line[:2] == "$ ")
+                elif block.kind in ("run", "run on"):
+                    code += block.text
+            shown = chain[-1]
+            self.assertEqual(shown.kind, "prints")
+            self.assertTrue(self.octave(code).rstrip().endswith(shown.text.rstrip()))
 
 
 if __name__ == "__main__":

@@ -23,7 +23,7 @@
 ## @end group
 ## @end example
 ##
-## @seealso{gridio}
+## @seealso{gridio, gridio_manual}
 ## @end deftypefn
 
 function text = gridio_help (operation)

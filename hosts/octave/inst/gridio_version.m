@@ -20,6 +20,8 @@
 ## @code{cdf5}, @code{diskless} files, @code{parallel} access
 ## @item filters
 ## a struct of logical values: which compression and checksum filters HDF5 has at hand, by name
+## @item examples
+## the folder of the example scripts; @file{shared} in it has the functions that they share
 ## @end table
 ##
 ## @example
@@ -30,12 +32,13 @@
 ## @end group
 ## @end example
 ##
-## @seealso{gridio, gridio_open_files}
+## @seealso{gridio, gridio_manual, gridio_open_files}
 ## @end deftypefn
 
 function versions = gridio_version ()
 
   found = ask_gridio ("versions");
+  found.examples = own_path ("examples", "examples");
   if (nargout > 0)
     versions = found;
   else
@@ -56,6 +59,7 @@ function print_report (found)
   printf ("system   %s\n", computer ());
   print_flags ("features", found.features);
   print_flags ("filters", found.filters);
+  printf ("examples %s\n", merge (isempty (found.examples), "none", found.examples));
 
 endfunction
 
@@ -80,6 +84,13 @@ endfunction
 %! assert (found.filters.deflate && found.filters.shuffle && found.filters.fletcher32);
 
 %!test
+%! found = gridio_version ();
+%! if (! isempty (found.examples))
+%!   assert (exist (fullfile (found.examples, "field.m"), "file"), 2);
+%!   assert (exist (fullfile (found.examples, "shared", "readValues.m"), "file"), 2);
+%! endif
+
+%!test
 %! ## Leaves no file behind, open or on the disk.
 %! before = {gridio_open_files(), readdir(pwd ())};
 %! found = gridio_version ();
@@ -87,7 +98,7 @@ endfunction
 
 %!test
 %! shown = evalc ("gridio_version ()");
-%! for word = {"gridio", "netCDF", "HDF5", "Octave", "system", "features", "filters"}
+%! for word = {"gridio", "netCDF", "HDF5", "Octave", "system", "features", "filters", "examples"}
 %!   assert (regexp (shown, ["(^|\n)" word{1} " +\\S"]));
 %! endfor
 

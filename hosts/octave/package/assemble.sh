@@ -24,7 +24,7 @@ copy_sources() {
         done
 }
 
-mkdir -p "$top/src/selftest" "$top/inst/private" "$top/doc" "$top/examples/shared"
+mkdir -p "$top/src/selftest" "$top/inst/private" "$top/inst/examples/shared" "$top/doc"
 sed "s/@VERSION@/$version/" "$here/DESCRIPTION.in" >"$top/DESCRIPTION"
 cp "$here/INDEX" "$root/NEWS" "$top"
 cp "$root/LICENSE" "$top/COPYING"
@@ -36,8 +36,8 @@ copy_sources include src/include
 copy_sources hosts/messages src/hosts/messages
 cp "$root"/hosts/octave/inst/*.m "$root"/hosts/octave/inst/*.txt "$top/inst"
 cp "$root"/hosts/octave/inst/private/*.m "$top/inst/private"
-cp "$root"/examples/*.m "$top/examples"
-cp "$root"/examples/shared/* "$top/examples/shared"
+cp "$root"/examples/*.m "$top/inst/examples"
+cp "$root"/examples/shared/* "$top/inst/examples/shared"
 
 python3 -B "$root/docs/make_manual.py" "$scratch/manual" >/dev/null
 cp -R "$scratch/manual/html" "$scratch/manual/gridio.info" "$top/doc"

@@ -53,6 +53,10 @@ function check_files (name, version)
                "BuildRequires", "SystemRequirements", "License"}
     check (["DESCRIPTION has the field " field{1}], isfield (fields, field{1}));
   end
+  known = {"Name", "Version", "Date", "Title", "Author", "Maintainer", "Description", "Categories", "Problems", "Url", ...
+           "Depends", "License", "SystemRequirements", "BuildRequires"};
+  check (["DESCRIPTION has only fields that are still in use: " strjoin(setdiff (fieldnames (fields), known)', " ")],
+         all (ismember (fieldnames (fields), known)));
   check ("DESCRIPTION bears the name and version of the archive",
          strcmp ([fields.Name "-" fields.Version], name) && strcmp (fields.Version, version));
   check ("the date is one", ! isempty (regexp (fields.Date, '^\d{4}-\d\d-\d\d$')));
@@ -76,7 +80,7 @@ end
 function functions = provided (folder)
   functions = {};
   for path = strsplit (genpath (folder), pathsep ())
-    if (isempty (regexp (path{1}, '(private|packinfo|doc|html)$')))
+    if (isempty (regexp (path{1}, '(private|packinfo|doc|html|examples|shared)$')))
       functions = [functions, {dir(fullfile (path{1}, "*.m")).name}, {dir(fullfile (path{1}, "*.oct")).name}];
     end
   end

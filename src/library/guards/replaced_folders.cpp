@@ -3,6 +3,8 @@
 
 #include "library/guards/misread_paths.h"
 
+#include <netcdf.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
@@ -35,12 +37,13 @@ bool isZarrStore(const std::filesystem::path& folder)
 
 } // namespace
 
-bool isForeignFolder(const std::string& address)
+bool harmsFolder(const std::string& address, int mode)
 {
     const std::filesystem::path folder = localPath(address);
     std::error_code failure;
     const std::filesystem::directory_iterator entries(folder, failure);
-    return !failure && entries != std::filesystem::directory_iterator() && !isZarrStore(folder);
+    const bool holdsSomething = !failure && entries != std::filesystem::directory_iterator();
+    return holdsSomething && ((mode & NC_NOCLOBBER) != 0 || !isZarrStore(folder));
 }
 
 } // namespace Ovard::gridio

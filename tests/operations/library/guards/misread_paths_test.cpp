@@ -202,6 +202,8 @@ TEST_F(ZarrFolders, ThatAreEmptyOrMissingOrStoresBecomeStores)
     fs::create_directories("store");
     host.call("close", {number("create", {address(), "netcdf4"})}); // empty
     EXPECT_EQ(files().count("store/.zgroup"), 1U);
+    EXPECT_THAT(attempt("create", {address(), NC_NETCDF4 | NC_NOCLOBBER}),
+                failsWith("create", NC_EEXIST));
     host.call("close", {number("create", {address(), "netcdf4"})}); // a store
     fs::remove_all("store");
     host.call("close", {number("create", {address(), "netcdf4"})}); // missing
