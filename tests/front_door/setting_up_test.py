@@ -139,9 +139,9 @@ class Packages(FrontDoorTest):
     def test_output_of_apt_goes_to_a_log(self):
         self.sandbox.write("lists")
         done = self.run_empty()
-        self.assertEqual([line for line in done.stderr.splitlines() if not line.startswith("gridio: needs")][:2],
-                         ["gridio: installing 11 packages from Debian, with what they need",
-                          "gridio: building gridio (the first time takes a minute or two)"])
+        shown = [line for line in done.stderr.splitlines() if not line.startswith("gridio: needs")]
+        self.assertRegex("\n".join(shown[:2]), r"\Agridio: installing \d+ packages from Debian, with what they need\n"
+                                               r"gridio: building gridio \(the first time takes a minute or two\)\Z")
         log = (self.sandbox.tree / "build" / "install.log").read_text()
         self.assertRegex(log, r"^\n\d{4}-\d\d-\d\d \d\d:\d\d:\d\d apt-get install g\+\+ cmake [^\n]*\n"
                               r"Get:1 http://a\.mirror bookworm/main amd64 all\nUnpacking cmake \(3\.25\) \.\.\.\n$")
