@@ -21,7 +21,11 @@ octave_value_list callModule(const octave_value_list& args, int nargout)
         arguments[i] = call.add(args(i));
 
     vxArray* results[plugResultSlots] = {};
-    plugFunction(nargout, results, static_cast<int>(count), arguments);
+    try {
+        plugFunction(nargout, results, static_cast<int>(count), arguments);
+    } catch (const fnd::except::IMsgIDException& failure) {
+        hosts::oct::raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count)});
+    }
 
     // All of them, whatever the script asked for: the interpreter drops what is too much.
     octave_idx_type used = 0;
@@ -45,8 +49,6 @@ octave_value_list callGuarded(const octave_value_list& args, int nargout)
         throw;
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const fnd::except::IMsgIDException& failure) {
-        hosts::oct::raiseMessage(failure.messageId());
     } catch (const std::exception& failure) {
         hosts::oct::raiseInternal(failure.what());
     } catch (...) {

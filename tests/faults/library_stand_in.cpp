@@ -118,6 +118,16 @@ CALL(nc_inq_attname, (int ncid, int varid, int attnum, char* name), (ncid, varid
 CALL(nc_rename_att, (int ncid, int varid, const char* name, const char* newname), (ncid, varid, name, newname))
 CALL(nc_del_att, (int ncid, int varid, const char* name), (ncid, varid, name))
 CALL(nc_copy_att, (int ncid_in, int varid_in, const char* name, int ncid_out, int varid_out), (ncid_in, varid_in, name, ncid_out, varid_out))
+// What messages ask besides.
+CALL(nc_inq_path, (int ncid, std::size_t* pathlen, char* path), (ncid, pathlen, path))
+CALL(nc_inq_unlimdim, (int ncid, int* unlimdimidp), (ncid, unlimdimidp))
+CALL(nc_inq_nvars, (int ncid, int* nvarsp), (ncid, nvarsp))
+CALL(nc_inq_natts, (int ncid, int* nattsp), (ncid, nattsp))
+CALL(nc_inq_varnatts, (int ncid, int varid, int* nattsp), (ncid, varid, nattsp))
+CALL(nc_inq_varname, (int ncid, int varid, char* name), (ncid, varid, name))
+CALL(nc_inq_dimname, (int ncid, int dimid, char* name), (ncid, dimid, name))
+CALL(nc_inq_atttype, (int ncid, int varid, const char* name, nc_type* xtypep), (ncid, varid, name, xtypep))
+CALL(nc_inq_user_type, (int ncid, nc_type xtype, char* name, std::size_t* sizep, nc_type* basep, std::size_t* nfieldsp, int* classp), (ncid, xtype, name, sizep, basep, nfieldsp, classp))
 CALL(nc_get_var1, (int ncid, int varid, const std::size_t* indexp, void* p), (ncid, varid, indexp, p))
 
 #define TYPED(word, T) \
