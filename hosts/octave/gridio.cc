@@ -2,6 +2,7 @@
 // gridio (OPNAME, ...): the entry from the interpreter, which no foreign exception ever leaves.
 #include "call.h"
 #include "errors.h"
+#include "raw_bytes.h"
 #include "vx/plug.h"
 
 #include <octave/oct.h>
@@ -40,6 +41,7 @@ octave_value_list callModule(const octave_value_list& args, int nargout)
 octave_value_list callGuarded(const octave_value_list& args, int nargout)
 {
     try {
+        hosts::oct::warnOfRawBytes(args);
         return callModule(args, nargout);
     } catch (const octave::execution_exception&) {
         throw;

@@ -216,6 +216,8 @@ function words = lines_of (file)
   words = strsplit (fileread (file), "\n");
 end
 
+% Values of every class are written on purpose.
+warning ("off", "Ovard:gridio:octave:rawBytes");
 global scratch values tokens
 tokens = lines_of ("values");
 values = {};
