@@ -145,6 +145,15 @@ Places whatIsNoRow(const Texts& arguments, const FailedCall& call)
     return nameAndValue(arguments, namedArgument(call, arguments, isNotOf(vxDOUBLE_CLASS)));
 }
 
+Places lengthOfRow(const Texts& arguments, const FailedCall& call)
+{
+    const vxArray* array = namedArgument(call, arguments, [](const vxArray*) { return true; });
+    if (array == nullptr)
+        return std::nullopt;
+    return Texts{inQuotes(arguments[0]), std::to_string(vxGetNumberOfElements(array)),
+                 arguments.at(1)};
+}
+
 Places whatIsNoIndex(const Texts& arguments, const FailedCall& call)
 {
     const vxArray* array = call.argument(arguments.at(0));
@@ -227,6 +236,8 @@ constexpr CallMessage rows[] = {
     {"Ovard:gridio:netcdf:badRowDatatype",
      "The argument {1} must be a vector of class double, and is {2}: convert numbers of another class with "
      "double(...).", whatIsNoRow},
+    {"Ovard:gridio:netcdf:rowLengthOutOfBounds",
+     "The argument {1} has {2} elements: at most {3} are allowed.", lengthOfRow},
     {"Ovard:gridio:netcdf:argumentHasBadDatatype",
      "{1} must be numeric, and is {2}: give a vector with one element for each dimension of the variable.",
      whatIsNoIndex},

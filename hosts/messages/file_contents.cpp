@@ -109,14 +109,18 @@ std::string LookedAtFile::bytes(long long offset, std::size_t count) const
     return read;
 }
 
+bool isHdf5(const LookedAtFile& file)
+{
+    return findSuperblock(file) || file.bytes(0, hdf5Signature.size()) == hdf5Signature;
+}
+
 std::string findForeignContents(const LookedAtFile& file, const std::string& path)
 {
     const std::string beginning = file.bytes(0, 16);
     const std::string_view bytes = beginning;
     if (bytes.empty())
         return "The file " + inQuotes(path) + " is empty.";
-    if (bytes.substr(0, 3) == "CDF" || findSuperblock(file) ||
-        bytes.substr(0, hdf5Signature.size()) == hdf5Signature)
+    if (bytes.substr(0, 3) == "CDF" || isHdf5(file))
         return "";
     const std::string start = "The file " + inQuotes(path) + " is not a netCDF file";
     for (const Kind& kind : foreignKinds)

@@ -30,6 +30,9 @@ private:
     int error_ = 0;
 };
 
+// Whether the file begins as one that HDF5 wrote, whole or not.
+bool isHdf5(const LookedAtFile& file);
+
 // Sentences, or nothing when the file begins as a netCDF file does. path: as messages show it.
 std::string findForeignContents(const LookedAtFile& file, const std::string& path);
 

@@ -76,7 +76,7 @@ bool canLock(int descriptor, int kind)
 
 } // namespace
 
-std::string findOpenHere(const std::string& path)
+std::string findOpenHere(const std::string& path, bool forCreating)
 {
     struct stat wanted = {};
     if (stat(path.c_str(), &wanted) != 0)
@@ -86,6 +86,8 @@ std::string findOpenHere(const std::string& path)
         std::size_t length = 0;
         if (Ovard::gridio::isGivenUpFile(ncid) || nc_inq_path(ncid, &length, nullptr) != NC_NOERR ||
             !isSameFile(pathOf(ncid), wanted))
+            continue;
+        if (!isHdf5(ncid) || (!forCreating && isWritable(ncid)))
             continue;
         return "The file " + inQuotes(resolvedPathOf(ncid)) + " is open in this session, for " +
                (isWritable(ncid) ? "writing" : "reading") + ", as " + std::to_string(ncid) +

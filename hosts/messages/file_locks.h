@@ -8,8 +8,9 @@
 
 namespace hosts::messages {
 
-// That the library has the very file open, in this process.
-std::string findOpenHere(const std::string& path);
+// That the library has the very file open in this process, as a netCDF-4 file, and so that it can
+// be opened neither for writing (it is open for reading) nor to be created anew.
+std::string findOpenHere(const std::string& path, bool forCreating);
 
 // That a lock is held which HDF5 would not share: for reading a writer's, for writing anyone's.
 // path: as messages show it. Tries the same lock for a moment, through a descriptor of its own, so

@@ -48,14 +48,24 @@ constexpr Finder finders[] = {
     {"NC_EBADCHUNK",    findBadChunkSize,      Advice::follows},
     {"NC_EPERM",        findNotWritable,       Advice::isReplaced},
     {"NC_EEXIST",       findExistingFile,      Advice::follows},
+
+    {"NC_EHDFERR",      findFileProblem,       Advice::isReplaced},
+    {"NC_EFILEMETA",    findFileProblem,       Advice::isReplaced},
+    {"NC_EDIMMETA",     findFileProblem,       Advice::isReplaced},
+    {"NC_EVARMETA",     findFileProblem,       Advice::isReplaced},
+    {"NC_EATTMETA",     findFileProblem,       Advice::isReplaced},
+    {"NC_ECANTREAD",    findFileProblem,       Advice::isReplaced},
+    {"NC_ECANTWRITE",   findFileProblem,       Advice::isReplaced},
+    {"NC_ECANTCREATE",  findFileProblem,       Advice::isReplaced},
 };
 // clang-format on
 
-// What any other refusal may come from.
-std::string findAnyCause(const FailedCall& call)
+// Of a status without a row: anything may be wrong with a file that is to be opened, and a system
+// error is about the file, too.
+std::string findAnyCause(const std::string& codeName, const FailedCall& call)
 {
-    const std::string invalid = findInvalidArgument(call);
-    return invalid.empty() ? findFileProblem(call) : invalid;
+    const bool isSystemError = !codeName.empty() && codeName[0] >= '0' && codeName[0] <= '9';
+    return call.has("file") || isSystemError ? findFileProblem(call) : findInvalidArgument(call);
 }
 
 // The library's table of open files is full: it then answers as if an identifier were bad.
@@ -77,7 +87,7 @@ std::string linesOf(const std::string& codeName, const FailedCall& call)
     const bool hasRow = row != std::end(finders);
     const std::string found = !fullTable.empty() ? fullTable
                               : hasRow           ? row->find(call)
-                                                 : findAnyCause(call);
+                                                 : findAnyCause(codeName, call);
     const bool isReplaced = !fullTable.empty() || !hasRow || row->advice == Advice::isReplaced;
 
     std::string lines = found;

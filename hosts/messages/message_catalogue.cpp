@@ -124,11 +124,20 @@ struct AsText : boost::static_visitor<std::string> {
     }
 };
 
+// A script may pass anything for a name.
+std::string shortened(std::string text)
+{
+    constexpr std::size_t mostBytes = 10000;
+    if (text.size() > mostBytes)
+        text.replace(mostBytes, std::string::npos, "...");
+    return text;
+}
+
 std::vector<std::string> argumentTexts(const msgcat::BaseMsgID& id)
 {
     std::vector<std::string> texts;
     for (const msgcat::MessageArgument& argument : id.arguments())
-        texts.push_back(visible(boost::apply_visitor(AsText(), argument)));
+        texts.push_back(visible(shortened(boost::apply_visitor(AsText(), argument))));
     return texts;
 }
 

@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -152,7 +153,11 @@ std::string findInExistingFile(const std::string& path, Purpose purpose)
                  purpose == Purpose::reading ? "" : findForbidden(path, what, "write", W_OK)});
     if (!forbidden.empty())
         return forbidden;
-    const std::string openHere = findOpenHere(path);
+    const std::string noSpace = purpose == Purpose::creating ? findNoSpace(path) : "";
+    if (!noSpace.empty())
+        return noSpace;
+    const std::string openHere =
+        purpose == Purpose::reading ? "" : findOpenHere(path, purpose == Purpose::creating);
     if (!openHere.empty())
         return openHere;
     const LookedAtFile file(path);
@@ -160,9 +165,11 @@ std::string findInExistingFile(const std::string& path, Purpose purpose)
         return "";
     if (purpose == Purpose::creating)
         return findLock(file, shown, true);
-    return firstOf({findForeignContents(file, shown),
-                    findLock(file, shown, purpose == Purpose::writing),
-                    findDamagedSuperblock(file, shown)});
+    const std::string foreign = findForeignContents(file, shown);
+    return !foreign.empty() || !isHdf5(file)
+               ? foreign
+               : firstOf({findLock(file, shown, purpose == Purpose::writing),
+                          findDamagedSuperblock(file, shown)});
 }
 
 } // namespace
@@ -183,6 +190,8 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
         return "The name of the file is empty.";
     if (isAddress(path) || path.find('\0') != std::string::npos)
         return "";
+    if (path.size() >= PATH_MAX)
+        return "The path is too long: it has " + std::to_string(path.size()) + " bytes.";
     const std::string noDescriptors = findNoDescriptors();
     const std::string missing = noDescriptors.empty() ? findMissingFolder(path) : noDescriptors;
     if (!missing.empty())
@@ -190,11 +199,8 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
 
     struct stat status = {};
     if (stat(path.c_str(), &status) == 0) {
-        const std::string found = firstOf({findNoFile(status, path)});
-        if (!found.empty())
-            return found;
-        const std::string inside = findInExistingFile(path, purpose);
-        return inside.empty() && purpose == Purpose::creating ? findNoSpace(path) : inside;
+        const std::string noFile = findNoFile(status, path);
+        return noFile.empty() ? findInExistingFile(path, purpose) : noFile;
     }
     if (errno == ENAMETOOLONG)
         return "The name of the file is too long: it has " + std::to_string(nameOf(path).size()) +

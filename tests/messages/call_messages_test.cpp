@@ -79,6 +79,8 @@ TEST_F(CallMessage, SaysWhatAnArgumentIsInsteadOfTextOrAFlag)
     EXPECT_THAT(messageOf("open", {"a", true}), HasSubstr("and is the logical value true"));
     EXPECT_THAT(messageOf("defVar", {0, "v", 6, Value::scalar<std::int32_t>(0)}),
                 HasSubstr("and is the number 0 of class int32"));
+    EXPECT_EQ(messageOf("defVar", {0, "v", 6, Value::row(std::vector<double>(1025))}),
+              "The argument \"dimids\" has 1025 elements: at most 1024 are allowed.");
     EXPECT_THAT(messageOf("getVaraDouble", {0, 0, 0, "3"}),
                 HasSubstr("COUNT must be numeric, and is the text \"3\""));
 }
@@ -103,6 +105,14 @@ TEST_F(CallMessage, NamesTheDimensionsThatAnIndexMustCover)
                 HasSubstr("\"s\" has no dimensions, so that there is nothing to give START for: it "
                           "is read and written "
                           "as a whole, here with \"getVarDouble\"."));
+}
+
+TEST_F(CallMessage, ShortensWhatTheScriptGave)
+{
+    const std::string longName(1000000, 'x');
+    EXPECT_LT(messageOf(longName, {}).size(), 11000U);
+    EXPECT_LT(messageOf("open", {"a", longName}).size(), 11000U);
+    EXPECT_LT(messageOf("parameter", {longName}).size(), 11000U);
 }
 
 TEST_F(CallMessage, EscapesWhatTheScriptGave)

@@ -118,6 +118,34 @@ TEST_F(FileFinding, SaysThatNoDescriptorIsLeft)
                                HasSubstr("gridio_open_files()")));
 }
 
+TEST_F(FileFinding, SaysThatTheLibraryHoldsNoMoreFiles)
+{
+    const std::string path = makeNetcdf4();
+    std::vector<int> open;
+    int ncid = 0;
+    while (nc_create(("in_memory" + std::to_string(open.size())).c_str(), NC_DISKLESS, &ncid) ==
+           NC_NOERR)
+        open.push_back(ncid);
+    const std::string opened = messageOf("open", {path, "nowrite"});
+    const std::string created = messageOf("create", {folder.file("f.nc"), "clobber"});
+    for (const int each : open)
+        testsupport::require(nc_close(each));
+    for (const std::string& message : {opened, created})
+        EXPECT_THAT(message,
+                    AllOf(HasSubstr("NC_EBADID: Not a valid ID\nThe library has 65535 files open"),
+                          HasSubstr("gridio_open_files()")));
+}
+
+TEST_F(FileFinding, IsNotTheDiskForAnotherRefusal)
+{
+    const int ncid = createFile("define.nc", "clobber");
+    host.call("defVar", {ncid, "v", NC_INT, Value::empty()});
+    testsupport::StandInDisk disk;
+    disk.freeBlocks = 0;
+    EXPECT_THAT(messageOf("putVarInt", {ncid, 0, Value::scalar<std::int32_t>(1)}),
+                AllOf(HasSubstr("define mode"), Not(HasSubstr("full"))));
+}
+
 TEST_F(FileFinding, NamesTheFileThatExists)
 {
     const std::string path = makeNetcdf4();

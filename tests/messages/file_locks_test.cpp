@@ -115,17 +115,28 @@ TEST_F(FileLock, IsNotSoughtWhereHdf5TakesNone)
 
 TEST_F(FileLock, IsTheSessionsOwnWhenItHasTheFileOpen)
 {
-    EXPECT_THAT(findOpenHere(path()), IsEmpty());
-    EXPECT_THAT(findOpenHere(folder.file("missing")), IsEmpty());
+    EXPECT_THAT(findOpenHere(path(), true), IsEmpty());
+    EXPECT_THAT(findOpenHere(folder.file("missing"), true), IsEmpty());
     const int ncid = openFile("f.nc");
     const std::string number = std::to_string(ncid);
-    EXPECT_EQ(findOpenHere(path()),
+    EXPECT_EQ(findOpenHere(path(), false),
               "The file \"" + path() + "\" is open in this session, for reading, as " + number +
                   ": close it first, with gridio(\"close\", " + number + ").");
     EXPECT_THAT(messageOf("open", {path(), "write"}),
                 HasSubstr("is open in this session, for reading, as " + number));
     EXPECT_THAT(messageOf("create", {path(), "netcdf4"}), HasSubstr("is open in this session"));
     EXPECT_EQ(host.call("inqFormat", {ncid}).at(0).toText(), "FORMAT_NETCDF4");
+}
+
+TEST_F(FileLock, IsNoneOfAFileThatMayBeOpenedTwice)
+{
+    const int ncid = openFile("f.nc", "write");
+    EXPECT_THAT(findOpenHere(path(), false), IsEmpty());
+    EXPECT_THAT(findOpenHere(path(), true), HasSubstr("for writing"));
+    testsupport::LibraryFile::create(folder.file("classic.nc"), NC_CLOBBER).close();
+    openFile("classic.nc");
+    EXPECT_THAT(findOpenHere(folder.file("classic.nc"), true), IsEmpty());
+    closeFile(ncid);
 }
 
 TEST(OpenFileCount, CountsFilesAndNotGroups)

@@ -127,6 +127,12 @@ TEST_F(PathFinding, IsSilentAboutAddressesAndGoodFiles)
     EXPECT_EQ(findPathProblem("", Purpose::reading), "The name of the file is empty.");
     EXPECT_THAT(findPathProblem(folder.file(std::string(300, 'a')), Purpose::reading),
                 HasSubstr("too long: it has 300 bytes"));
+    std::string deep;
+    while (deep.size() < 60000)
+        deep += "a/";
+    EXPECT_EQ(findPathProblem(deep, Purpose::reading), "The path is too long: it has 60000 bytes.");
+    EXPECT_THAT(findPathProblem(deep.substr(0, 4000) + "f.nc", Purpose::creating),
+                HasSubstr("There is no folder"));
 }
 
 TEST_F(PathFinding, SaysThatNoDescriptorIsLeft)
