@@ -127,7 +127,7 @@ struct AsText : boost::static_visitor<std::string> {
 // A script may pass anything for a name.
 std::string shortened(std::string text)
 {
-    constexpr std::size_t mostBytes = 10000;
+    constexpr std::size_t mostBytes = 100000;
     if (text.size() > mostBytes)
         text.replace(mostBytes, std::string::npos, "...");
     return text;

@@ -129,7 +129,8 @@ std::string findForbidden(const std::string& path, const std::string& what, cons
     if (mayAccess(path, how))
         return "";
     if (errno == EROFS)
-        return what + " lies on a file system that is mounted for reading only.";
+        return "You may not " + std::string(deed) + " " + what +
+               ": its file system is mounted for reading only.";
     struct stat status = {};
     return stat(path.c_str(), &status) != 0 ? ""
                                             : "You may not " + std::string(deed) + " " + what +
