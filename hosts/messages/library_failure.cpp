@@ -29,7 +29,7 @@ constexpr Finder finders[] = {
     {"NC_EBADDIM",      findMissingDimension,  Advice::isReplaced},
     {"NC_ENOTATT",      findMissingAttribute,  Advice::isReplaced},
     {"NC_ENOGRP",       findMissingGroup,      Advice::isReplaced},
-    {"NC_ENAMEINUSE",   findNameInUse,         Advice::isReplaced},
+    {"NC_ENAMEINUSE",   findNameInUse,         Advice::follows},
     {"NC_EBADNAME",     findBadName,           Advice::follows},
     {"NC_EMAXNAME",     findBadName,           Advice::follows},
 

@@ -76,8 +76,7 @@ std::vector<std::string> nearNames(std::string_view word, const std::vector<std:
             found.emplace_back(difference, &name);
     }
 
-    std::stable_sort(found.begin(), found.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::sort(found.begin(), found.end()); // of the same difference in the order of the names
     std::vector<std::string> nearest;
     for (const auto& [difference, name] : found) {
         const bool isAlone = !found.empty() && found.front().first == 0;

@@ -61,23 +61,25 @@ std::vector<std::string> filesIn(const std::string& folder)
 }
 
 // The uppermost folder of the path that does not exist, or is none.
-std::string findMissingFolder(const std::string& path)
+std::string findMissingFolder(const std::string& path, Purpose purpose)
 {
     const std::string folder = folderOf(path);
     struct stat status = {};
     if (stat(folder.c_str(), &status) == 0) {
         if (S_ISDIR(status.st_mode))
             return "";
-        return inQuotes(resolvedPath(folder)) + " is a file, not a folder.";
+        return inQuotes(resolvedPath(folder)) + " is a file, not a folder: check the path.";
     }
     if (errno == EACCES)
         return "You may not look into the folder " + inQuotes(folderOf(folder)) + ".";
     if (folder != "/" && folder != ".") {
-        const std::string above = findMissingFolder(folder);
+        const std::string above = findMissingFolder(folder, purpose);
         if (!above.empty())
             return above;
     }
-    return "There is no folder " + inQuotes(resolvedPath(folder)) + ".";
+    return "There is no folder " + inQuotes(resolvedPath(folder)) +
+           (purpose == Purpose::creating ? ": check the path, or make the folder first."
+                                         : ": check the path.");
 }
 
 std::string findNoSuchFile(const std::string& path)
@@ -91,7 +93,7 @@ std::string findNoSuchFile(const std::string& path)
                ", which does not exist.";
     const std::string folder = folderOf(path);
     const std::string found = "There is no file " + inQuotes(nameOf(path)) + " in the folder " +
-                              inQuotes(realPath(folder).value_or(folder)) + ".";
+                              inQuotes(realPath(folder).value_or(folder)) + ": check the path.";
     const std::vector<std::string> near = nearNames(nameOf(path), filesIn(folder));
     return near.empty() ? found : found + " Did you mean " + quotedNames(near, 3, "or") + "?";
 }
@@ -192,9 +194,11 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
     if (isAddress(path) || path.find('\0') != std::string::npos)
         return "";
     if (path.size() >= PATH_MAX)
-        return "The path is too long: it has " + std::to_string(path.size()) + " bytes.";
+        return "The path is too long: it has " + std::to_string(path.size()) +
+               " bytes. Choose a shorter one.";
     const std::string noDescriptors = findNoDescriptors();
-    const std::string missing = noDescriptors.empty() ? findMissingFolder(path) : noDescriptors;
+    const std::string missing =
+        noDescriptors.empty() ? findMissingFolder(path, purpose) : noDescriptors;
     if (!missing.empty())
         return missing;
 
@@ -205,7 +209,7 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
     }
     if (errno == ENAMETOOLONG)
         return "The name of the file is too long: it has " + std::to_string(nameOf(path).size()) +
-               " bytes.";
+               " bytes. Choose a shorter one.";
     if (errno == EACCES)
         return "You may not look into the folder " + inQuotes(resolvedPath(folderOf(path))) + ".";
     if (errno != ENOENT)

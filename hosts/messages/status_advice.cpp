@@ -65,9 +65,8 @@ constexpr Advice advice[] = {
     {"NC_ELATEFILL", "A fill value is set right after \"defVar\", before the definitions end and data are written."},
 
     // Names and identifiers inside a file.
-    {"NC_ENAMEINUSE", "The file or group already has a dimension, a variable, an attribute or a group of that name: "
-                      "choose another name, or use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find "
-                      "it)."},
+    {"NC_ENAMEINUSE", "A file or group has one dimension, variable, attribute or group of a name: choose another name, or "
+                      "use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find it)."},
     {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with "
                     "a blank."},
     {"NC_EMAXNAME", "A name may have at most 256 bytes."},

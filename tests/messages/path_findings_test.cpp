@@ -34,12 +34,14 @@ protected:
 
 TEST_F(PathFinding, NamesTheFolderThatIsMissing)
 {
-    const std::string missing = "There is no folder \"" + folder.file("a") + "\".";
+    const std::string missing = "There is no folder \"" + folder.file("a") + "\": check the path";
     for (const Purpose purpose : {Purpose::reading, Purpose::writing, Purpose::creating}) {
-        EXPECT_EQ(findPathProblem(folder.file("a/f.nc"), purpose), missing);
-        EXPECT_EQ(findPathProblem(folder.file("a/b/c/f.nc"), purpose), missing);
+        const std::string expected =
+            missing + (purpose == Purpose::creating ? ", or make the folder first." : ".");
+        EXPECT_EQ(findPathProblem(folder.file("a/f.nc"), purpose), expected);
+        EXPECT_EQ(findPathProblem(folder.file("a/b/c/f.nc"), purpose), expected);
         EXPECT_EQ(findPathProblem(makeFile("file") + "/f.nc", purpose),
-                  "\"" + folder.file("file") + "\" is a file, not a folder.");
+                  "\"" + folder.file("file") + "\" is a file, not a folder: check the path.");
     }
 }
 
@@ -48,9 +50,10 @@ TEST_F(PathFinding, NamesTheFileThatIsMissingAndANearOne)
     makeFile("field.nc");
     EXPECT_EQ(findPathProblem(folder.file("feild.nc"), Purpose::reading),
               "There is no file \"feild.nc\" in the folder \"" + folder.path() +
-                  "\". Did you mean \"field.nc\"?");
+                  "\": check the path. Did you mean \"field.nc\"?");
     EXPECT_EQ(findPathProblem(folder.file("other"), Purpose::writing),
-              "There is no file \"other\" in the folder \"" + folder.path() + "\".");
+              "There is no file \"other\" in the folder \"" + folder.path() +
+                  "\": check the path.");
 }
 
 TEST_F(PathFinding, ResolvesARelativePath)
@@ -58,9 +61,9 @@ TEST_F(PathFinding, ResolvesARelativePath)
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder.path());
     EXPECT_EQ(findPathProblem("f.nc", Purpose::reading),
-              "There is no file \"f.nc\" in the folder \"" + folder.path() + "\".");
+              "There is no file \"f.nc\" in the folder \"" + folder.path() + "\": check the path.");
     EXPECT_EQ(findPathProblem("a/f.nc", Purpose::reading),
-              "There is no folder \"" + folder.file("a") + "\".");
+              "There is no folder \"" + folder.file("a") + "\": check the path.");
     EXPECT_EQ(findPathProblem(".", Purpose::reading),
               "\"" + folder.path() + "\" is a folder: add the name of a file.");
     EXPECT_EQ(resolvedPath("x/y"), "x/y");
@@ -130,7 +133,8 @@ TEST_F(PathFinding, IsSilentAboutAddressesAndGoodFiles)
     std::string deep;
     while (deep.size() < 60000)
         deep += "a/";
-    EXPECT_EQ(findPathProblem(deep, Purpose::reading), "The path is too long: it has 60000 bytes.");
+    EXPECT_EQ(findPathProblem(deep, Purpose::reading),
+              "The path is too long: it has 60000 bytes. Choose a shorter one.");
     EXPECT_THAT(findPathProblem(deep.substr(0, 4000) + "f.nc", Purpose::creating),
                 HasSubstr("There is no folder"));
 }
