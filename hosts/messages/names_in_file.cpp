@@ -32,11 +32,10 @@ template <class Inquire> std::vector<int> identifiers(const Inquire& inquire)
 template <class Inquire>
 std::vector<std::string> namesOf(const std::vector<int>& ids, const Inquire& inquire)
 {
-    NameRoom room;
     std::vector<std::string> names;
     for (const int id : ids)
-        if (room.get() != nullptr && inquire(id, room.get()) == NC_NOERR)
-            names.push_back(room.text());
+        if (nameRoom() != nullptr && inquire(id, nameRoom()) == NC_NOERR)
+            names.push_back(nameInRoom());
     return names;
 }
 
@@ -122,17 +121,16 @@ std::string typeName(int ncid, nc_type type)
     if (type >= 0 && type <= NC_STRING)
         return names[type];
 
-    NameRoom room;
     int kind = 0;
-    if (!isOpen(ncid) || room.get() == nullptr ||
-        nc_inq_user_type(ncid, type, room.get(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
+    if (!isOpen(ncid) || nameRoom() == nullptr ||
+        nc_inq_user_type(ncid, type, nameRoom(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
         return "number " + std::to_string(type);
     const char* word = kind == NC_ENUM       ? "enum"
                        : kind == NC_VLEN     ? "variable-length"
                        : kind == NC_COMPOUND ? "compound"
                        : kind == NC_OPAQUE   ? "opaque"
                                              : "user-defined";
-    return std::string("the ") + word + " type " + inQuotes(room.text());
+    return std::string("the ") + word + " type " + inQuotes(nameInRoom());
 }
 
 std::string describeType(int ncid, nc_type type)

@@ -3,8 +3,6 @@
 // session's folder makes useless.
 #include "hosts/messages/subjects.h"
 
-#include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -15,16 +13,14 @@ namespace hosts::messages {
 
 namespace {
 
-// Whether one of this process's descriptors is of that file.
+// Whether one of this process's descriptors is of that file: one of the first, as a rule.
 bool isOpenFile(const struct stat& wanted)
 {
-    const std::unique_ptr<DIR, int (*)(DIR*)> descriptors(opendir("/proc/self/fd"), closedir);
-    if (!descriptors)
-        return false;
-    while (const dirent* entry = readdir(descriptors.get())) {
+    constexpr int mostDescriptors = 1024;
+    for (int descriptor = 0; descriptor < mostDescriptors; ++descriptor) {
         struct stat status = {};
-        if (fstatat(dirfd(descriptors.get()), entry->d_name, &status, 0) == 0 &&
-            status.st_dev == wanted.st_dev && status.st_ino == wanted.st_ino)
+        if (fstat(descriptor, &status) == 0 && status.st_dev == wanted.st_dev &&
+            status.st_ino == wanted.st_ino)
             return true;
     }
     return false;

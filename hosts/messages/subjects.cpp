@@ -39,13 +39,13 @@ bool isUnlimited(int ncid, int dimid)
     }
 }
 
-std::optional<Dimension> readDimension(int ncid, int dimid, NameRoom& room)
+std::optional<Dimension> readDimension(int ncid, int dimid)
 {
     Dimension dimension;
-    if (room.get() == nullptr || nc_inq_dim(ncid, dimid, room.get(), &dimension.length) != NC_NOERR)
+    if (nameRoom() == nullptr || nc_inq_dim(ncid, dimid, nameRoom(), &dimension.length) != NC_NOERR)
         return std::nullopt;
     dimension.id = dimid;
-    dimension.name = room.text();
+    dimension.name = nameInRoom();
     dimension.isUnlimited = isUnlimited(ncid, dimid);
     return dimension;
 }
@@ -110,26 +110,24 @@ bool isWritable(int ncid)
 
 std::optional<Dimension> dimensionOf(int ncid, int dimid)
 {
-    NameRoom room;
-    return isOpen(ncid) ? readDimension(ncid, dimid, room) : std::nullopt;
+    return isOpen(ncid) ? readDimension(ncid, dimid) : std::nullopt;
 }
 
 std::optional<Variable> variableOf(int ncid, int varid)
 {
     Variable variable;
-    NameRoom room;
     int rank = 0;
-    if (!isOpen(ncid) || varid < 0 || room.get() == nullptr ||
+    if (!isOpen(ncid) || varid < 0 || nameRoom() == nullptr ||
         nc_inq_varndims(ncid, varid, &rank) != NC_NOERR || rank < 0 || rank > NC_MAX_VAR_DIMS)
         return std::nullopt;
     std::vector<int> dimids(static_cast<std::size_t>(rank));
-    if (nc_inq_var(ncid, varid, room.get(), &variable.type, nullptr, dimids.data(), nullptr) !=
+    if (nc_inq_var(ncid, varid, nameRoom(), &variable.type, nullptr, dimids.data(), nullptr) !=
         NC_NOERR)
         return std::nullopt;
-    variable.name = room.text();
+    variable.name = nameInRoom();
     std::reverse(dimids.begin(), dimids.end());
     for (const int dimid : dimids) {
-        const std::optional<Dimension> dimension = readDimension(ncid, dimid, room);
+        const std::optional<Dimension> dimension = readDimension(ncid, dimid);
         variable.hasAllDimensions = variable.hasAllDimensions && dimension.has_value();
         variable.dimensions.push_back(dimension.value_or(Dimension()));
     }
