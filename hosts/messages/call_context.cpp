@@ -5,7 +5,6 @@
 
 #include "vx/text.h"
 
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -63,7 +62,8 @@ std::optional<double> FailedCall::number(std::string_view parameter) const
 std::optional<int> FailedCall::identifier(std::string_view parameter) const
 {
     const std::optional<double> value = number(parameter);
-    if (!value || !(std::fabs(*value) < std::numeric_limits<int>::max()))
+    using Limits = std::numeric_limits<int>;
+    if (!value || !(*value >= Limits::min() && *value <= Limits::max()))
         return std::nullopt;
     return static_cast<int>(*value);
 }

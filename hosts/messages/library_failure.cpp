@@ -78,6 +78,14 @@ std::string findFullTable(const FailedCall& call)
            "gridio(\"close\", ncid); gridio_open_files() lists them.";
 }
 
+// A copy is refused for what it is written to, unless the attribute is missing where it is read.
+std::string subjectOf(const std::string& codeName, const FailedCall& call)
+{
+    const bool isOut = call.has("ncid_out") && codeName != "NC_ENOTATT";
+    const std::optional<int> ncid = call.identifier(isOut ? "ncid_out" : "ncid");
+    return ncid ? subjectLine(*ncid, call.identifier(isOut ? "varid_out" : "varid")) : "";
+}
+
 std::string linesOf(const std::string& codeName, const FailedCall& call)
 {
     const char* general = statusAdvice(codeName);
@@ -93,8 +101,7 @@ std::string linesOf(const std::string& codeName, const FailedCall& call)
     std::string lines = found;
     if (general != nullptr && (found.empty() || !isReplaced))
         lines += (found.empty() ? "" : "\n") + std::string(general);
-    const std::optional<int> ncid = call.identifier(call.has("ncid_out") ? "ncid_out" : "ncid");
-    const std::string subject = ncid ? subjectLine(*ncid, call.identifier("varid")) : "";
+    const std::string subject = subjectOf(codeName, call);
     if (!subject.empty())
         lines += (lines.empty() ? "" : "\n") + subject;
     return lines;

@@ -108,6 +108,13 @@ std::string describeRange(int type)
 
 std::string findOtherKindOfValues(const FailedCall& call)
 {
+    if (const std::optional<double> xtype = call.number("xtype"))
+        return "The type asked for is " +
+               (*xtype == NC_CHAR || *xtype == NC_STRING
+                    ? typeName(-1, static_cast<nc_type>(*xtype))
+                    : numberText(*xtype)) +
+               ", and the values are numbers: give a numeric type, or write text with "
+               "\"putAttText\".";
     const std::optional<Values> values = valuesOfCall(call);
     if (!values)
         return "";

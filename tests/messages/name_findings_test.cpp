@@ -93,9 +93,20 @@ TEST_F(NameFinding, SuggestsANearAttribute)
         HasSubstr("no attribute of the number 1: it has 1 attribute, and they count from 0."));
 }
 
+TEST_F(NameFinding, NamesTheSideOfACopyThatIsMeant)
+{
+    const int from = makeFile();
+    const int to = createFile("to.nc");
+    EXPECT_THAT(messageOf("copyAtt", {from, 0, "unit", to, -1}),
+                HasSubstr("File \"" + folder.file("file.nc") + "\" (classic), variable \"t\""));
+    EXPECT_THAT(messageOf("copyAtt", {from, 0, "units", to, 3}),
+                HasSubstr("File \"" + folder.file("to.nc") + "\""));
+}
+
 TEST_F(NameFinding, NamesTheIdentifierThatIsNotOpen)
 {
     const int ncid = makeFile();
+    EXPECT_THAT(messageOf("inq", {2147483647}), HasSubstr("ncid is 2147483647"));
     EXPECT_THAT(messageOf("close", {12345678}),
                 AllOf(HasSubstr("\nncid is 12345678, which is not the identifier of an open file "
                                 "or group: it was closed, or "

@@ -69,6 +69,16 @@ TEST_F(TypeFinding, NamesTheOperationForTheType)
     EXPECT_THAT(messageOf("putVar1Text", {other, 0, 0, "a"}), HasSubstr("use \"putVar1UInt64\""));
 }
 
+TEST_F(TypeFinding, NamesTheTypeThatIsNotForNumbers)
+{
+    const int ncid = createFile("att.nc");
+    for (const auto& [xtype, name] :
+         {std::pair(NC_CHAR, "NC_CHAR"), std::pair(NC_STRING, "NC_STRING")})
+        EXPECT_THAT(messageOf("putAttDouble", {ncid, -1, "a", xtype, 1}),
+                    HasSubstr(std::string("The type asked for is ") + name +
+                              ", and the values are numbers"));
+}
+
 TEST_F(TypeFinding, NamesTheTypeThatAFileCannotHold)
 {
     const int classic = createFile("classic.nc", "clobber");
