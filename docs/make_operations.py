@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Makes what is read from the entries of docs/operations/.
 
-make_operations.py            writes docs/operations.md and what gridio_help reads
+make_operations.py            writes docs/operations.md, what gridio_help reads, and what the messages know of calls
 make_operations.py --texinfo  prints the chapter of the manual
 """
 import itertools
@@ -16,6 +16,7 @@ import operation_entries
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 MARKDOWN = ROOT / "docs" / "operations.md"
 TEXT = ROOT / "hosts" / "octave" / "inst" / "gridio_operations.txt"
+FORMS = ROOT / "hosts" / "messages" / "operation_form_rows.cpp"
 WIDTH = 80
 
 
@@ -216,6 +217,52 @@ def texinfo(entries):
     return "".join(line + "\n" for line in lines)
 
 
+# C++: how each operation is called, for the messages of errors.
+
+KINDS = {"int": "integer", "rawsingle": "rawSingle", "fillvalue": "fillValue"}
+CLASSES = {"double": "vxDOUBLE_CLASS", "single": "vxSINGLE_CLASS", "char": "vxCHAR_CLASS",
+           **{f"{sign}int{bits}": f"vx{sign.upper()}INT{bits}_CLASS" for sign in ("", "u") for bits in (8, 16, 32, 64)}}
+
+
+def camel(words):
+    first, *others = re.split(r"[ _]", words)
+    return first.lower() + "".join(word[0].upper() + word[1:].lower() for word in others)
+
+
+def parameter_constants(entries):
+    """{(name, name in errors, kind): name of its constant}"""
+    constants = {}
+    for argument in itertools.chain.from_iterable(entry.arguments for entry in entries):
+        key = (argument.name, argument.error_name, argument.kind)
+        name = camel(f"{argument.error_name.removesuffix(' name')} name" if argument.name == "name" else argument.name)
+        if key not in constants and name in constants.values():
+            name = camel(f"{argument.kind} {argument.name}")
+        constants.setdefault(key, name)
+    return constants
+
+
+def forms(entries):
+    constants = parameter_constants(entries)
+    lines = ["// SPDX-License-Identifier: BSD-3-Clause",
+             "// Made by docs/make_operations.py from docs/operations/: edit there.",
+             '#include "hosts/messages/operation_forms.h"', "", "#include <iterator>", "", "namespace hosts::messages {", "", "namespace {", "",
+             "// clang-format off"]
+    for (name, error_name, kind), constant in constants.items():
+        lines.append(f'constexpr Parameter {constant}{{"{name}", "{error_name}", '
+                     f'ParameterKind::{KINDS.get(kind, kind)}}};')
+    lines += ["", "constexpr OperationForm forms[] = {"]
+    for entry in entries:
+        parameters = [constants[a.name, a.error_name, a.kind] for a in entry.arguments]
+        data = [a.class_text.removesuffix(" array") for a in entry.arguments if a.kind == "data"]
+        lines.append(f'    {{"{entry.name}", "{entry.left()}", {{{", ".join(parameters)}}}, {len(parameters)}, '
+                     f'{CLASSES[data[0]] if data else "vxUNKNOWN_CLASS"}}},')
+    lines += ["};", "// clang-format on", "", "} // namespace", "",
+              "const OperationForm* beginOperationForms() { return std::begin(forms); }",
+              "const OperationForm* endOperationForms() { return std::end(forms); }", "",
+              "} // namespace hosts::messages"]
+    return "".join(line + "\n" for line in lines)
+
+
 def main(arguments):
     entries = operation_entries.read_entries()
     if arguments == ["--texinfo"]:
@@ -225,6 +272,7 @@ def main(arguments):
     else:
         MARKDOWN.write_text(markdown(entries), encoding="utf-8")
         TEXT.write_text(text(entries), encoding="utf-8")
+        FORMS.write_text(forms(entries), encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -48,10 +48,14 @@ class Entry:
     example: list
     prints: list
 
+    def left(self):
+        """What a script assigns the results to: '[a, b]', 'a', ''."""
+        names = [result.name for result in self.results]
+        return f"[{', '.join(names)}]" if len(names) > 1 else "".join(names)
+
     def call(self):
         """How a script calls it: '[a, b] = gridio("name", x)'."""
-        names = [result.name for result in self.results]
-        left = f"[{', '.join(names)}] = " if len(names) > 1 else "".join(f"{n} = " for n in names)
+        left = f"{self.left()} = " if self.results else ""
         quoted = [f'"{self.name}"'] + [argument.name for argument in self.arguments]
         return f"{left}gridio({', '.join(quoted)})"
 

@@ -2,12 +2,17 @@
 // One text per identifier, and how the arguments get into it.
 #include "hosts/messages/message_catalogue.h"
 
-#include "hosts/messages/status_advice.h"
+#include "hosts/messages/argument_findings.h"
+#include "hosts/messages/call_messages.h"
+#include "hosts/messages/library_failure.h"
+#include "hosts/messages/visible_text.h"
 
 #include "vx/text.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -55,15 +60,15 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:badModeDatatype",
      "The mode must be text, such as \"write\", or a number of class double or int32."},
     {"Ovard:gridio:netcdf:unrecognizedFileMode",
-     "\"{1}\" is no file mode. The words are \"clobber\", \"noclobber\", \"share\", \"write\", \"nowrite\", "
+     "\"{1}\" is not a file mode. The words are \"clobber\", \"noclobber\", \"share\", \"write\", \"nowrite\", "
      "\"netcdf4\", \"64bit_offset\" and \"classic_model\", also with \"nc_\" before them; to combine several, pass "
      "the sum of their constants as a number."},
     {"Ovard:gridio:netcdf:unrecognizedCharParameter",
-     "There is no constant \"{1}\": gridio(\"getConstantNames\") lists those that there are."},
+     "There is no constant \"{1}\": gridio(\"getConstantNames\") lists them."},
     {"Ovard:gridio:netcdf:unknownNetCDFFormat",
      "The file's format has the code {1}, which has no name here; the codes 1 to 4 have one."},
     {"Ovard:gridio:netcdf:inqVarNcGlobal",
-     "\"inqVar\" was given NC_GLOBAL (-1), which stands for the file itself and is no variable: use \"inq\" and "
+     "\"inqVar\" was given NC_GLOBAL (-1), which stands for the file itself, not for a variable: use \"inq\" and "
      "\"inqAtt\" for the file and its attributes."},
     {"Ovard:gridio:netcdf:invalidChunkParameter",
      "{1} chunk sizes were given, and the variable has {2} dimensions: give one size for each, fastest dimension "
@@ -71,22 +76,22 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:unrecognizedChunkStorage",
      "The storage of \"defVarChunking\" must be NC_CHUNKED (0) or NC_CONTIGUOUS (1)."},
     {"Ovard:gridio:netcdf:unrecognizedChunkingCode",
-     "The variable's storage has the code {1}, which is neither chunked (0) nor contiguous (1): it is to be read, "
-     "but its storage cannot be described here."},
+     "The variable's storage has the code {1}, which is neither chunked (0) nor contiguous (1): its values can "
+     "be read, but its storage cannot be described."},
     {"Ovard:gridio:netcdf:attemptedChunkingInquiryOnNetcdf3File",
-     "\"inqVarChunking\" is for netCDF-4 files, and this file is none: its variables are never chunked."},
+     "\"inqVarChunking\" is for netCDF-4 files, and this is not one: its variables are never chunked."},
     {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting",
      "The variable's checksum setting has the code {1}, which is neither none (0) nor Fletcher-32 (1)."},
     {"Ovard:gridio:netcdf:attemptedChecksumInquiryOnNetcdf3File",
-     "\"inqVarFletcher32\" is for netCDF-4 files, and this file is none: its variables never have a checksum."},
+     "\"inqVarFletcher32\" is for netCDF-4 files, and this is not one: its variables never have a checksum."},
     {"Ovard:gridio:netcdf:unhandledFillDatatype",
      "The variable's type has the number {1}, for which there is no fill value here: those that have one are the "
      "numeric types and char, 1 to 11."},
     {"Ovard:gridio:netcdf:postCreationFillValueDefinition",
-     "In a netCDF-4 file the fill value of a variable is no attribute to write: set it with \"defVarFill\", right "
+     "In a netCDF-4 file the fill value of a variable cannot be written as an attribute: set it with \"defVarFill\", right "
      "after \"defVar\"."},
     {"Ovard:gridio:netcdf:unhandledAttributeOperation",
-     "\"{1}\" is no attribute read of a known type."},
+     "\"{1}\" does not read attributes of a known type."},
     {"Ovard:gridio:netcdf:dataSizeMismatch",
      "The values do not fit the operation: they are too few or too many, or of another class. Give as many as the "
      "variable, or the part of it, holds, and of the class that the operation's name asks for: double for "
@@ -119,29 +124,21 @@ struct AsText : boost::static_visitor<std::string> {
     }
 };
 
+// A script may pass anything for a name.
+std::string shortened(std::string text)
+{
+    constexpr std::size_t mostBytes = 100000;
+    if (text.size() > mostBytes)
+        text.replace(mostBytes, std::string::npos, "...");
+    return text;
+}
+
 std::vector<std::string> argumentTexts(const msgcat::BaseMsgID& id)
 {
     std::vector<std::string> texts;
     for (const msgcat::MessageArgument& argument : id.arguments())
-        texts.push_back(boost::apply_visitor(AsText(), argument));
+        texts.push_back(visible(shortened(boost::apply_visitor(AsText(), argument))));
     return texts;
-}
-
-// In one pass, so that a brace inside an argument stays a brace.
-std::string fill(std::string_view text, const std::vector<std::string>& arguments)
-{
-    std::string filled;
-    while (!text.empty()) {
-        const bool isPlace = text.size() >= 3 && text[0] == '{' && text[2] == '}' &&
-                             text[1] >= '1' && text[1] <= '9';
-        const std::size_t place = isPlace ? static_cast<std::size_t>(text[1] - '1') : 0;
-        if (isPlace && place < arguments.size())
-            filled += arguments[place];
-        else if (!isPlace)
-            filled += text[0];
-        text.remove_prefix(isPlace ? 3 : 1);
-    }
-    return filled;
 }
 
 std::string textWithoutRow(std::string text, const std::vector<std::string>& arguments)
@@ -160,23 +157,52 @@ bool isLibraryFailure(std::string_view identifier)
            identifier == "Ovard:gridio:netcdf:librarydapFailure";
 }
 
+// A look at the call must not cost the message: of an error in making it, nothing is shown.
+template <class Look> auto lookedUp(const Look& look) -> decltype(look())
+{
+    try {
+        return look();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+std::string generalText(std::string_view identifier, const std::vector<std::string>& arguments)
+{
+    const auto row = std::find_if(std::begin(catalogue), std::end(catalogue),
+                                  [&](const Message& m) { return m.identifier == identifier; });
+    return row == std::end(catalogue) ? textWithoutRow(std::string(identifier), arguments)
+                                      : fillPlaces(row->text, arguments);
+}
+
+// What stands below the first lines: on lines of its own, so that the first stay as they are.
+std::string linesBelow(std::string_view identifier, const std::vector<std::string>& arguments,
+                       const FailedCall* call)
+{
+    if (isLibraryFailure(identifier) && arguments.size() > 1)
+        return libraryFailureLines(arguments[1], call);
+    return call == nullptr ? "" : argumentFinding(identifier, *call);
+}
+
 } // namespace
 
-std::string messageText(const msgcat::BaseMsgID& id)
+std::string messageText(const msgcat::BaseMsgID& id, const CallContext* context)
 {
     const std::string_view identifier = id.identifier();
     const std::vector<std::string> arguments = argumentTexts(id);
-    const auto row = std::find_if(std::begin(catalogue), std::end(catalogue),
-                                  [&](const Message& m) { return m.identifier == identifier; });
-    if (row == std::end(catalogue))
-        return textWithoutRow(id.identifier(), arguments);
+    const auto call = lookedUp(
+        [&] { return context == nullptr ? std::nullopt : std::optional<FailedCall>(*context); });
+    const FailedCall* known = call ? &*call : nullptr;
+    const std::optional<std::string> inCall = lookedUp([&] {
+        return known == nullptr ? std::nullopt : callMessage(identifier, arguments, *known);
+    });
 
-    std::string text = fill(row->text, arguments);
-    if (isLibraryFailure(identifier) && arguments.size() > 1) {
-        // On a line of its own: the first stays what the library says.
-        if (const char* advice = statusAdvice(arguments[1]))
-            text.append("\n").append(advice);
-    }
+    std::string text = inCall ? *inCall : generalText(identifier, arguments);
+    std::string below = lookedUp([&] { return linesBelow(identifier, arguments, known); });
+    if (below.empty())
+        below = lookedUp([&] { return linesBelow(identifier, arguments, nullptr); });
+    if (!below.empty())
+        text.append("\n").append(below);
     return text;
 }
 

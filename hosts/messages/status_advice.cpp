@@ -25,18 +25,19 @@ constexpr Advice advice[] = {
     {"21", "The path is that of a folder: add the name of a file."},
     {"22", "The operating system does not accept the call. When opening, the path is often that of a folder: add "
            "the name of a file."},
-    {"24", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid); "
-           "gridio_open_files() lists them."},
+    {"24", "The session has as many files open as the system allows it (\"ulimit -n\"): close those that are no longer "
+           "needed, each with gridio(\"close\", ncid); gridio_open_files() lists them."},
     {"27", "The file would be larger than the system allows this session to write (\"ulimit -f\")."},
     {"28", "The disk is full."},
     {"36", "The name of the file is too long for the file system: choose a shorter one."},
 
     // Files and identifiers.
     {"NC_EBADID", "ncid is not the identifier of an open file: the file was closed, or never opened. "
-                  "gridio_open_files() lists those that are open."},
+                  "gridio_open_files() lists those that are open. When opening or creating, the library has 65535 "
+                  "files open, and cannot open more."},
     {"NC_EBADGRPID", "The identifier of a group was given where that of a file is needed, or there is no such group."},
-    {"NC_ENFILE", "Too many files are open: close those that are no longer needed, each with gridio(\"close\", ncid); "
-                  "gridio_open_files() lists them."},
+    {"NC_ENFILE", "The library has as many files open as it can: close those that are no longer needed, each with "
+                  "gridio(\"close\", ncid); gridio_open_files() lists them."},
     {"NC_EEXIST", "The file exists, and the mode \"noclobber\" forbids replacing it: choose another name, or the "
                   "mode \"clobber\", which empties the file."},
     {"NC_EINVAL", "An argument has a value that the library does not accept: check the numbers and flags (two "
@@ -57,16 +58,15 @@ constexpr Advice advice[] = {
     {"NC_ETRUNC", "The file is shorter than it says: it was cut short, or not closed by the program that wrote it."},
 
     // Define mode.
-    {"NC_ENOTINDEFINE", "The file is in data mode, where nothing is defined: call gridio(\"redef\", ncid) first."},
-    {"NC_EINDEFINE", "The file is in define mode, where no data pass: call gridio(\"endDef\", ncid) first."},
+    {"NC_ENOTINDEFINE", "The file is in data mode, where definitions are not allowed: call gridio(\"redef\", ncid) first."},
+    {"NC_EINDEFINE", "The file is in define mode, where data cannot be read or written: call gridio(\"endDef\", ncid) first."},
     {"NC_ELATEDEF", "A variable's storage settings and fill value are set right after \"defVar\", before the "
                     "definitions end and data are written."},
     {"NC_ELATEFILL", "A fill value is set right after \"defVar\", before the definitions end and data are written."},
 
     // Names and identifiers inside a file.
-    {"NC_ENAMEINUSE", "The file or group already has a dimension, a variable, an attribute or a group of that name: "
-                      "choose another name, or use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find "
-                      "it)."},
+    {"NC_ENAMEINUSE", "A file or group has one dimension, variable, attribute or group of a name: choose another name, or "
+                      "use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find it)."},
     {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with "
                     "a blank."},
     {"NC_EMAXNAME", "A name may have at most 256 bytes."},
@@ -77,10 +77,10 @@ constexpr Advice advice[] = {
     {"NC_ENOTATT", "There is no such attribute: check its name and the variable; attributes of the file itself are "
                    "those of NC_GLOBAL (-1)."},
     {"NC_ENOGRP", "There is no such group: check the name. The file's root group has no parent."},
-    {"NC_EBADTYPE", "That type is unknown, is not to be had in this file's format (the unsigned, 64-bit and string "
+    {"NC_EBADTYPE", "That type is unknown, is not available in this file's format (the unsigned, 64-bit and string "
                     "types need netCDF-4), does not convert to the type asked for, or differs, for \"_FillValue\", "
                     "from its variable's."},
-    {"NC_EBADTYPID", "There is no type of that number: see gridio(\"getConstantNames\") for those that there are."},
+    {"NC_EBADTYPID", "There is no type of that number: see gridio(\"getConstantNames\") for those that exist."},
     {"NC_EUNLIMIT", "The classic formats allow one unlimited dimension: give this one a length, or create the file "
                     "with the mode \"netcdf4\"."},
     {"NC_EUNLIMPOS", "In the classic formats the unlimited dimension must be the slowest one: put it last in the list "
@@ -88,7 +88,7 @@ constexpr Advice advice[] = {
     {"NC_EDIMSIZE", "The length is larger than this file's format allows: create the file with the mode \"netcdf4\"."},
     {"NC_EVARSIZE", "The variable is larger than this file's format allows: create the file with the mode "
                     "\"64bit_offset\" or \"netcdf4\"."},
-    {"NC_EGLOBAL", "NC_GLOBAL stands for the file itself and is no variable here."},
+    {"NC_EGLOBAL", "NC_GLOBAL stands for the file itself, which is not a variable."},
     {"NC_ESTRICTNC3", "The file keeps to the classic model: groups, more than one unlimited dimension, and the "
                       "unsigned, 64-bit and string types need \"netcdf4\" without \"classic_model\"."},
     {"NC_ENOTNC4", "Groups, chunking, compression and checksums need a netCDF-4 file: create it with the mode "
@@ -115,7 +115,7 @@ constexpr Advice advice[] = {
                "network."},
     {"NC_EDAPSVC", "The remote server was not reached, or answered with an error: check the address, or try later."},
     {"NC_EDAPURL", "The file name is empty, or the address of the remote data set is malformed."},
-    {"NC_EDAPCONSTRAINT", "The constraint at the end of the address is malformed, or names what the data set has not."},
+    {"NC_EDAPCONSTRAINT", "The constraint at the end of the address is malformed, or names something that the data set does not have."},
     {"NC_ENODATA", "The remote data set has no data for this request."},
 };
 // clang-format on

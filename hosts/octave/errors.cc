@@ -2,6 +2,7 @@
 #include "errors.h"
 
 #include "hosts/messages/message_catalogue.h"
+#include "hosts/messages/visible_text.h"
 
 #include <octave/error.h>
 #include <octave/oct.h>
@@ -13,21 +14,11 @@ namespace hosts::oct {
 
 namespace {
 
-// The interpreter's messages end at a NUL, which a script may have put into an argument: it is
-// shown as \0.
-std::string withVisibleNuls(const std::string& text)
-{
-    std::string visible;
-    for (const char c : text)
-        visible += c == '\0' ? std::string("\\0") : std::string(1, c);
-    return visible;
-}
-
 // Never fails: an error without its text is better than none.
-std::string textOf(const msgcat::BaseMsgID& id)
+std::string textOf(const msgcat::BaseMsgID& id, const messages::CallContext* call)
 {
     try {
-        return withVisibleNuls(messages::messageText(id));
+        return messages::messageText(id, call);
     } catch (const std::exception&) {
         return id.identifier();
     }
@@ -35,9 +26,9 @@ std::string textOf(const msgcat::BaseMsgID& id)
 
 } // namespace
 
-void raiseMessage(const msgcat::BaseMsgID& id)
+void raiseMessage(const msgcat::BaseMsgID& id, const messages::CallContext& call)
 {
-    const std::string text = textOf(id);
+    const std::string text = textOf(id, &call);
     error_with_id(id.identifier(), "%s", text.c_str());
 }
 
@@ -45,13 +36,13 @@ void raiseInternal(const char* what)
 {
     error_with_id("Ovard:gridio:host:internal",
                   "gridio: internal error: %s; please report this, with the call that caused it",
-                  what);
+                  messages::visible(what).c_str());
 }
 
 } // namespace hosts::oct
 
-// Returns, so that the module throws: the entry point turns the exception into an error once the
-// module's objects are gone.
+// Returns, so that the module throws: the call turns the exception into an error once the module's
+// objects are gone, while its own arguments are still there.
 void vxRaiseException(const fnd::except::IUserException&) {}
 
 void vxWarningMsgId(const msgcat::BaseMsgID& id)

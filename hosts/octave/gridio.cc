@@ -2,6 +2,7 @@
 // gridio (OPNAME, ...): the entry from the interpreter, which no foreign exception ever leaves.
 #include "call.h"
 #include "errors.h"
+#include "raw_bytes.h"
 #include "vx/plug.h"
 
 #include <octave/oct.h>
@@ -21,7 +22,11 @@ octave_value_list callModule(const octave_value_list& args, int nargout)
         arguments[i] = call.add(args(i));
 
     vxArray* results[plugResultSlots] = {};
-    plugFunction(nargout, results, static_cast<int>(count), arguments);
+    try {
+        plugFunction(nargout, results, static_cast<int>(count), arguments);
+    } catch (const fnd::except::IMsgIDException& failure) {
+        hosts::oct::raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count)});
+    }
 
     // All of them, whatever the script asked for: the interpreter drops what is too much.
     octave_idx_type used = 0;
@@ -36,6 +41,7 @@ octave_value_list callModule(const octave_value_list& args, int nargout)
 octave_value_list callGuarded(const octave_value_list& args, int nargout)
 {
     try {
+        hosts::oct::warnOfRawBytes(args);
         return callModule(args, nargout);
     } catch (const octave::execution_exception&) {
         throw;
@@ -45,8 +51,6 @@ octave_value_list callGuarded(const octave_value_list& args, int nargout)
         throw;
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const fnd::except::IMsgIDException& failure) {
-        hosts::oct::raiseMessage(failure.messageId());
     } catch (const std::exception& failure) {
         hosts::oct::raiseInternal(failure.what());
     } catch (...) {

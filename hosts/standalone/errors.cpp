@@ -52,7 +52,7 @@ std::string Raised::name() const { return identifier.substr(identifier.rfind(':'
 
 Raised describe(const msgcat::BaseMsgID& id)
 {
-    Raised raised{id.identifier(), {}, hosts::messages::messageText(id)};
+    Raised raised{id.identifier(), {}, hosts::messages::messageText(id, ledger().call)};
     for (const msgcat::MessageArgument& argument : id.arguments())
         raised.arguments.push_back(boost::apply_visitor(AsArgument(), argument));
     return raised;

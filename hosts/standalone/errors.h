@@ -30,6 +30,7 @@ struct Raised {
 extern const char* const outOfMemoryIdentifier;
 extern const char* const internalErrorIdentifier;
 
+// Its text looks at the call that is under way, if there is one.
 Raised describe(const msgcat::BaseMsgID& id);
 
 // The exception in flight, whatever it is. Called in a catch block.

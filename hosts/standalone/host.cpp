@@ -44,18 +44,22 @@ Host::~Host()
 Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs)
 {
     Outcome outcome;
+    std::vector<const vxArray*> arguments; // outlive the call: an error's text looks at them
+    hosts::messages::CallContext context{};
     try {
-        std::vector<const vxArray*> arguments;
         arguments.reserve(everyArgument.size());
         for (const Value& argument : everyArgument)
             arguments.push_back(argument.array());
         std::vector<vxArray*> slots(static_cast<std::size_t>(std::max(nlhs, plugResultSlots)));
+        context = {arguments.data(), arguments.size()};
+        books_.call = &context;
 
         plugFunction(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
         outcome.results = takeResults(slots);
     } catch (...) {
         outcome.raised = describeCurrentException();
     }
+    books_.call = nullptr;
     books_.created.clear(); // what was not returned ends with the call
     return outcome;
 }

@@ -6,6 +6,8 @@
 #include "hosts/standalone/array.h"
 #include "hosts/standalone/errors.h"
 
+#include "hosts/messages/call_context.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -36,6 +38,8 @@ struct Ledger {
     std::size_t unloadRegistrations = 0;
 
     bool hasHost = false;
+
+    const hosts::messages::CallContext* call = nullptr; // the one that is under way
 
     Ledger();
 

@@ -95,6 +95,9 @@ class Generated(unittest.TestCase):
         self.assertTrue(text == make_operations.text(ENTRIES), self.remedy)
         self.assertLessEqual(max(map(len, text.splitlines())), 80)
 
+    def test_forms_of_the_messages_are_up_to_date(self):
+        self.assertTrue(make_operations.FORMS.read_text("utf-8") == make_operations.forms(ENTRIES), self.remedy)
+
     def test_links_of_the_markdown_lead_to_headings(self):
         text = make_operations.markdown(ENTRIES)
         headings = [make_operations.anchor(title) for title in re.findall(r"^##+ (.+)$", text, re.M)]

@@ -85,7 +85,7 @@ def check_made(folder):
             ([path, "packed", "a.png", "0,0,0", "2,2,2"], count),
             ([path, "packed", "a.png", "0,0,0", "0,2,1"], count),
             ([path, "packed", "a.png", "0,0,0", "5000,2,1"], count),
-            ([path, "packed", "a.png", "0,0", "2,2"], 'START of variable "packed" must have one'),
+            ([path, "packed", "a.png", "0,0", "2,2"], 'START needs 3 elements, one for each dimension of variable "packed"'),
             ([path, "packed", "a.png", "0,0,0", "7,2,1"], "getVarsShort: NC_EEDGE")):
         check_failure(folder, path, arguments, expected)
 

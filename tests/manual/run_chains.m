@@ -1,6 +1,7 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % run_chains.m STEPS: runs the steps of every chain in the folder STEPS/N, in a scratch folder each and in one session.
-% NN.code is run, NN.shell given to the shell, NN.file.NAME written; NN.out becomes what a step printed.
+% NN.code is run, NN.shell given to the shell, NN.file.NAME written; NN.out becomes what a step printed, with the folder that
+% the manual's reader works in, /home/you/data, in place of the scratch folder.
 1;
 
 function run_chain (steps__)
@@ -20,6 +21,7 @@ function run_chain (steps__)
       case "file"
         save_text (strjoin (parts__(3:end), "."), text__);
     endswitch
+    printed__ = strrep (printed__, pwd (), "/home/you/data");
     save_text (fullfile (steps__, [parts__{1} ".out"]), printed__);
   endfor
 endfunction

@@ -1,6 +1,8 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % What the library receives of each kind of value that the interpreter has, as ncdump shows it.
 1;
+% Values of every class are written on purpose.
+warning ("off", "Ovard:gridio:octave:rawBytes");
 
 % Every kind of value, with the suffix that takes it as it lies in memory and the netCDF type for it.
 function kinds = numeric_kinds ()

@@ -1,6 +1,8 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % A parade: operations of every family with every odd value in every place. Nothing but an error of gridio's own, or
 % success, may come of it, and the session goes on.
+% Values of every class are written on purpose.
+warning ("off", "Ovard:gridio:octave:rawBytes");
 global impostorCalls
 impostorCalls = {};
 odd = {[], '', "", "text", "é", ["ab"; "cd"], {}, {1, "a"}, struct(), @sin, containers.Map(), Impostor(), ...

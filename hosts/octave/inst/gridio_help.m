@@ -44,7 +44,7 @@ function text = gridio_help (operation)
     if (! any (known))
       error ("Ovard:gridio:help:unknownOperation", ...
              "gridio_help: there is no operation \"%s\"; %s", ...
-             operation, advice (nearest_names (operation, names)));
+             visible_text (operation), advice (nearest_names (operation, names)));
     endif
     found = entries{known}(2:end);
   endif
@@ -170,6 +170,11 @@ endfunction
 %! for operation = {"", "help!", "%d@@ \n"}
 %!   assert (! isempty (strfind (message_for (operation{1}), "gridio_help () lists all")));
 %! endfor
+
+%!test
+%! ## Control characters do not reach the terminal.
+%! assert (! isempty (strfind (message_for ("op\x1b[2J\xc2\x9bx\n"), '"op\x1B[2J\x9Bx\x0A"')));
+%! assert (! isempty (strfind (message_for ("caf\xc3\xa9\0"), "\"caf\xc3\xa9\\0\"")));
 
 %!error <too many inputs> gridio_help ("open", "close")
 %!error id=Ovard:gridio:help:nameWasNotChar gridio_help (1)

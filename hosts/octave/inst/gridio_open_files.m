@@ -53,7 +53,8 @@ function print_table (list)
 
   printf ("%10s  %-5s  %-22s  %-10s  %s\n", "ncid", "mode", "format", "unload", "path");
   for file = list'
-    printf ("%10d  %-5s  %-22s  %-10s  %s\n", file.ncid, file.mode, file.format, file.unload, file.path);
+    printf ("%10d  %-5s  %-22s  %-10s  %s\n", file.ncid, file.mode, file.format, file.unload, ...
+            visible_text (file.path));
   endfor
   if (any (strcmp ({list.unload}, "not closed")))
     puts ("Close those marked \"not closed\" yourself: unloading gridio does not, and their data may be lost.\n");
@@ -105,6 +106,16 @@ endfunction
 %! ncid = listed (path).ncid;
 %! gridio ("defGrp", ncid, "one");
 %! assert (numel (gridio_open_files ()), before + 1);
+%! gridio ("close", ncid);
+%! delete (path);
+
+%!test
+%! ## Control characters in a path do not reach the terminal.
+%! path = [tempname() "\x1b[2J.nc"];
+%! ncid = gridio ("create", path, "clobber");
+%! shown = evalc ("gridio_open_files ()");
+%! assert (isempty (strfind (shown, "\x1b")));
+%! assert (! isempty (strfind (shown, '\x1B[2J.nc')));
 %! gridio ("close", ncid);
 %! delete (path);
 

@@ -3,12 +3,11 @@
 // its identifier, crashes on many uses of it, and never gives it out again.
 #pragma once
 
+#include "abandoned_files.h"
+
 namespace Ovard::gridio {
 
 // nc_close. When it fails after it has torn the file down, the file is abandoned.
 int closeOrAbandon(int ncid);
-
-// Whether the identifier is that of an abandoned file, or of one of its groups.
-bool isAbandonedFile(int ncid);
 
 } // namespace Ovard::gridio

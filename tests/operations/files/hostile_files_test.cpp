@@ -125,6 +125,7 @@ TEST_F(HostileFiles, WithNamesOfAnyLengthAreDescribed)
         EXPECT_THAT(attempt("getVar1Int", {ncid, 0, row({0, 0})}),
                     raises("badIndexArgumentLength", {"START", name, 1L, 2L}));
         EXPECT_FALSE(attempt("defVarFill", {ncid, 0, false, 1}).succeeded()) << length;
+        EXPECT_LT(attempt("inqVarID", {ncid, "m"}).raised->message.size(), 2000U) << length;
         closeFile(ncid);
     }
 }

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The texts of errors whose call is known, in place of the general ones of message_catalogue.cpp.
+#pragma once
+
+#include "hosts/messages/call_context.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace hosts::messages {
+
+// {1}, {2}, ... in the text replaced by the arguments, in one pass, so that a brace inside an
+// argument stays a brace.
+std::string fillPlaces(std::string_view text, const std::vector<std::string>& arguments);
+
+// The text for the identifier with its arguments, if there is a better one than the general text.
+std::optional<std::string> callMessage(std::string_view identifier,
+                                       const std::vector<std::string>& arguments,
+                                       const FailedCall& call);
+
+} // namespace hosts::messages

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The words for the mode in which a file is opened or created.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace hosts::messages {
+
+// Those that a word may stand for that is none: a misspelt one, or one of another program, such as
+// "r" or "read".
+std::vector<std::string> nearModeWords(std::string_view word);
+
+} // namespace hosts::messages

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// How each operation is called: the names and kinds of its arguments, as its entry in
+// docs/operations/ has them.
+#pragma once
+
+#include "vx/array.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace hosts::messages {
+
+enum class ParameterKind {
+    integer,
+    size,
+    text,
+    flag,
+    mode,
+    row,
+    index,
+    stride,
+    rawSingle,
+    fillValue,
+    data
+};
+
+struct Parameter {
+    std::string_view name;      // as the form of the call shows it: "ncid", "START"
+    std::string_view errorName; // as the module's errors call it: "deflate level"
+    ParameterKind kind;
+};
+
+struct OperationForm {
+    static constexpr std::size_t mostParameters = 6;
+
+    std::string_view name;
+    std::string_view results; // "[name, dim_length]", "varid"; empty without results
+    Parameter parameters[mostParameters];
+    std::size_t parameterCount;
+    vxClassID dataClass; // of the values that it writes; vxUNKNOWN_CLASS if it writes none
+};
+
+const OperationForm* beginOperationForms();
+const OperationForm* endOperationForms();
+
+// Null for a name that is no operation's.
+const OperationForm* findOperationForm(std::string_view name);
+
+// 'varid = gridio ("defVar", ncid, name, xtype, dimids)'
+std::string callText(const OperationForm& form);
+
+} // namespace hosts::messages
