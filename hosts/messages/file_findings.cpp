@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Findings about whole files: opening, creating, reading and writing them.
+#include "hosts/messages/address_findings.h"
 #include "hosts/messages/file_contents.h"
 #include "hosts/messages/file_locks.h"
 #include "hosts/messages/findings.h"
@@ -98,9 +99,13 @@ std::string findNotWritable(const FailedCall& call)
 std::string findExistingFile(const FailedCall& call)
 {
     const std::optional<std::string> path = call.text("file");
-    if (!path || isAddress(*path))
+    if (!path)
         return "";
-    return "There is already a file " + inQuotes(resolvedPath(*path)) + ".";
+    if (isAddress(*path))
+        return findAddressProblem(*path);
+    return "There is already a file " + inQuotes(resolvedPath(*path)) +
+           ", and the mode \"noclobber\" forbids replacing it: choose another name, or the mode "
+           "\"clobber\", which empties the file.";
 }
 
 } // namespace hosts::messages

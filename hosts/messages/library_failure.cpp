@@ -47,7 +47,7 @@ constexpr Finder finders[] = {
     {"NC_ESTRICTNC3",   findUnfitFormat,       Advice::follows},
     {"NC_EBADCHUNK",    findBadChunkSize,      Advice::follows},
     {"NC_EPERM",        findNotWritable,       Advice::isReplaced},
-    {"NC_EEXIST",       findExistingFile,      Advice::follows},
+    {"NC_EEXIST",       findExistingFile,      Advice::isReplaced},
 
     {"NC_EHDFERR",      findFileProblem,       Advice::isReplaced},
     {"NC_EFILEMETA",    findFileProblem,       Advice::isReplaced},

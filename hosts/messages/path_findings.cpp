@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "hosts/messages/path_findings.h"
 
+#include "hosts/messages/address_findings.h"
+
 #include "hosts/messages/file_contents.h"
 #include "hosts/messages/file_locks.h"
 #include "hosts/messages/near_names.h"
@@ -191,8 +193,10 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
 {
     if (path.empty())
         return "The name of the file is empty.";
-    if (isAddress(path) || path.find('\0') != std::string::npos)
+    if (path.find('\0') != std::string::npos)
         return "";
+    if (isAddress(path))
+        return findAddressProblem(path);
     if (path.size() >= PATH_MAX)
         return "The path is too long: it has " + std::to_string(path.size()) +
                " bytes. Choose a shorter one.";

@@ -8,8 +8,8 @@ namespace hosts::messages {
 
 enum class Purpose { reading, writing, creating };
 
-// Sentences that name the path as it was resolved, or nothing when nothing was found. An address
-// ("https://...", "file://...") is not looked at. Writes nothing.
+// Sentences that name the path as it was resolved, or nothing when nothing was found. Writes
+// nothing.
 std::string findPathProblem(const std::string& path, Purpose purpose);
 
 // That the file system of the path is full, or the session may not write so large a file.

@@ -5,8 +5,10 @@
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
 #include "library/guards/blocking_files.h"
+#include "library/guards/emptied_files.h"
 #include "library/guards/endless_addresses.h"
 #include "library/guards/files_in_memory.h"
+#include "library/guards/full_tables.h"
 #include "library/guards/misread_paths.h"
 #include "library/guards/replaced_folders.h"
 #include "library/guards/unregistered_formats.h"
@@ -14,6 +16,8 @@
 #include "open_file_registry.h"
 
 #include <netcdf.h>
+
+#include <cerrno>
 
 namespace Ovard::gridio::operations {
 namespace {
@@ -29,6 +33,10 @@ int refusalToCreate(const std::string& file, int mode)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
         return NC_EINVAL;
+    if (overflowsFileTable(mode))
+        return NC_ENFILE;
+    if (emptiesLockedFile(file, mode))
+        return EACCES; // as HDF5 reports it
     return harmsFolder(file, mode) ? NC_EEXIST : NC_NOERR;
 }
 

@@ -2,7 +2,9 @@
 // What the netCDF library does by itself, with nothing of this project between: the faults of
 // docs/limits.md, each in a process of its own. Tells which of them show; fails when one does not
 // that release 4.9.0 has, since a guard or a warning may then be dropped.
+#include <fcntl.h>
 #include <netcdf.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -174,6 +176,28 @@ const Fault faults[] = {
          int ndims = 0;
          nc_inq_varndims(ncid, 0, &ndims);
          return nc_close(ncid) != NC_NOERR;
+     }},
+    {"nc_create of a netCDF-4 file over one that is locked",
+     [] {
+         nc_close(createNetcdf4());
+         const int other = open(file.c_str(), O_RDONLY);
+         flock(other, LOCK_SH);
+         create(NC_NETCDF4);
+         return std::filesystem::file_size(file) == 0;
+     }},
+    {"nc_create of a netCDF-4 file with 65,535 files open",
+     [] {
+         const rlimit many = {70000, 70000};
+         setrlimit(RLIMIT_NOFILE, &many);
+         nc_close(create(NC_CLOBBER));
+         int ncid = 0;
+         while (nc_open(file.c_str(), NC_NOWRITE, &ncid) == NC_NOERR) {
+         }
+         if (ncid >> 16 < 0xFFFF)
+             return true; // the system does not allow so many descriptors
+         const std::string other = file + ".other";
+         nc_create(other.c_str(), NC_NETCDF4, &ncid);
+         return false;
      }},
     {"nc_create of a path that begins with a blank",
      [] {

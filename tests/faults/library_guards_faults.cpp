@@ -200,5 +200,15 @@ TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
         host.attempt("close", {ncid});
 }
 
+TEST_F(LibraryGuards, AFullTableOfFilesIsNotGivenANetcdf4File)
+{
+    LibraryStandIn library;
+    library.answers = {{"nc_inq_path", NC_NOERR}};
+    EXPECT_THAT(host.attempt("create", {folder.file("x.nc"), "netcdf4"}),
+                failsWithStatus("create", NC_ENFILE));
+    EXPECT_EQ(std::count(library.calls.begin(), library.calls.end(), "nc_create"), 0);
+    host.call("close", {host.call("create", {folder.file("x.nc"), "clobber"}).at(0)});
+}
+
 } // namespace
 } // namespace faults

@@ -153,7 +153,23 @@ TEST_F(FileFinding, NamesTheFileThatExists)
 {
     const std::string path = makeNetcdf4();
     EXPECT_THAT(messageOf("create", {path, "noclobber"}),
-                HasSubstr("There is already a file \"" + path + "\"."));
+                HasSubstr("There is already a file \"" + path + "\", and the mode \"noclobber\""));
+}
+
+TEST_F(FileFinding, NamesTheFolderThatAZarrStoreWouldReplace)
+{
+    makeNetcdf4();
+    EXPECT_THAT(messageOf("create", {"file://" + folder.path() + "#mode=zarr,file", "netcdf4"}),
+                AllOf(StartsWith("create: NC_EEXIST: "),
+                      HasSubstr("\nThe folder \"" + folder.path() + "\" holds something"),
+                      Not(HasSubstr("clobber\", which empties"))));
+}
+
+TEST_F(FileFinding, SaysHowAZarrAddressEnds)
+{
+    for (const char* operation : {"open", "create"})
+        EXPECT_THAT(messageOf(operation, {"file:///nowhere#mode=zarr", "netcdf4"}),
+                    HasSubstr("write \"#mode=zarr,file\""));
 }
 
 TEST_F(FileFinding, SaysThatAFileWasAbandoned)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "library/guards/misread_paths.h"
 
-#include <netcdf.h>
+#include "library/storage_model.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -25,16 +25,6 @@ bool isMisunderstood(const std::string& path)
     const char first = path.empty() ? '/' : path[0];
     return isSkipped(first) || first == '\\' ||
            (path.size() > 1 && isLetter(first) && path[1] == ':');
-}
-
-bool createsNetcdf4(int mode)
-{
-    if ((mode & (NC_64BIT_OFFSET | NC_64BIT_DATA | NC_CLASSIC_MODEL | NC_NETCDF4)) != 0)
-        return (mode & NC_NETCDF4) != 0;
-    int usual = 0;
-    static_cast<void>(nc_set_default_format(NC_FORMAT_CLASSIC, &usual)); // the one way to ask
-    static_cast<void>(nc_set_default_format(usual, nullptr));
-    return usual == NC_FORMAT_NETCDF4 || usual == NC_FORMAT_NETCDF4_CLASSIC;
 }
 
 // A file of the classic formats, which the library opens by the path as it stands.

@@ -8,8 +8,11 @@
 #include <netcdf.h>
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -166,6 +169,29 @@ TEST_F(CrashGuards, AReadOnlyFileThatIsTruncatedCanStillBeClosed)
     const int ncid = id("open", {folder.file("short.nc"), "nowrite"});
     std::filesystem::resize_file(folder.file("short.nc"), 5);
     host.call("close", {ncid});
+}
+
+// Another process has the file open, and has locked it as HDF5 does.
+TEST_F(CrashGuards, AFileThatIsLockedIsNotEmptied)
+{
+    const std::string path = folder.file("locked.nc");
+    const int made = id("create", {path, "netcdf4"});
+    host.call("putAttText", {made, NC_GLOBAL, "title", "kept"});
+    host.call("close", {made});
+    const auto size = std::filesystem::file_size(path);
+    for (const int lock : {LOCK_SH, LOCK_EX}) {
+        const int other = ::open(path.c_str(), O_RDONLY);
+        ASSERT_EQ(flock(other, lock), 0);
+        for (const auto& mode : {Value("netcdf4"), Value(NC_NETCDF4 | NC_CLASSIC_MODEL)}) {
+            EXPECT_THAT(attempt("create", {path, mode}),
+                        raises("libraryFailure", {"create", "13", "Permission denied"}));
+            EXPECT_THAT(attempt("pCreate", {path, mode, 0, 0}),
+                        raises("libraryFailure", {"pCreate", "13", "Permission denied"}));
+        }
+        EXPECT_EQ(std::filesystem::file_size(path), size);
+        ::close(other);
+    }
+    host.call("close", {number("create", {path, "netcdf4"})});
 }
 
 } // namespace
