@@ -24,6 +24,11 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
         moduleBody()({nlhs, results, nrhs, arguments});
 }
 
+void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    plugFunction(nlhs, results, nrhs, arguments);
+}
+
 void HostContract::moduleDoes(ModuleBody body) { moduleBody() = std::move(body); }
 
 standalone::Outcome HostContract::inCall(ModuleBody body,

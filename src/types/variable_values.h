@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Values of variables of any type but the library's numbers and characters, for which readBlock and
+// writeBlock are.
+#pragma once
+
+#include "data/elements/blocks.h"
+#include "types/library_values.h"
+
+namespace Ovard::gridio {
+
+// The values of a block, read when it is constructed. Raises the library's failures.
+class BlockValues {
+public:
+    BlockValues(Variable& variable, const Type& type, const Block& block);
+
+    ReadPlaces places() const { return {first_, count_, size_}; }
+
+private:
+    int read(Variable& variable, const Block& block);
+    int readPartly(Variable& variable, const LibraryBlock& block);
+
+    const Type& type_;
+    std::size_t count_;
+    std::size_t size_;
+    LibraryValues values_;
+    LibraryValues fill_;        // for elements that were never written
+    HostMemory<char> together_; // written values and fill values, which the two above own
+    const char* first_;
+};
+
+// Writes as many values as the block holds. Returns the library's status.
+int writeValues(Variable& variable, const Block& block, const void* values);
+
+} // namespace Ovard::gridio
