@@ -128,8 +128,8 @@ constexpr Message catalogue[] = {
      "The fields of the compound type \"{1}\" do not lie as in a C structure, and the library would read them wrong. "
      "Define them so: {2}."},
     {"Ovard:gridio:any:foreignType",
-     "The file stores values of the type \"{1}\" packed, or in another byte order than this machine's, and the library "
-     "would write them wrong. They can be read: copy them to a new file, and write there."},
+     "The file stores values of the type \"{1}\" in a form of its own (packed, with a fixed length, or in another byte "
+     "order), and the library would write them wrong. They can be read: copy them to a new file, and write there."},
     {"Ovard:gridio:any:unrecognizedWord",
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
 };

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing attributes of any type.
 #include "any/any_arguments.h"
-#include "any_error_identifiers.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/fill_attributes.h"
 #include "error_identifiers.h"
-#include "library/guards/foreign_layouts.h"
 #include "library/guards/generated_attributes.h"
 #include "library/guards/mismatched_fill_values.h"
-#include "types/library_values.h"
 #include "types/value_reading.h"
 #include "types/value_writing.h"
+#include "types/variable_values.h"
 
 #include <algorithm>
 
@@ -77,8 +75,7 @@ void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
     const Type& type = types.root();
     const std::size_t count = countValues(type, args[4]);
     const OutgoingValues values(type, args[4], count);
-    if (type.id > NC_MAX_ATOMIC_TYPE && !isStoredAsInMemory(ncid, xtype, entry))
-        vxErrMsgId(any::foreignType(type.name));
+    requireWritable(ncid, type, entry);
     requireMatchingFillValue(ncid, varid, name, xtype, count, entry);
     checkStatus(nc_put_att(ncid, varid, name.c_str(), xtype, count, values.get()), entry);
 }

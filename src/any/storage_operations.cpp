@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Byte order, filters, quantisation, chunk caches and fill values of variables.
 #include "any/any_arguments.h"
-#include "any_error_identifiers.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
-#include "library/guards/foreign_layouts.h"
-#include "types/library_values.h"
 #include "types/value_reading.h"
 #include "types/value_writing.h"
+#include "types/variable_values.h"
 
 #include <netcdf_filter.h>
 
@@ -179,8 +177,7 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
 
     const TypeTree types(ncid, typeOf(ncid, varid, entry), entry);
     const OutgoingValues value(types.root(), args[3], 1);
-    if (!isStoredAsInMemory(ncid, types.root().id, entry))
-        vxErrMsgId(any::foreignType(types.root().name));
+    requireWritable(ncid, types.root(), entry);
     checkStatus(nc_def_var_fill(ncid, varid, NC_FILL, value.get()), entry);
 }
 

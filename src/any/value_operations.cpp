@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing values of variables of any type.
-#include "any_error_identifiers.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/block_arguments.h"
 #include "data/elements/element_storage.h"
 #include "data/elements/shapes.h"
 #include "error_identifiers.h"
-#include "library/guards/foreign_layouts.h"
 #include "types/value_reading.h"
 #include "types/value_writing.h"
 #include "types/variable_values.h"
@@ -87,13 +85,6 @@ void readResults(TypedVariable& typed, const Block& block, int nlhs, vxArray* re
             readValues(typed.type(), values.places(), shapeOf(block), EnumerationForm::labels);
 }
 
-void requireStoredAsInMemory(const TypedVariable& typed)
-{
-    const Variable& variable = typed.variable;
-    if (!isStoredAsInMemory(variable.ncid(), typed.type().id, variable.entry()))
-        vxErrMsgId(any::foreignType(typed.type().name));
-}
-
 void write(TypedVariable& typed, const Block& block, const vxArray* data)
 {
     const Type& type = typed.type();
@@ -103,8 +94,7 @@ void write(TypedVariable& typed, const Block& block, const vxArray* data)
                     typed.variable.entry());
         return;
     }
-    requireStoredAsInMemory(typed);
-    checkStatus(writeValues(typed.variable, block, values.get()), typed.variable.entry());
+    writeValues(typed.variable, type, block, values.get());
 }
 
 // Raises emptyVariableData for no values. Those of a structure are counted field by field when they

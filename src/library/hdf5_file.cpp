@@ -113,7 +113,7 @@ try {
     const std::vector<hid_t> files = openHdf5Files();
     const auto newest = std::max_element(files.begin(), files.end());
     if (newest != files.end())
-        notedFiles[fileIdOf(ncid)] = {*newest, false, {}};
+        notedFiles[fileIdOf(ncid)] = {*newest, false, {}, {}};
 } catch (const std::bad_alloc&) {
     forgetFile(ncid);
 }

@@ -59,6 +59,7 @@ struct NotedFile {
     hid_t hdf5 = H5I_INVALID_HID;
     bool isInquired = false; // every variable was (renamed_dimensions.h)
     std::map<std::pair<int, int>, WrittenExtents> extents; // as last seen, by group and variable
+    std::map<std::pair<int, int>, bool> haveFixedLength;   // strings, by group and variable
 };
 
 // Remembers the HDF5 file behind an identifier that nc_open or nc_create has just returned: with

@@ -39,24 +39,6 @@ bool describeAtomic(Type& type)
     return true;
 }
 
-// Raises unalignedType, with the layout that would do, unless the fields lie as in a C structure.
-void requireCStructure(Type& type)
-{
-    CStructure structure;
-    std::string layout;
-    bool isOne = true;
-    for (const Field& field : type.fields) {
-        const std::size_t offset =
-            structure.add(field.count * field.type->size, field.type->alignment);
-        isOne = isOne && offset == field.offset;
-        layout += "'" + field.name + "' at " + std::to_string(offset) + ", ";
-    }
-    if (!isOne || structure.size() != type.size)
-        vxErrMsgId(
-            any::unalignedType(type.name, layout + "size " + std::to_string(structure.size())));
-    type.alignment = structure.alignment();
-}
-
 bool isInteger(const Type& type)
 {
     return type.kind == TypeKind::number && type.id != NC_FLOAT && type.id != NC_DOUBLE;
@@ -132,6 +114,7 @@ void TypeTree::describeVlen(Type& type, nc_type base)
         raiseDamaged(type);
     type.base = describe(base);
     type.holdsLabels = type.base->holdsLabels;
+    type.isWritable = type.base->isWritable;
 }
 
 void TypeTree::describeEnumeration(Type& type, nc_type base, std::size_t memberCount)
@@ -154,13 +137,40 @@ void TypeTree::describeEnumeration(Type& type, nc_type base, std::size_t memberC
 void TypeTree::describeCompound(Type& type, std::size_t fieldCount)
 {
     type.kind = TypeKind::compound;
+    if (fieldCount == 0)
+        raiseDamaged(type);
     for (std::size_t i = 0; i < fieldCount; ++i) {
         type.fields.push_back(describeField(type, static_cast<int>(i)));
         const Type& inner = *type.fields.back().type;
         type.ownsMemory = type.ownsMemory || inner.ownsMemory;
         type.holdsLabels = type.holdsLabels || inner.holdsLabels;
+        type.isWritable = type.isWritable && inner.isWritable;
     }
-    requireCStructure(type);
+    requireReadableLayout(type);
+}
+
+// A type whose fields do not lie as in a C structure is read as HDF5 lays it out: that may be as it
+// is described, where HDF5 has bytes between the fields that netCDF has no type for.
+void TypeTree::requireReadableLayout(Type& type) const
+{
+    CStructure structure;
+    std::vector<std::size_t> offsets;
+    std::string layout;
+    bool isStructure = true;
+    for (const Field& field : type.fields) {
+        offsets.push_back(field.offset);
+        const std::size_t offset =
+            structure.add(field.count * field.type->size, field.type->alignment);
+        isStructure = isStructure && offset == field.offset;
+        layout += "'" + field.name + "' at " + std::to_string(offset) + ", ";
+    }
+    type.alignment = structure.alignment();
+    if (isStructure && structure.size() == type.size)
+        return;
+    if (!isReadAsDescribed(ncid_, type.id, type.size, offsets, entry_))
+        vxErrMsgId(
+            any::unalignedType(type.name, layout + "size " + std::to_string(structure.size())));
+    type.isWritable = false;
 }
 
 Field TypeTree::describeField(const Type& compound, int number)

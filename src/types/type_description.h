@@ -47,11 +47,12 @@ struct Type {
     std::vector<Member> members;          // of an enumeration
     bool ownsMemory = false;              // values hold strings or vlens
     bool holdsLabels = false;             // values hold enumerations
+    bool isWritable = true;               // the description covers each byte of a value
 };
 
 // A type with all the types that it is made of, each described once. Raises the library's failures,
-// and damagedType for a description that contradicts itself: a field outside its compound type, a
-// type inside itself, absurd depth.
+// unalignedType, and damagedType for a description that contradicts itself: a field outside its
+// compound type, a type inside itself, absurd depth.
 class TypeTree {
 public:
     TypeTree(int ncid, nc_type xtype, const OperationEntry* entry);
@@ -66,6 +67,7 @@ private:
     void describeVlen(Type& type, nc_type base);
     void describeEnumeration(Type& type, nc_type base, std::size_t memberCount);
     void describeCompound(Type& type, std::size_t fieldCount);
+    void requireReadableLayout(Type& type) const;
     Field describeField(const Type& compound, int number);
 
     int ncid_;

@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "types/variable_values.h"
 
+#include "any_error_identifiers.h"
 #include "check_status.h"
 #include "data/elements/shapes.h"
+#include "library/guards/fixed_length_strings.h"
+#include "library/guards/foreign_layouts.h"
 
 namespace Ovard::gridio {
+namespace {
+
+bool isFixedLength(const Variable& variable, const Type& type)
+{
+    return type.kind == TypeKind::string &&
+           hasFixedLengthStrings(variable.ncid(), variable.varid(), variable.rank(),
+                                 variable.entry());
+}
+
+} // namespace
 
 // Always by the strided call: the one for a whole variable fails for some strings.
 BlockValues::BlockValues(Variable& variable, const Type& type, const Block& block)
@@ -21,31 +34,49 @@ BlockValues::BlockValues(Variable& variable, const Type& type, const Block& bloc
 
 int BlockValues::read(Variable& variable, const Block& block)
 {
+    const GetVarsCall getVars = callFor(variable);
     if (variable.storageModel() == NC_FORMATX_NC_HDF5) {
         const LibraryBlock inFile = libraryBlock(variable, block);
-        if (isMisreadWhenPartlyWritten(inFile, variable.entry()))
-            return readPartly(variable, inFile);
+        if (isMisreadWhenPartlyWritten(inFile, variable.entry())) {
+            together_ = zeroedValues(type_, count_);
+            const PartlyRead result = readPartlyWritten(
+                inFile, getVars, {size_, values_.data(), fill_.data(), together_.get()},
+                variable.entry());
+            first_ = result.isSpread ? together_.get() : first_;
+            return result.status;
+        }
     }
-    return nc_get_vars(variable.ncid(), variable.varid(), block.start.data(), block.count.data(),
-                       block.stride.data(), values_.data());
+    return getVars(variable.ncid(), variable.varid(), block.start.data(), block.count.data(),
+                   block.stride.data(), values_.data());
 }
 
-int BlockValues::readPartly(Variable& variable, const LibraryBlock& block)
+GetVarsCall BlockValues::callFor(const Variable& variable) const
 {
-    together_ = zeroedValues(type_, count_);
-    const PartlyRead result =
-        readPartlyWritten(block, nc_get_vars,
-                          {size_, values_.data(), fill_.data(), together_.get()}, variable.entry());
-    if (result.isSpread)
-        first_ = together_.get();
-    return result.status;
+    if (!isFixedLength(variable, type_))
+        return nc_get_vars;
+    return [&variable](int ncid, int varid, const std::size_t* start, const std::size_t* count,
+                       const std::ptrdiff_t* stride, void* values) {
+        return getFixedLengthStrings(ncid, varid, start, count, stride, variable.rank(),
+                                     static_cast<char**>(values), variable.entry());
+    };
 }
 
-int writeValues(Variable& variable, const Block& block, const void* values)
+void writeValues(Variable& variable, const Type& type, const Block& block, const void* values)
 {
     variable.requireAccessibleValues();
-    return nc_put_vars(variable.ncid(), variable.varid(), block.start.data(), block.count.data(),
-                       block.stride.data(), values);
+    if (isFixedLength(variable, type))
+        vxErrMsgId(any::foreignType(type.name));
+    requireWritable(variable.ncid(), type, variable.entry());
+    checkStatus(nc_put_vars(variable.ncid(), variable.varid(), block.start.data(),
+                            block.count.data(), block.stride.data(), values),
+                variable.entry());
+}
+
+void requireWritable(int ncid, const Type& type, const OperationEntry* entry)
+{
+    const bool isUserType = type.id > NC_MAX_ATOMIC_TYPE;
+    if (!type.isWritable || (isUserType && !isStoredAsInMemory(ncid, type.id, entry)))
+        vxErrMsgId(any::foreignType(type.name));
 }
 
 } // namespace Ovard::gridio

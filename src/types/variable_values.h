@@ -17,7 +17,7 @@ public:
 
 private:
     int read(Variable& variable, const Block& block);
-    int readPartly(Variable& variable, const LibraryBlock& block);
+    GetVarsCall callFor(const Variable& variable) const;
 
     const Type& type_;
     std::size_t count_;
@@ -28,7 +28,11 @@ private:
     const char* first_;
 };
 
-// Writes as many values as the block holds. Returns the library's status.
-int writeValues(Variable& variable, const Block& block, const void* values);
+// Writes as many values as the block holds. Raises foreignType for what the library would write
+// wrong, and the library's failures.
+void writeValues(Variable& variable, const Type& type, const Block& block, const void* values);
+
+// Raises foreignType for a type whose values the library would write wrong to that file.
+void requireWritable(int ncid, const Type& type, const OperationEntry* entry);
 
 } // namespace Ovard::gridio

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 
 namespace Ovard::gridio {
 namespace {
@@ -143,8 +142,8 @@ private:
 };
 
 // The block's last element alone, which the library reads right wherever it lies.
-int readLastElement(const LibraryBlock& block, const WrittenExtents& needed, GetVarsCall getVars,
-                    void* value)
+int readLastElement(const LibraryBlock& block, const WrittenExtents& needed,
+                    const GetVarsCall& getVars, void* value)
 {
     Lengths last(block.rank);
     std::transform(needed.begin(), needed.end(), last.begin(), [](hsize_t end) { return end - 1; });
@@ -175,7 +174,7 @@ bool isMisreadWhenPartlyWritten(const LibraryBlock& block, const OperationEntry*
     return false;
 }
 
-PartlyRead readPartlyWritten(const LibraryBlock& block, GetVarsCall getVars,
+PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVars,
                              const BlockMemory& memory, const OperationEntry* entry)
 {
     const auto readAll = [&] {

@@ -8,12 +8,14 @@
 #include "operation_entry.h"
 
 #include <cstddef>
+#include <functional>
 
 namespace Ovard::gridio {
 
 // nc_get_vars_double and its kind with the element type erased.
-using GetVarsCall = int (*)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
-                            const std::ptrdiff_t* stride, void* values);
+using GetVarsCall =
+    std::function<int(int ncid, int varid, const std::size_t* start, const std::size_t* count,
+                      const std::ptrdiff_t* stride, void* values)>;
 
 // A block of a variable, in the library's order of dimensions.
 struct LibraryBlock {
@@ -48,7 +50,7 @@ struct PartlyRead {
 
 // What getVars is to do, and its status, done right: the written part is read by one call, to the
 // beginning of values, and another one reads a fill value as the library converts it.
-PartlyRead readPartlyWritten(const LibraryBlock& block, GetVarsCall getVars,
+PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVars,
                              const BlockMemory& memory, const OperationEntry* entry);
 
 } // namespace Ovard::gridio

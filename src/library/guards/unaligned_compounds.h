@@ -4,7 +4,12 @@
 // as a C structure: past the end of the memory that they were said to need.
 #pragma once
 
+#include "operation_entry.h"
+
+#include <netcdf.h>
+
 #include <cstddef>
+#include <vector>
 
 namespace Ovard::gridio {
 
@@ -21,5 +26,10 @@ private:
     std::size_t end_ = 0;
     std::size_t alignment_ = 1;
 };
+
+// Whether a compound type that is not a C structure is read as it is described: its size and the
+// offsets of its fields are those of the type in the file, for this machine.
+bool isReadAsDescribed(int ncid, nc_type xtype, std::size_t size,
+                       const std::vector<std::size_t>& offsets, const OperationEntry* entry);
 
 } // namespace Ovard::gridio
