@@ -125,10 +125,11 @@ const char* className(vxClassID classId)
     case vxUINT32_CLASS:  return "uint32";
     case vxINT64_CLASS:   return "int64";
     case vxUINT64_CLASS:  return "uint64";
+    case vxSTRUCT_CLASS:  return "struct";
     case vxUNKNOWN_CLASS: break;
     }
     // clang-format on
-    return "struct, object or function";
+    return "object or function";
 }
 
 namespace {

@@ -111,6 +111,32 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:closingFileHandle",
      "Files were still open and have been closed. Close each when it is no longer needed, with "
      "gridio(\"close\", ncid); gridio_open_files() lists those that are open."},
+
+    // Values of any type. Elements and fields are counted from 1.
+    {"Ovard:gridio:any:badValueClass", "Values of another class are needed: {1} must be {2}."},
+    {"Ovard:gridio:any:wrongNumberOfValues", "Wrong number of values ({1}): {2} needed, {3} given."},
+    {"Ovard:gridio:any:valueDoesNotFit",
+     "The value {2} ({1}) cannot be stored exactly in the type \"{3}\": convert the values first, with single(...), "
+     "round(...) or the like. Elements are counted from 1."},
+    {"Ovard:gridio:any:unknownLabel",
+     "\"{2}\" ({1}) is not a label of the enumeration \"{3}\". Its labels are: {4}."},
+    {"Ovard:gridio:any:missingField",
+     "The structure ({1}) lacks the field \"{2}\", which the compound type \"{3}\" has."},
+    {"Ovard:gridio:any:surplusField",
+     "The structure ({1}) has a field \"{2}\", which the compound type \"{3}\" does not have."},
+    {"Ovard:gridio:any:textHoldsNul",
+     "The text ({1}) holds a NUL character, where a string would end: remove it, or store the text as characters."},
+    {"Ovard:gridio:any:damagedType",
+     "The description of the type \"{1}\" contradicts itself or is incomplete: the file is damaged, or a compound type "
+     "has no fields yet."},
+    {"Ovard:gridio:any:unalignedType",
+     "The fields of the compound type \"{1}\" do not lie as in a C structure, and the library would read them wrong. "
+     "Define them so: {2}."},
+    {"Ovard:gridio:any:foreignType",
+     "The file stores values of the type \"{1}\" in a form of its own (packed, with a fixed length, or in another byte "
+     "order), and the library would write them wrong. They can be read: copy them to a new file, and write there."},
+    {"Ovard:gridio:any:unrecognizedWord",
+     "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
 };
 // clang-format on
 

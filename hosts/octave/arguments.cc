@@ -13,10 +13,7 @@ namespace {
 constexpr size_t oneByOne[] = {1, 1};
 
 // An object counts as one, whatever a method of its own would say.
-bool isCounted(const octave_value& value, const ElementClass& kind)
-{
-    return kind.id != vxUNKNOWN_CLASS || value.builtin_type() == btyp_struct;
-}
+bool isCounted(const ElementClass& kind) { return kind.id != vxUNKNOWN_CLASS; }
 
 } // namespace
 
@@ -25,25 +22,30 @@ vxArray& examined(const vxArray* array)
     vxArray& result = *const_cast<vxArray*>(array);
     if (!result.kind) {
         const ElementClass& kind = elementClass(*result.source);
-        result.count =
-            isCounted(*result.source, kind) ? static_cast<size_t>(result.source->numel()) : 1;
+        result.count = isCounted(kind) ? static_cast<size_t>(result.source->numel()) : 1;
         result.kind = &kind;
     }
     return result;
+}
+
+size_t* dimensionStorage(vxArray& array, size_t rank)
+{
+    return rank == 2 ? array.twoDims
+                     : static_cast<size_t*>(Call::current().allocate(rank * sizeof(size_t)));
 }
 
 void loadDimensions(vxArray& array)
 {
     if (array.dims)
         return;
-    if (!array.source || !isCounted(*array.source, *array.kind)) {
+    if (!array.source || !isCounted(*array.kind)) {
         array.dims = oneByOne;
         array.rank = 2;
         return;
     }
     const dim_vector lengths = array.source->dims();
     const auto rank = static_cast<size_t>(lengths.ndims());
-    auto* dims = static_cast<size_t*>(Call::current().allocate(rank * sizeof(size_t)));
+    size_t* dims = dimensionStorage(array, rank);
     for (size_t i = 0; i < rank; ++i)
         dims[i] = static_cast<size_t>(lengths(static_cast<int>(i)));
     array.dims = dims;

@@ -9,7 +9,17 @@
 #include <octave/oct.h>
 
 #include <cstddef>
+#include <memory>
 #include <optional>
+
+namespace hosts::oct {
+
+struct Contents;
+struct DeleteContents {
+    void operator()(Contents* contents) const noexcept;
+};
+
+} // namespace hosts::oct
 
 struct vxArray {
     // An argument. The value outlives the array.
@@ -31,9 +41,10 @@ struct vxArray {
     const hosts::oct::ElementClass* kind = nullptr;
     size_t count = 0;
 
-    // Null until asked for.
+    // Null until asked for; two lengths lie in the array itself.
     const size_t* dims = nullptr;
     size_t rank = 0;
+    size_t twoDims[2];
 
     // What vxGetData hands out; null until asked for. Text has its 16-bit units here.
     void* data = nullptr;
@@ -41,8 +52,8 @@ struct vxArray {
     // A value that only this array holds: elements spelled out, or a result's own storage.
     std::optional<octave_value> held;
 
-    // The children of a cell array; null for an empty cell.
-    vxArray** cells = nullptr;
+    // What a cell array or a structure holds; null for an argument that nobody has looked into.
+    std::unique_ptr<hosts::oct::Contents, hosts::oct::DeleteContents> contents;
 
     // The one element of a scalar.
     alignas(8) unsigned char element[8];
@@ -53,6 +64,9 @@ namespace hosts::oct {
 // The array with its class and count known. The module's arrays are const; what is filled in here
 // is what they always were, only not yet looked at.
 vxArray& examined(const vxArray* array);
+
+// Memory for that many dimensions.
+size_t* dimensionStorage(vxArray& array, size_t rank);
 
 // Fills in the dimensions, and the elements of a class that has storage.
 void loadDimensions(vxArray& array);
@@ -68,7 +82,14 @@ char16_t* textUnits(vxArray& array);
 // Each unit's low byte.
 void narrowText(const char16_t* units, size_t count, char* bytes);
 
-// The finished array as a value of the interpreter.
+// A new array with its dimensions: rank 0 is 0-by-0, rank 1 a column.
+vxArray* addArray(const ElementClass& kind, size_t rank, const size_t* dims);
+
+// Dimensions that are known, in the interpreter's form.
+dim_vector dimensions(const vxArray& array);
+
+// The finished array as a value of the interpreter, and that of a cell array or a structure.
 octave_value toValue(vxArray& array);
+octave_value contentsValue(const vxArray& array);
 
 } // namespace hosts::oct

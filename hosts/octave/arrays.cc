@@ -52,6 +52,12 @@ const bool* vxGetLogicals(const vxArray* array)
     return static_cast<const bool*>(vxGetData(array));
 }
 
+bool vxIsComplex(const vxArray* array)
+{
+    const vxArray& known = examined(array);
+    return known.source && known.source->iscomplex();
+}
+
 bool vxIsNaN(double value) { return std::isnan(value); }
 
 bool vxIsInf(double value) { return std::isinf(value); }

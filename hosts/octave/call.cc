@@ -26,7 +26,7 @@ Call* Call::current_ = nullptr;
 Call::~Call()
 {
     for (size_t i = arrayCount_; i-- > 0;)
-        std::launder(reinterpret_cast<vxArray*>(arrays_ + i * sizeof(vxArray)))->~vxArray();
+        at(i)->~vxArray();
     current_ = outer_;
 }
 

@@ -37,6 +37,18 @@ public:
         return array;
     }
 
+    // Ends an array now, if it is the newest: of a million of them that are put into a cell array
+    // one after the other, none is kept.
+    void drop(vxArray* array)
+    {
+        if (!moreArrays_.empty() && &moreArrays_.front() == array) {
+            moreArrays_.pop_front();
+        } else if (moreArrays_.empty() && arrayCount_ > 0 && at(arrayCount_ - 1) == array) {
+            array->~vxArray();
+            --arrayCount_;
+        }
+    }
+
     // Memory that ends with the call, aligned for any element, holding anything or zeros. Much
     // zeroed memory costs nothing until it is written to.
     void* allocate(size_t bytes);
@@ -55,6 +67,11 @@ private:
     struct Free {
         void operator()(void* memory) const { std::free(memory); }
     };
+
+    vxArray* at(size_t index)
+    {
+        return std::launder(reinterpret_cast<vxArray*>(arrays_ + index * sizeof(vxArray)));
+    }
 
     void* keep(void* block, size_t bytes);
 

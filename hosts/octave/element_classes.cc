@@ -110,6 +110,8 @@ constexpr ElementClass charClass = {vxCHAR_CLASS,
                                     adopt<char>,
                                     nullptr};
 constexpr ElementClass cellClass = {vxCELL_CLASS, 0, nullptr, nullptr, nullptr, nullptr, nullptr};
+constexpr ElementClass structClass = {vxSTRUCT_CLASS, 0,       nullptr, nullptr,
+                                      nullptr,        nullptr, nullptr};
 constexpr ElementClass unknownClass = {vxUNKNOWN_CLASS, 0,       nullptr, nullptr,
                                        nullptr,         nullptr, nullptr};
 
@@ -147,6 +149,7 @@ const ElementClass& elementClass(const octave_value& value)
     case btyp_cell:
         return cellClass;
     case btyp_struct:
+        return structClass;
     case btyp_func_handle:
     case btyp_unknown:
         break;
@@ -159,7 +162,7 @@ const ElementClass& elementClass(vxClassID id)
     static constexpr const ElementClass* classes[] = {
         &doubleClass, &singleClass, &int8Class,   &uint8Class, &int16Class,
         &uint16Class, &int32Class,  &uint32Class, &int64Class, &uint64Class,
-        &boolClass,   &charClass,   &cellClass};
+        &boolClass,   &charClass,   &cellClass,   &structClass};
     for (const ElementClass* candidate : classes)
         if (candidate->id == id)
             return *candidate;

@@ -1,66 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// gridio (OPNAME, ...): the entry from the interpreter, which no foreign exception ever leaves.
-#include "call.h"
-#include "errors.h"
+// gridio (OPNAME, ...): the first of the entries from the interpreter.
+#include "module_call.h"
 #include "raw_bytes.h"
-#include "vx/plug.h"
 
 #include <octave/oct.h>
 
-#include <exception>
-#include <new>
-
-namespace {
-
-octave_value_list callModule(const octave_value_list& args, int nargout)
-{
-    hosts::oct::Call call;
-    const octave_idx_type count = args.length();
-    auto** arguments = static_cast<const vxArray**>(
-        call.allocate(static_cast<size_t>(count) * sizeof(const vxArray*)));
-    for (octave_idx_type i = 0; i < count; ++i)
-        arguments[i] = call.add(args(i));
-
-    vxArray* results[plugResultSlots] = {};
-    try {
-        plugFunction(nargout, results, static_cast<int>(count), arguments);
-    } catch (const fnd::except::IMsgIDException& failure) {
-        hosts::oct::raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count)});
-    }
-
-    // All of them, whatever the script asked for: the interpreter drops what is too much.
-    octave_idx_type used = 0;
-    while (used < plugResultSlots && results[used])
-        ++used;
-    octave_value_list values(used);
-    for (octave_idx_type i = 0; i < used; ++i)
-        values(i) = hosts::oct::toValue(*results[i]);
-    return values;
-}
-
-octave_value_list callGuarded(const octave_value_list& args, int nargout)
-{
-    try {
-        hosts::oct::warnOfRawBytes(args);
-        return callModule(args, nargout);
-    } catch (const octave::execution_exception&) {
-        throw;
-    } catch (const octave::interrupt_exception&) {
-        throw;
-    } catch (const octave::exit_exception&) {
-        throw;
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
-        hosts::oct::raiseInternal(failure.what());
-    } catch (...) {
-        hosts::oct::raiseInternal("an exception of unknown type");
-    }
-}
-
-} // namespace
-
-// The interpreter finds the function by this symbol, the only one that gridio.oct exports.
+// The interpreter finds the function by this symbol.
 extern "C" __attribute__((visibility("default"))) octave_function*
 Ggridio(const octave::dynamic_library& library, bool isRelative);
 
@@ -105,8 +50,8 @@ gridio ("close", ncid);
 Files that are still open when @code{clear gridio} or the end of the session unloads the function are closed with a
 warning; @code{gridio_open_files} lists them.
 
-@seealso{gridio_help, gridio_open_files, gridio_version}
+@seealso{gridio_any, gridio_help, gridio_open_files, gridio_version}
 @end deftypefn)")
 {
-    return callGuarded(args, nargout);
+    return hosts::oct::callGuarded<plugFunction, hosts::oct::warnOfRawBytes>(args, nargout);
 }

@@ -4,24 +4,23 @@
 #include "call.h"
 #include "result_memory.h"
 
-#include <octave/Cell.h>
-
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstring>
 #include <new>
 
 namespace hosts::oct {
 
-namespace {
-
-// A new array with its dimensions: rank 0 is 0-by-0, rank 1 a column.
 vxArray* addArray(const ElementClass& kind, size_t rank, const size_t* dims)
 {
     const size_t stored = std::max<size_t>(rank, 2);
     if (stored > INT_MAX)
         throw std::bad_alloc();
-    auto* lengths = static_cast<size_t*>(Call::current().allocate(stored * sizeof(size_t)));
+    std::array<size_t, 2> two;
+    size_t* lengths = stored == 2
+                          ? two.data()
+                          : static_cast<size_t*>(Call::current().allocate(stored * sizeof(size_t)));
     std::fill(lengths, lengths + stored, rank == 0 ? 0U : 1U);
     std::copy(dims, dims + rank, lengths);
 
@@ -38,7 +37,9 @@ vxArray* addArray(const ElementClass& kind, size_t rank, const size_t* dims)
             count *= lengths[i];
     }
     vxArray* array = Call::current().add(kind, isEmpty ? 0 : count);
-    array->dims = lengths;
+    if (stored == 2)
+        std::copy(two.begin(), two.end(), array->twoDims);
+    array->dims = stored == 2 ? array->twoDims : lengths;
     array->rank = stored;
     return array;
 }
@@ -50,6 +51,8 @@ dim_vector dimensions(const vxArray& array)
         lengths(static_cast<int>(i)) = static_cast<octave_idx_type>(array.dims[i]);
     return lengths;
 }
+
+namespace {
 
 // A scalar's element stays in the array; more become the interpreter's at once, so that an error
 // can not leak them.
@@ -86,22 +89,14 @@ octave_value narrowed(const vxArray& text)
     return text.kind->adopt(bytes, lengths);
 }
 
-octave_value cellValue(const vxArray& cells)
-{
-    Cell values(dimensions(cells));
-    for (size_t i = 0; i < cells.count; ++i)
-        if (cells.cells[i])
-            values(static_cast<octave_idx_type>(i)) = toValue(*cells.cells[i]);
-    return octave_value(values);
-}
-
 } // namespace
 
 octave_value toValue(vxArray& array)
 {
     switch (array.kind->id) {
     case vxCELL_CLASS:
-        return cellValue(array);
+    case vxSTRUCT_CLASS:
+        return contentsValue(array);
     case vxCHAR_CLASS:
         return array.data || !array.held ? narrowed(array) : *array.held;
     default:
@@ -124,11 +119,17 @@ vxArray* vxCreateLogicalScalar(bool value) { return addScalar(vxLOGICAL_CLASS, v
 vxArray* vxCreateString(const char* text)
 {
     const size_t dims[] = {1, std::strlen(text)};
-    vxArray* array = addArray(elementClass(vxCHAR_CLASS), 2, dims);
+    return vxCreateCharArrayFromBytes(2, dims, text);
+}
+
+vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char* bytes)
+{
+    vxArray* array = addArray(elementClass(vxCHAR_CLASS), rank, dims);
     const dim_vector lengths = hosts::oct::dimensions(*array);
-    void* bytes = hosts::oct::newElements(array->count, sizeof(char));
-    std::memcpy(bytes, text, array->count);
-    array->source = &array->held.emplace(array->kind->adopt(bytes, lengths));
+    void* storage = hosts::oct::newElements(array->count, sizeof(char));
+    if (array->count > 0)
+        std::memcpy(storage, bytes, array->count);
+    array->source = &array->held.emplace(array->kind->adopt(storage, lengths));
     return array;
 }
 
@@ -151,13 +152,3 @@ vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID c
 {
     return addNumeric(rank, dims, classId);
 }
-
-vxArray* vxCreateCellArray(size_t rank, const size_t* dims)
-{
-    vxArray* array = addArray(elementClass(vxCELL_CLASS), rank, dims);
-    array->cells =
-        static_cast<vxArray**>(Call::current().allocateZeros(array->count, sizeof(vxArray*)));
-    return array;
-}
-
-void vxSetCell(vxArray* cells, size_t index, vxArray* value) { cells->cells[index] = value; }

@@ -63,12 +63,18 @@ char* vxArrayToString(const vxArray* array)
         result = static_cast<char*>(std::malloc(bytes));
     if (!result)
         throw std::bad_alloc();
-    if (text.data)
-        hosts::oct::narrowText(static_cast<const char16_t*>(text.data), text.count, result);
-    else if (text.count > 0)
-        std::memcpy(result, hosts::oct::textBytes(text), text.count);
+    vxGetCharBytes(array, result);
     result[text.count] = '\0';
     return result;
+}
+
+void vxGetCharBytes(const vxArray* array, char* bytes)
+{
+    vxArray& text = hosts::oct::examined(array);
+    if (text.data)
+        hosts::oct::narrowText(static_cast<const char16_t*>(text.data), text.count, bytes);
+    else if (text.count > 0)
+        std::memcpy(bytes, hosts::oct::textBytes(text), text.count);
 }
 
 std::u16string_view vxGetText(const vxArray* array)

@@ -2,6 +2,7 @@
 // Arrays: how they are stored, looked at and made.
 #include "hosts/standalone/array.h"
 
+#include "hosts/standalone/creation.h"
 #include "hosts/standalone/ledger.h"
 #include "hosts/standalone/text.h"
 
@@ -90,22 +91,6 @@ Elements makeElements(std::size_t bytes, Contents contents)
     return elements;
 }
 
-// What every vxCreate function comes down to: makes an array and leaves it with the call.
-template <class Make> vxArray* createForCall(const Make& make)
-{
-    Ledger& books = ledger();
-    books.countAllocation();
-    try {
-        ArrayOwner array = make();
-        array->writable = true;
-        books.created.push_back(array);
-        ++books.arraysCreated;
-        return array.get();
-    } catch (const std::bad_alloc&) {
-        throw OutOfMemory();
-    }
-}
-
 vxArray* createNumeric(std::size_t rank, const std::size_t* dims, vxClassID classId,
                        vxComplexity complexity, Contents contents)
 {
@@ -152,6 +137,7 @@ std::size_t elementSize(vxClassID classId) noexcept
         return 8;
     case vxUNKNOWN_CLASS:
     case vxCELL_CLASS:
+    case vxSTRUCT_CLASS:
         break;
     }
     return 0;
@@ -214,6 +200,8 @@ const bool* vxGetLogicals(const vxArray* array)
     return static_cast<const bool*>(array->elements.get());
 }
 
+bool vxIsComplex(const vxArray* array) { return array->imaginary != nullptr; }
+
 bool vxIsNaN(double value) { return std::isnan(value); }
 
 bool vxIsInf(double value) { return std::isinf(value); }
@@ -246,6 +234,17 @@ vxArray* vxCreateCharArray(size_t rank, const size_t* dims)
         [=] { return standalone::makeArray(vxCHAR_CLASS, rank, dims, Contents::zeros); });
 }
 
+vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char* bytes)
+{
+    return standalone::createForCall([=] {
+        auto array = standalone::makeArray(vxCHAR_CLASS, rank, dims, Contents::anything);
+        std::transform(
+            bytes, bytes + array->count, static_cast<char16_t*>(array->elements.get()),
+            [](char byte) { return static_cast<char16_t>(static_cast<signed char>(byte)); });
+        return array;
+    });
+}
+
 vxArray* vxCreateNumericArray(size_t rank, const size_t* dims, vxClassID classId,
                               vxComplexity complexity)
 {
@@ -256,24 +255,4 @@ vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID c
                                     vxComplexity complexity)
 {
     return standalone::createNumeric(rank, dims, classId, complexity, Contents::anything);
-}
-
-vxArray* vxCreateCellArray(size_t rank, const size_t* dims)
-{
-    return standalone::createForCall(
-        [=] { return standalone::makeArray(vxCELL_CLASS, rank, dims, Contents::zeros); });
-}
-
-void vxSetCell(vxArray* cells, size_t index, vxArray* value)
-{
-    if (cells->classId != vxCELL_CLASS || !cells->writable || index >= cells->count ||
-        value == cells) {
-        ledger().noteBreach("a cell that there is not was set");
-        return;
-    }
-    auto owner = ledger().takeCreated(value);
-    if (owner == nullptr)
-        ledger().noteBreach("an array that the call does not own was put into a cell");
-    else
-        cells->cells[index] = std::move(owner);
 }

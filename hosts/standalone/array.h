@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a vxArray is in this host: a class, dimensions, and a block of elements or a row of cells.
+// What a vxArray is in this host: a class, dimensions, and a block of elements or a row of arrays.
 #pragma once
 
 #include "vx/array.h"
@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace standalone {
@@ -19,7 +20,7 @@ using Elements = std::unique_ptr<void, FreeElements>;
 // Shared, because a Value may be copied; the array itself is never changed once it has an owner.
 using ArrayOwner = std::shared_ptr<vxArray>;
 
-// 8 for double, 2 for char, 1 for logical, 0 for cells and for anything else.
+// 8 for double, 2 for char, 1 for logical, 0 for cells, structures and anything else.
 std::size_t elementSize(vxClassID classId) noexcept;
 
 bool isNumericClass(vxClassID classId) noexcept;
@@ -39,8 +40,11 @@ struct vxArray {
     std::size_t count = 0;         // product of dims
     standalone::Elements elements; // count times the element size; null when that is zero bytes
     standalone::Elements imaginary;
-    std::vector<standalone::ArrayOwner> cells; // of a cell array; null stands for an empty cell
-    bool writable = false;                     // made by the module in the call that is under way
+    // Of a cell array, or of the fields of a structure of one element; null stands for an empty
+    // one.
+    std::vector<standalone::ArrayOwner> cells;
+    std::vector<std::string> fieldNames; // of a structure
+    bool writable = false;               // made by the module in the call that is under way
 
     vxArray();
     ~vxArray();

@@ -26,6 +26,13 @@ std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
     return results;
 }
 
+std::vector<Value> resultsOf(Outcome outcome)
+{
+    if (outcome.raised)
+        throw RaisedError(std::move(*outcome.raised));
+    return std::move(outcome.results);
+}
+
 } // namespace
 
 Host::Host() : books_(ledger())
@@ -41,7 +48,7 @@ Host::~Host()
     books_.hasHost = false;
 }
 
-Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs)
+Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entry entry)
 {
     Outcome outcome;
     std::vector<const vxArray*> arguments; // outlive the call: an error's text looks at them
@@ -54,7 +61,7 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs)
         context = {arguments.data(), arguments.size()};
         books_.call = &context;
 
-        plugFunction(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
+        entry(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
         outcome.results = takeResults(slots);
     } catch (...) {
         outcome.raised = describeCurrentException();
@@ -64,25 +71,40 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs)
     return outcome;
 }
 
-Outcome Host::attempt(const std::string& operation, const std::vector<Value>& arguments)
+Outcome Host::attemptNamed(const std::string& operation, const std::vector<Value>& arguments,
+                           int nlhs, Entry entry)
 {
     try {
         std::vector<Value> everyArgument;
         everyArgument.reserve(arguments.size() + 1);
         everyArgument.emplace_back(operation);
         everyArgument.insert(everyArgument.end(), arguments.begin(), arguments.end());
-        return attemptRaw(everyArgument);
+        return attemptRaw(everyArgument, nlhs, entry);
     } catch (...) {
         return {{}, describeCurrentException()};
     }
 }
 
+Outcome Host::attempt(const std::string& operation, const std::vector<Value>& arguments)
+{
+    return attemptNamed(operation, arguments, 1, plugFunction);
+}
+
+Outcome Host::attemptAny(const std::string& operation, const std::vector<Value>& arguments,
+                         int nlhs)
+{
+    return attemptNamed(operation, arguments, nlhs, plugAnyFunction);
+}
+
 std::vector<Value> Host::call(const std::string& operation, const std::vector<Value>& arguments)
 {
-    Outcome outcome = attempt(operation, arguments);
-    if (outcome.raised)
-        throw RaisedError(std::move(*outcome.raised));
-    return std::move(outcome.results);
+    return resultsOf(attempt(operation, arguments));
+}
+
+std::vector<Value> Host::callAny(const std::string& operation, const std::vector<Value>& arguments,
+                                 int nlhs)
+{
+    return resultsOf(attemptAny(operation, arguments, nlhs));
 }
 
 void Host::failAllocation(std::size_t n)

@@ -11,6 +11,7 @@
 #include "hosts/standalone/errors.h"
 #include "hosts/standalone/ledger.h"
 #include "hosts/standalone/value.h"
+#include "vx/plug.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -30,6 +31,9 @@ struct Outcome {
 
 std::ostream& operator<<(std::ostream& out, const Outcome& outcome);
 
+// One of the module's entries.
+using Entry = decltype(&plugFunction);
+
 // The one host of the process: at most one object at a time, which begins with clean books. Files
 // that the module holds open outlive it; unload() closes them, at the latest at the end of the
 // process.
@@ -46,9 +50,15 @@ public:
     // The same, never throwing: an error of any kind is part of the outcome.
     Outcome attempt(const std::string& operation, const std::vector<Value>& arguments = {});
 
-    // Passes these arguments and no others: also none at all, or a first one that is no text. How
-    // many results the script asked for is nlhs.
-    Outcome attemptRaw(const std::vector<Value>& everyArgument, int nlhs = 1);
+    // The same two by the module's second entry. How many results the script asks for is nlhs.
+    std::vector<Value> callAny(const std::string& operation,
+                               const std::vector<Value>& arguments = {}, int nlhs = 1);
+    Outcome attemptAny(const std::string& operation, const std::vector<Value>& arguments = {},
+                       int nlhs = 1);
+
+    // Passes these arguments and no others: also none at all, or a first one that is no text.
+    Outcome attemptRaw(const std::vector<Value>& everyArgument, int nlhs = 1,
+                       Entry entry = plugFunction);
 
     // Runs the handler that the module registered, once; false when there is none (any more).
     bool unload() { return books_.unload(); }
@@ -87,6 +97,9 @@ public:
     void reset() { books_.reset(); }
 
 private:
+    Outcome attemptNamed(const std::string& operation, const std::vector<Value>& arguments,
+                         int nlhs, Entry entry);
+
     Ledger& books_;
 };
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Text between UTF-16 and UTF-8, and the two vx functions that hand it out.
+// Text between UTF-16 and UTF-8, and the vx functions that hand it out.
 #include "hosts/standalone/text.h"
 
 #include "hosts/standalone/array.h"
 
 #include "vx/text.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace standalone {
@@ -118,6 +119,13 @@ std::u16string_view vxGetText(const vxArray* array)
     if (array->count == 0)
         return {};
     return {static_cast<const char16_t*>(array->elements.get()), array->count};
+}
+
+void vxGetCharBytes(const vxArray* array, char* bytes)
+{
+    const std::u16string_view units = vxGetText(array);
+    std::transform(units.begin(), units.end(), bytes,
+                   [](char16_t unit) { return static_cast<char>(unit & 0xFF); });
 }
 
 std::string

@@ -22,6 +22,8 @@ const char* classWord(vxClassID classId)
         return "char";
     case vxLOGICAL_CLASS:
         return "logical";
+    case vxSTRUCT_CLASS:
+        return "struct";
     case vxDOUBLE_CLASS:
         return "double";
     case vxSINGLE_CLASS:
@@ -89,11 +91,35 @@ void writeNumbers(std::ostream& out, const Value& value)
     }
 }
 
+// What a cell array or a structure holds.
+void writeContents(std::ostream& out, const vxArray& array)
+{
+    const std::size_t shown = std::min(array.cells.size(), elementsDescribed);
+    out << " {";
+    for (std::size_t i = 0; i < shown; ++i) {
+        out << (i == 0 ? "" : "; ");
+        if (i < array.fieldNames.size())
+            out << array.fieldNames[i] << ": ";
+        out << (array.cells[i] == nullptr ? "[]" : Value(array.cells[i]).describe());
+    }
+    out << (shown < array.cells.size() ? "; ...}" : "}");
+}
+
 bool sameBytes(const Elements& a, const Elements& b, std::size_t bytes)
 {
     if (a == nullptr || b == nullptr)
         return a == b;
     return std::memcmp(a.get(), b.get(), bytes) == 0;
+}
+
+bool sameContents(const vxArray& a, const vxArray& b)
+{
+    const auto value = [](const ArrayOwner& inside) {
+        return inside == nullptr ? Value::empty() : Value(inside);
+    };
+    return std::equal(
+        a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(),
+        [&](const ArrayOwner& x, const ArrayOwner& y) { return value(x) == value(y); });
 }
 
 } // namespace
@@ -166,6 +192,26 @@ Value Value::cell(const Dims& dims, const std::vector<Value>& cells)
     return Value(std::move(array));
 }
 
+Value Value::structure(const std::vector<std::pair<std::string, Value>>& fields)
+{
+    const Dims one = {1, 1};
+    ArrayOwner array = makeArray(vxSTRUCT_CLASS, one.size(), one.data(), Contents::zeros);
+    for (const auto& [name, value] : fields) {
+        array->fieldNames.push_back(name);
+        array->cells.push_back(value.array_);
+    }
+    return Value(std::move(array));
+}
+
+Value Value::structures(const Dims& dims, const std::vector<std::string>& names)
+{
+    ArrayOwner array = makeArray(vxSTRUCT_CLASS, dims.size(), dims.data(), Contents::zeros);
+    array->fieldNames = names;
+    if (array->count == 1)
+        array->cells.resize(names.size());
+    return Value(std::move(array));
+}
+
 Value Value::anythingElse(const Dims& dims)
 {
     return Value(makeArray(vxUNKNOWN_CLASS, dims.size(), dims.data(), Contents::zeros));
@@ -177,9 +223,6 @@ Value Value::adopt(vxArray* created)
     if (array == nullptr)
         throw std::invalid_argument("only an array that was created, and has no owner yet");
     array->writable = false;
-    for (const ArrayOwner& inside : array->cells)
-        if (inside != nullptr)
-            inside->writable = false;
     return Value(std::move(array));
 }
 
@@ -225,6 +268,23 @@ std::vector<Value> Value::cells() const
     return values;
 }
 
+const std::vector<std::string>& Value::fieldNames() const
+{
+    require(vxSTRUCT_CLASS);
+    return array_->fieldNames;
+}
+
+Value Value::field(const std::string& name) const
+{
+    requireScalar(vxSTRUCT_CLASS);
+    const auto found = std::find(fieldNames().begin(), fieldNames().end(), name);
+    if (found == fieldNames().end())
+        throw std::logic_error("no field " + name + " in " + describe());
+    const ArrayOwner& inside =
+        array_->cells[static_cast<std::size_t>(found - fieldNames().begin())];
+    return inside == nullptr ? empty() : Value(inside);
+}
+
 std::string Value::describe() const
 {
     std::ostringstream out;
@@ -238,6 +298,8 @@ std::string Value::describe() const
         out << (toLogical() ? " true" : " false");
     else if (isNumericClass(classId()) && !isEmpty())
         writeNumbers(out, *this);
+    else if (!array_->cells.empty())
+        writeContents(out, *array_);
     return out.str();
 }
 
@@ -245,8 +307,8 @@ bool operator==(const Value& a, const Value& b)
 {
     if (a.classId() != b.classId() || a.dims() != b.dims())
         return false;
-    if (a.classId() == vxCELL_CLASS)
-        return a.cells() == b.cells();
+    if (a.array()->fieldNames != b.array()->fieldNames || !sameContents(*a.array(), *b.array()))
+        return false;
     const std::size_t bytes = a.numel() * elementSize(a.classId());
     return sameBytes(a.array()->elements, b.array()->elements, bytes) &&
            sameBytes(a.array()->imaginary, b.array()->imaginary, bytes);

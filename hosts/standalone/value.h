@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace standalone {
@@ -58,7 +59,12 @@ public:
 
     static Value cell(const Dims& dims, const std::vector<Value>& cells);
 
-    // A structure, an object, a function handle: of vxUNKNOWN_CLASS, without storage.
+    // A structure of one element, with fields in this order; and one of other dimensions, with
+    // fields of these names.
+    static Value structure(const std::vector<std::pair<std::string, Value>>& fields);
+    static Value structures(const Dims& dims, const std::vector<std::string>& names);
+
+    // An object, a function handle: of vxUNKNOWN_CLASS, without storage.
     static Value anythingElse(const Dims& dims = {1, 1});
 
     // Takes over what a vxCreate function returned outside a call.
@@ -81,6 +87,8 @@ public:
     std::u16string toUtf16() const;                     // of any char array, in storage order
     std::string toText() const;                         // the same, in UTF-8
     std::vector<Value> cells() const;                   // an empty cell is a 0-by-0 double
+    const std::vector<std::string>& fieldNames() const; // of a structure
+    Value field(const std::string& name) const;         // of a structure of one element
 
     // "int32 2x3 [1 2 3 4 5 6]", cut when it is long.
     std::string describe() const;

@@ -4,12 +4,13 @@
 //
 // Ownership. Arguments belong to the host and stay unchanged during the call. An array that a
 // vxCreate function returns belongs to the host from its creation: put into a result slot it is
-// handed to the script, put into a cell it belongs to the cell, and left anywhere else (also when
-// an error passes) it ends with the call.
+// handed to the script, put into a cell or a field it belongs to that, and the module uses its
+// pointer no longer; left anywhere else (also when an error passes) it ends with the call.
 //
 // Failure. A function that allocates never returns null: on exhaustion, or when the dimensions are
 // larger than the host can hold, the host raises an out-of-memory error of its own, as a C++
-// exception that passes through the module. No other function here raises anything.
+// exception that passes through the module. So may the functions that look into cells and
+// structures. No other function here raises anything.
 //
 // Order. Elements are stored column-major: the first dimension varies fastest. Dimensions are
 // listed in that order.
@@ -21,13 +22,14 @@ extern "C" {
 
 struct vxArray;
 
-// The class of an array. A value of a class that is not listed (a structure, a function handle, an
-// object) is of vxUNKNOWN_CLASS.
+// The class of an array. A value of a class that is not listed (a function handle, an object) is of
+// vxUNKNOWN_CLASS.
 enum vxClassID {
     vxUNKNOWN_CLASS = 0,
     vxCELL_CLASS = 1,
     vxCHAR_CLASS = 2,
     vxLOGICAL_CLASS = 3,
+    vxSTRUCT_CLASS = 4,
     vxDOUBLE_CLASS = 6,
     vxSINGLE_CLASS = 7,
     vxINT8_CLASS = 8,
@@ -59,7 +61,7 @@ const size_t* vxGetDimensions(const vxArray* array);
 
 // The number of bytes that each element takes behind vxGetData: 8 for double, 2 for char (one
 // UTF-16 unit), 1 for logical; 0 for a class whose storage is not handed out (vxCELL_CLASS,
-// vxUNKNOWN_CLASS).
+// vxSTRUCT_CLASS, vxUNKNOWN_CLASS).
 size_t vxGetElementSize(const vxArray* array);
 
 // The elements, in storage order: vxGetNumberOfElements times vxGetElementSize bytes, aligned for
@@ -77,8 +79,27 @@ bool vxIsLogicalScalar(const vxArray* array);
 // The elements of a logical array, one byte each; non-zero means true.
 const bool* vxGetLogicals(const vxArray* array);
 
+// True for a numeric array with an imaginary part, whatever its values.
+bool vxIsComplex(const vxArray* array);
+
 bool vxIsNaN(double value);
 bool vxIsInf(double value);
+
+// --- Looking into cells and structures
+//
+// An array that vxGetCell or vxGetField returns belongs to the host. It is valid until the function
+// is called with the same array again, and at the latest until the end of the call.
+
+// What is in the cell of that zero-based index in storage order: a 0-by-0 double in an empty cell.
+const vxArray* vxGetCell(const vxArray* cells, size_t index);
+
+// The fields of a structure, by zero-based numbers, and their names: narrow and NUL-terminated,
+// valid as long as the array.
+size_t vxGetNumberOfFields(const vxArray* structure);
+const char* vxGetFieldName(const vxArray* structure, size_t field);
+
+// What is in the field of a structure of one element.
+const vxArray* vxGetField(const vxArray* structure, size_t field);
 
 // --- Text and memory of the host's allocator
 // -----------------------------------------------------------------
@@ -86,6 +107,9 @@ bool vxIsInf(double value);
 // The characters of a char array in storage order, in the narrow encoding, NUL-terminated; null
 // when the array is not of class char. Released with vxFree.
 char* vxArrayToString(const vxArray* array);
+
+// The low byte of each unit of a char array, in storage order: vxGetNumberOfElements bytes.
+void vxGetCharBytes(const vxArray* array, char* bytes);
 
 // count times size bytes, all zero, aligned for any element; never null, also for zero bytes.
 // Raises the host's out-of-memory error. Released with vxFree.
@@ -111,6 +135,9 @@ vxArray* vxCreateString(const char* text);
 // A char array of zero characters.
 vxArray* vxCreateCharArray(size_t rank, const size_t* dims);
 
+// A char array of bytes, each widened as a signed char: those from 0x80 become units from 0xFF80.
+vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char* bytes);
+
 // A numeric array of zeros, of one of the ten numeric classes.
 vxArray* vxCreateNumericArray(size_t rank, const size_t* dims, vxClassID classId,
                               vxComplexity complexity);
@@ -126,5 +153,12 @@ vxArray* vxCreateCellArray(size_t rank, const size_t* dims);
 // Puts value, which the cell array then owns, into the cell of that zero-based index in storage
 // order.
 void vxSetCell(vxArray* cells, size_t index, vxArray* value);
+
+// A 1-by-1 structure with fields of these names, which are narrow, NUL-terminated and all
+// different. Each field holds a 0-by-0 double.
+vxArray* vxCreateStruct(size_t fieldCount, const char* const* names);
+
+// Puts value, which the structure then owns, into the field of that zero-based number.
+void vxSetField(vxArray* structure, size_t field, vxArray* value);
 
 } // extern "C"

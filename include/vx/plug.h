@@ -6,7 +6,7 @@
 
 // The most results that any operation sets: a host passes at least this many slots, all null, in
 // every call, however few the script asked for.
-constexpr int plugResultSlots = 4;
+constexpr int plugResultSlots = 5;
 
 extern "C" {
 
@@ -16,6 +16,10 @@ extern "C" {
 // (vx/error.h) or as an exception of the host's own that was raised in a vx function; results are
 // then void.
 void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
+// Defined by the module: its second entry, for the operations on values of any type. All else is as
+// for plugFunction, but for results that an operation sets only if nlhs asks for them.
+void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
 // Defined by the host: remembers the function to be called once, when the host unloads the module
 // or ends, before the module's static objects are destroyed. The last registration holds. Cheap:

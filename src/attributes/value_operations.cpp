@@ -3,21 +3,10 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/element_storage.h"
+#include "data/elements/fill_attributes.h"
 #include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
-namespace {
-
-// In a netCDF-4 file, but deliberately not in one of the classic model, fill values must be set
-// with "defVarFill".
-bool isGuardedFillValue(int ncid, int varid, const std::string& name, const OperationEntry* entry)
-{
-    int format = 0;
-    checkStatus(nc_inq_format(ncid, &format), entry);
-    return format == NC_FORMAT_NETCDF4 && varid != NC_GLOBAL && name == "_FillValue";
-}
-
-} // namespace
 
 void getAtt(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {

@@ -3,56 +3,11 @@
 // library calls.
 #include "check_status.h"
 #include "convert/argument_readers.h"
-#include "data/elements/blocks.h"
+#include "data/elements/block_arguments.h"
 #include "data/elements/element_storage.h"
 #include "data/elements/shapes.h"
-#include "error_identifiers.h"
 
 namespace Ovard::gridio::operations {
-namespace {
-
-// Reads START and as many of COUNT and STRIDE as are given: what is missing becomes ones.
-Block readBlockArguments(const vxArray* vectors[], int vectorCount)
-{
-    Block block;
-    block.start = toSizeVector(vectors[0], "START");
-    const std::size_t rank = block.start.size();
-    block.count = vectorCount > 1 ? toSizeVector(vectors[1], "COUNT") : SizeVector(rank, 1);
-    block.stride = vectorCount > 2 ? toStrideVector(vectors[2], "STRIDE") : StrideVector(rank, 1);
-    return block;
-}
-
-enum class Access { read, write };
-
-// Raises badIndexArgumentLength unless the vectors have one element for each dimension of the
-// variable. For COUNT and STRIDE a read deliberately reports the required length twice, a write
-// also the length that was given.
-void requireMatchingLengths(const Block& block, const Variable& variable, Access access)
-{
-    const auto require = [&](const char* label, std::size_t required, std::size_t length,
-                             std::size_t shown) {
-        if (length != required)
-            vxErrMsgId(netcdf::badIndexArgumentLength(
-                label, variable.name(), static_cast<long>(required), static_cast<long>(shown)));
-    };
-
-    const std::size_t rank = block.start.size();
-    require("START", variable.rank(), rank, rank);
-    const auto shown = [&](std::size_t given) { return access == Access::read ? rank : given; };
-    require("COUNT", rank, block.count.size(), shown(block.count.size()));
-    require("STRIDE", rank, block.stride.size(), shown(block.stride.size()));
-}
-
-void requireMatchingCount(const Block& block, const vxArray* data)
-{
-    const std::size_t product = productOf(block.count);
-    const std::size_t given = vxGetNumberOfElements(data);
-    if (product != given)
-        vxErrMsgId(
-            netcdf::countNotEqualToData(static_cast<long>(product), static_cast<long>(given)));
-}
-
-} // namespace
 
 void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
                   const OperationEntry* entry)
@@ -83,7 +38,7 @@ void putVarSubset(int, vxArray*[], int nargs, const vxArray* args[], const Opera
 
     Variable variable(ncid, varid, entry);
     requireMatchingLengths(block, variable, Access::write);
-    requireMatchingCount(block, data);
+    requireMatchingCount(block, vxGetNumberOfElements(data));
     variable.requireAccessibleValues();
     const ElementSource values(data, element);
     checkStatus(writeBlock(variable, element, block, values.get()), entry);

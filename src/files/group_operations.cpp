@@ -3,7 +3,7 @@
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
-#include "files/id_list.h"
+#include "convert/id_list.h"
 
 #include <netcdf.h>
 

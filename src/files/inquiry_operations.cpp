@@ -4,7 +4,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "error_identifiers.h"
-#include "files/id_list.h"
+#include "convert/id_list.h"
 
 #include <netcdf.h>
 

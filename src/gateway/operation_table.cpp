@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "gateway/operation_table.h"
 
-#include "error_identifiers.h"
-
-#include <algorithm>
-#include <array>
-#include <cstdint>
-#include <cstring>
-#include <string>
+#include "gateway/row_search.h"
 
 namespace Ovard::gridio {
 
@@ -245,45 +239,13 @@ constexpr OperationEntry operationTable[operationCount] = {
 
 namespace {
 
-// A few characters tell most names apart, and the length: a row with another key is passed over
-// without a look at its name.
-constexpr std::uint32_t keyOf(const char* name, std::size_t length)
-{
-    const auto at = [name](std::size_t i) {
-        return std::uint32_t{static_cast<unsigned char>(name[i])};
-    };
-    const std::size_t last = length == 0 ? 0 : length - 1;
-    return at(0) | at(length / 2) << 8 | at(last) << 16 |
-           static_cast<std::uint32_t>(length & 0xFF) << 24;
-}
-
-constexpr auto keys = [] {
-    std::array<std::uint32_t, operationCount> result{};
-    for (std::size_t i = 0; i < operationCount; ++i) {
-        const char* name = operationTable[i].name;
-        result[i] = keyOf(name, std::char_traits<char>::length(name));
-    }
-    return result;
-}();
+constexpr auto keys = keysOf(operationTable);
 
 } // namespace
 
 const OperationEntry* findOperation(const char* name, unsigned nargs)
 {
-    if (name == nullptr)
-        vxErrMsgId(netcdf::unrecognizedOperation(""));
-
-    const std::uint32_t key = keyOf(name, std::strlen(name));
-    for (auto row = std::find(keys.begin(), keys.end(), key); row != keys.end();
-         row = std::find(row + 1, keys.end(), key)) {
-        const OperationEntry& entry = operationTable[row - keys.begin()];
-        if (std::strcmp(name, entry.name) != 0)
-            continue;
-        if (entry.nargs != nargs)
-            vxErrMsgId(validate::wrongNumberOfInputs());
-        return &entry;
-    }
-    vxErrMsgId(netcdf::unrecognizedOperation(name));
+    return findRow(operationTable, keys, name, nargs);
 }
 
 } // namespace Ovard::gridio

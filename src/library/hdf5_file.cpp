@@ -15,24 +15,6 @@ namespace {
 // By the file's own identifier.
 std::map<int, NotedFile> notedFiles;
 
-// HDF5 prints what fails unless it is asked not to; it is asked for a scope, since the setting is
-// the whole process's.
-class QuietHdf5 {
-public:
-    QuietHdf5()
-    {
-        H5Eget_auto2(H5E_DEFAULT, &print_, &data_);
-        H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-    }
-    ~QuietHdf5() { H5Eset_auto2(H5E_DEFAULT, print_, data_); }
-    QuietHdf5(const QuietHdf5&) = delete;
-    QuietHdf5& operator=(const QuietHdf5&) = delete;
-
-private:
-    H5E_auto2_t print_ = nullptr;
-    void* data_ = nullptr;
-};
-
 std::vector<hid_t> openHdf5Files()
 {
     const ssize_t count = H5Fget_obj_count(static_cast<hid_t>(H5F_OBJ_ALL), H5F_OBJ_FILE);
@@ -109,6 +91,14 @@ bool reaches(const WrittenExtents& extents, const WrittenExtents& needed)
 
 } // namespace
 
+QuietHdf5::QuietHdf5()
+{
+    H5Eget_auto2(H5E_DEFAULT, &print_, &data_);
+    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+}
+
+QuietHdf5::~QuietHdf5() { H5Eset_auto2(H5E_DEFAULT, print_, data_); }
+
 Hdf5Id::~Hdf5Id()
 {
     if (id_ >= 0)
@@ -123,7 +113,7 @@ try {
     const std::vector<hid_t> files = openHdf5Files();
     const auto newest = std::max_element(files.begin(), files.end());
     if (newest != files.end())
-        notedFiles[fileIdOf(ncid)] = {*newest, false, {}};
+        notedFiles[fileIdOf(ncid)] = {*newest, false, {}, {}};
 } catch (const std::bad_alloc&) {
     forgetFile(ncid);
 }

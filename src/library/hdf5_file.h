@@ -35,6 +35,20 @@ private:
     hid_t id_ = H5I_INVALID_HID;
 };
 
+// HDF5 prints what fails unless it is asked not to; it is asked for a scope, since the setting is
+// the whole process's.
+class QuietHdf5 {
+public:
+    QuietHdf5();
+    ~QuietHdf5();
+    QuietHdf5(const QuietHdf5&) = delete;
+    QuietHdf5& operator=(const QuietHdf5&) = delete;
+
+private:
+    H5E_auto2_t print_ = nullptr;
+    void* data_ = nullptr;
+};
+
 // How far along each of its dimensions, in the library's order, a variable has been written. Along
 // an unlimited dimension this may be less than the dimension's length, which is the largest of its
 // variables'.
@@ -45,6 +59,7 @@ struct NotedFile {
     hid_t hdf5 = H5I_INVALID_HID;
     bool isInquired = false; // every variable was (renamed_dimensions.h)
     std::map<std::pair<int, int>, WrittenExtents> extents; // as last seen, by group and variable
+    std::map<std::pair<int, int>, bool> haveFixedLength;   // strings, by group and variable
 };
 
 // Remembers the HDF5 file behind an identifier that nc_open or nc_create has just returned: with

@@ -35,6 +35,7 @@ std::vector<ClassCase> everyClass()
         {"char", Value::text({2, 1}, u"ab"), vxCHAR_CLASS, 2},
         {"logical", Value::logical({2, 1}, {true, false}), vxLOGICAL_CLASS, 1},
         {"cell", Value::cell({2, 1}, {1, "x"}), vxCELL_CLASS, 0},
+        {"struct", Value::structures({2, 1}, {"a"}), vxSTRUCT_CLASS, 0},
         {"anything else", Value::anythingElse({2, 1}), vxUNKNOWN_CLASS, 0},
     };
 }
@@ -115,6 +116,7 @@ TEST_F(Array, ShowsOnlyTheRealPartOfAComplexOne)
     const Value complex = Value::complex<double>({1, 3}, {1, 2, 3}, {-1, -2, -3});
     EXPECT_TRUE(complex.isComplex());
     look(complex, [](const vxArray* array) {
+        EXPECT_TRUE(vxIsComplex(array));
         EXPECT_EQ(vxGetClassID(array), vxDOUBLE_CLASS);
         EXPECT_EQ(vxGetNumberOfElements(array), 3u);
         const auto* elements = static_cast<const double*>(vxGetData(array));
@@ -205,6 +207,7 @@ TEST_F(Array, IsLookedAtWithoutAnyAllocation)
             vxGetElementSize(array);
             vxGetData(array);
             vxIsLogicalScalar(array);
+            EXPECT_FALSE(vxIsComplex(array));
         });
     }
     EXPECT_EQ(host.allocations(), 0u);

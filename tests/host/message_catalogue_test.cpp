@@ -3,6 +3,7 @@
 #include "hosts/messages/message_catalogue.h"
 #include "hosts/messages/status_advice.h"
 
+#include "any_error_identifiers.h"
 #include "error_identifiers.h"
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@
 namespace {
 
 using namespace Ovard::gridio::netcdf;
+namespace any = Ovard::gridio::any;
 using hosts::messages::messageText;
 using Ovard::gridio::validate::argumentOutOfBounds;
 using Ovard::gridio::validate::wrongNumberOfInputs;
@@ -70,13 +72,27 @@ std::vector<Occurrence> everyIdentifier()
         occurrence<badRowDatatype>({"dimids"}, "dimids"),
         occurrence<rowLengthOutOfBounds>({"chunk dims", "1024"}, "chunk dims", 1024L),
         occurrence<closingFileHandle>({}),
+        occurrence<any::badValueClass>({"field 2", "text"}, "field 2", "text"),
+        occurrence<any::wrongNumberOfValues>({"element 4", "74", "73"}, "element 4", 74L, 73L),
+        occurrence<any::valueDoesNotFit>({"0.5", "element 4", "short"}, "element 4", "0.5",
+                                         "short"),
+        occurrence<any::unknownLabel>({"foggy", "element 4", "sky", "clear, cloudy"}, "element 4",
+                                      "foggy", "sky", "clear, cloudy"),
+        occurrence<any::missingField>({"element 4", "depth", "obs"}, "element 4", "depth", "obs"),
+        occurrence<any::surplusField>({"element 4", "depth", "obs"}, "element 4", "depth", "obs"),
+        occurrence<any::textHoldsNul>({"element 4"}, "element 4"),
+        occurrence<any::damagedType>({"obs"}, "obs"),
+        occurrence<any::unalignedType>({"obs", "'a' at 0, size 8"}, "obs", "'a' at 0, size 8"),
+        occurrence<any::foreignType>({"obs"}, "obs"),
+        occurrence<any::unrecognizedWord>({"byte order", "middle", "big"}, "byte order", "middle",
+                                          "big"),
     };
 }
 
 TEST(MessageCatalogue, HasATextForEveryIdentifierWithItsArgumentsInOrder)
 {
     const std::vector<Occurrence> occurrences = everyIdentifier();
-    EXPECT_EQ(occurrences.size(), 33u);
+    EXPECT_EQ(occurrences.size(), 44u);
     for (const Occurrence& o : occurrences) {
         const std::string text = messageText(*o.id);
         SCOPED_TRACE(text);

@@ -57,7 +57,7 @@ TEST_F(Books, ShowAnArrayOfAClassThatIsNotNumeric)
     }
 }
 
-TEST_F(Books, ShowCellsThatThereAreNot)
+TEST_F(Books, ShowCellsThatDoNotExist)
 {
     const std::size_t two[] = {2, 1};
     const std::function<void()> wrong[] = {
@@ -70,7 +70,7 @@ TEST_F(Books, ShowCellsThatThereAreNot)
     };
     for (const auto& set : wrong) {
         inCall([&](const Call&) { set(); });
-        expectBreach("a cell that there is not");
+        expectBreach("a cell that does not exist was set");
     }
 }
 

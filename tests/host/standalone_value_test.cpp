@@ -67,6 +67,10 @@ TEST(Value, EqualsOneOfTheSameClassShapeAndBits)
     EXPECT_EQ(Value::empty(vxDOUBLE_CLASS, {0, 3}), Value::empty(vxDOUBLE_CLASS, {0, 3}));
     EXPECT_NE(Value::empty(vxDOUBLE_CLASS, {0, 3}), Value::empty());
     EXPECT_NE(Value::cell({1, 1}, {1}), Value::cell({1, 1}, {2}));
+    EXPECT_EQ(Value::structure({{"a", 1}}), Value::structure({{"a", 1}}));
+    EXPECT_NE(Value::structure({{"a", 1}}), Value::structure({{"a", 2}}));
+    EXPECT_NE(Value::structure({{"a", 1}}), Value::structure({{"b", 1}}));
+    EXPECT_NE(Value::structures({1, 2}, {"a"}), Value::structures({1, 2}, {"b"}));
 }
 
 TEST(Value, DescribesItself)
@@ -82,7 +86,10 @@ TEST(Value, DescribesItself)
         {"temp", "char 1x4 'temp'"},
         {true, "logical 1x1 true"},
         {Value::empty(), "double 0x0"},
-        {Value::cell({1, 1}, {1}), "cell 1x1"},
+        {Value::cell({1, 2}, {1, Value::empty()}), "cell 1x2 {double 1x1 [1]; double 0x0}"},
+        {Value::empty(vxCELL_CLASS), "cell 0x0"},
+        {Value::structure({{"a", 1}, {"b", "x"}}), "struct 1x1 {a: double 1x1 [1]; b: char 1x1 'x'}"},
+        {Value::structures({1, 2}, {"a"}), "struct 1x2"},
         {Value::anythingElse(), "something 1x1"},
     };
     for (const auto& c : cases)

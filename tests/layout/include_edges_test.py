@@ -13,7 +13,7 @@ SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides 
 SOURCES = {".h", ".cpp", ".cc"}
 
 # From the ground up. None stands for the rooms of the operations: every other folder of src.
-FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", None, "src/gateway", "hosts/messages",
+FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/types", None, "src/gateway", "hosts/messages",
           "hosts")
 
 
@@ -83,6 +83,8 @@ class IncludeEdges(unittest.TestCase):
             ("src/library/guards/x.cpp", "src/convert/x.h"),
             ("src/convert/x.cpp", "src/data/elements/x.h"),
             ("src/data/elements/x.h", "src/data/x.h"),
+            ("src/types/x.h", "src/any/x.h"),
+            ("src/data/elements/x.h", "src/types/x.h"),
             ("src/files/x.cpp", "src/gateway/x.h"),
             ("src/files/x.cpp", "src/constants/x.h"),
             ("src/attributes/x.cpp", "src/data/x.h"),
@@ -99,6 +101,8 @@ class IncludeEdges(unittest.TestCase):
             ("src/library/x.cpp", "src/library/guards/x.h"),
             ("src/data/x.cpp", "src/data/elements/x.h"),
             ("src/attributes/x.cpp", "src/data/elements/x.h"),
+            ("src/any/x.cpp", "src/types/x.h"),
+            ("src/types/x.cpp", "src/data/elements/x.h"),
             ("src/gateway/x.cpp", "src/files/x.h"),
             ("hosts/octave/x.cc", "hosts/messages/x.h"),
             ("hosts/octave/x.cc", "include/x.h"),

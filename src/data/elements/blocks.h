@@ -4,6 +4,7 @@
 
 #include "data/elements/element_types.h"
 #include "data/elements/variable.h"
+#include "library/guards/partly_written_variables.h"
 
 namespace Ovard::gridio {
 
@@ -16,6 +17,9 @@ struct Block {
 };
 
 Block wholeBlock(Variable& variable);
+
+// The block as the guards of the library take it, valid as long as both arguments.
+LibraryBlock libraryBlock(Variable& variable, const Block& block);
 
 // Reads the block's values, converted to the element type, one after the other to destination,
 // which has memory for all of them: nc_get_var_double and its kind for a whole variable,

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 
 namespace Ovard::gridio {
 namespace {
@@ -91,8 +90,8 @@ void fillElements(char* destination, std::size_t count, const void* element, std
 }
 
 // Spreads the written part, which lies without gaps at the beginning of the values, over the whole
-// block, and puts the fill value between. Rows are moved from the last to the first, so that none
-// overwrites one that is still to be moved.
+// block, and puts the fill value between. Rows are moved from the last to the first, so that, in
+// the same memory, none overwrites one that is still to be moved.
 class Spreading {
 public:
     Spreading(const LibraryBlock& block, const Lengths& written, const void* fill, std::size_t size)
@@ -106,12 +105,12 @@ public:
         }
     }
 
-    void run(char* values) const
+    void run(const char* values, char* block) const
     {
         for (std::size_t row = productOf(counts_, rowRank_); row-- > 0;) {
             std::size_t source = 0;
             const std::size_t moved = isWritten(row, source) ? rowWritten_ : 0;
-            char* destination = values + row * rowLength_ * size_;
+            char* destination = block + row * rowLength_ * size_;
             if (moved > 0)
                 std::memmove(destination, values + source * rowWritten_ * size_, moved * size_);
             fillElements(destination + moved * size_, rowLength_ - moved, fill_, size_);
@@ -143,8 +142,8 @@ private:
 };
 
 // The block's last element alone, which the library reads right wherever it lies.
-int readLastElement(const LibraryBlock& block, const WrittenExtents& needed, GetVarsCall getVars,
-                    void* value)
+int readLastElement(const LibraryBlock& block, const WrittenExtents& needed,
+                    const GetVarsCall& getVars, void* value)
 {
     Lengths last(block.rank);
     std::transform(needed.begin(), needed.end(), last.begin(), [](hsize_t end) { return end - 1; });
@@ -175,38 +174,39 @@ bool isMisreadWhenPartlyWritten(const LibraryBlock& block, const OperationEntry*
     return false;
 }
 
-int readPartlyWritten(const LibraryBlock& block, GetVarsCall getVars, std::size_t elementSize,
-                      void* values, const OperationEntry* entry)
+PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVars,
+                             const BlockMemory& memory, const OperationEntry* entry)
 {
     const auto readAll = [&] {
-        return getVars(block.ncid, block.varid, block.start, block.count, block.stride, values);
+        return getVars(block.ncid, block.varid, block.start, block.count, block.stride,
+                       memory.values);
     };
     const WrittenExtents needed = extentsOf(block);
     if (needed.empty())
-        return readAll();
+        return {readAll(), false};
     WrittenExtents extents = writtenExtents(block.ncid, block.varid, needed, entry);
     if (isWithin(needed, extents))
-        return readAll();
+        return {readAll(), false};
 
     // The read of the last element also makes the library write a variable to the file that was
     // only defined: it then has extents.
-    alignas(8) char fill[8] = {};
-    const int fillStatus = readLastElement(block, needed, getVars, fill);
+    const int fillStatus = readLastElement(block, needed, getVars, memory.fill);
     if (extents.empty())
         extents = writtenExtents(block.ncid, block.varid, needed, entry);
     if (!isReadable(fillStatus) || extents.empty() || isWithin(needed, extents)) {
         const int status = readAll(); // which says best what it refuses of the block
-        return isReadable(fillStatus) || status != NC_NOERR ? status : fillStatus;
+        return {isReadable(fillStatus) || status != NC_NOERR ? status : fillStatus, false};
     }
 
     const Lengths written = writtenCounts(block, extents);
     int status = NC_NOERR;
     if (productOf(written.data(), block.rank) > 0)
-        status =
-            getVars(block.ncid, block.varid, block.start, written.data(), block.stride, values);
+        status = getVars(block.ncid, block.varid, block.start, written.data(), block.stride,
+                         memory.values);
     if (isReadable(status))
-        Spreading(block, written, fill, elementSize).run(static_cast<char*>(values));
-    return status == NC_NOERR ? fillStatus : status;
+        Spreading(block, written, memory.fill, memory.elementSize)
+            .run(memory.values, memory.spread);
+    return {status == NC_NOERR ? fillStatus : status, true};
 }
 
 } // namespace Ovard::gridio

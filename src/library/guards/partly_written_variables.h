@@ -8,12 +8,14 @@
 #include "operation_entry.h"
 
 #include <cstddef>
+#include <functional>
 
 namespace Ovard::gridio {
 
 // nc_get_vars_double and its kind with the element type erased.
-using GetVarsCall = int (*)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
-                            const std::ptrdiff_t* stride, void* values);
+using GetVarsCall =
+    std::function<int(int ncid, int varid, const std::size_t* start, const std::size_t* count,
+                      const std::ptrdiff_t* stride, void* values)>;
 
 // A block of a variable, in the library's order of dimensions.
 struct LibraryBlock {
@@ -30,10 +32,25 @@ struct LibraryBlock {
 // of it was written.
 bool isMisreadWhenPartlyWritten(const LibraryBlock& block, const OperationEntry* entry);
 
-// What getVars is to do, and its status, done right: the written part is read by one call, and
-// another one reads a fill value as the library converts it. elementSize is that of one value in
-// memory.
-int readPartlyWritten(const LibraryBlock& block, GetVarsCall getVars, std::size_t elementSize,
-                      void* values, const OperationEntry* entry);
+// Memory for the values of a block.
+struct BlockMemory {
+    std::size_t elementSize;
+    char* values; // for the whole block
+    char* fill;   // for one value, zeroed
+    // Where written values and copies of the fill value are put together, as bytes: values itself,
+    // or other memory of its size for values that own memory, each of which then stays where it was
+    // read.
+    char* spread;
+};
+
+struct PartlyRead {
+    int status;
+    bool isSpread; // the block is in spread, not in values
+};
+
+// What getVars is to do, and its status, done right: the written part is read by one call, to the
+// beginning of values, and another one reads a fill value as the library converts it.
+PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVars,
+                             const BlockMemory& memory, const OperationEntry* entry);
 
 } // namespace Ovard::gridio

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "files/id_list.h"
+#include "convert/id_list.h"
 
 #include "tests/support/module_test.h"
 

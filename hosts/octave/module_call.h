@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// A call of one of the module's entries from the interpreter, which no foreign exception ever
+// leaves.
+#pragma once
+
+#include "call.h"
+#include "errors.h"
+#include "vx/plug.h"
+
+#include <octave/oct.h>
+
+#include <exception>
+#include <new>
+
+namespace hosts::oct {
+
+template <auto entry> octave_value_list callModule(const octave_value_list& args, int nargout)
+{
+    Call call;
+    const octave_idx_type count = args.length();
+    auto** arguments = static_cast<const vxArray**>(
+        call.allocate(static_cast<size_t>(count) * sizeof(const vxArray*)));
+    for (octave_idx_type i = 0; i < count; ++i)
+        arguments[i] = call.add(args(i));
+
+    vxArray* results[plugResultSlots] = {};
+    try {
+        entry(nargout, results, static_cast<int>(count), arguments);
+    } catch (const fnd::except::IMsgIDException& failure) {
+        // The arguments must still be alive: the text names what they are about.
+        raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count)});
+    }
+
+    // All of them, whatever the script asked for: the interpreter drops what is too much.
+    octave_idx_type used = 0;
+    while (used < plugResultSlots && results[used])
+        ++used;
+    octave_value_list values(used);
+    for (octave_idx_type i = 0; i < used; ++i)
+        values(i) = toValue(*results[i]);
+    return values;
+}
+
+inline void lookAtNothing(const octave_value_list&) {}
+
+// look is called with the arguments first, and may warn about them.
+template <auto entry, auto look = lookAtNothing>
+octave_value_list callGuarded(const octave_value_list& args, int nargout)
+{
+    try {
+        look(args);
+        return callModule<entry>(args, nargout);
+    } catch (const octave::execution_exception&) {
+        throw;
+    } catch (const octave::interrupt_exception&) {
+        throw;
+    } catch (const octave::exit_exception&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& failure) {
+        raiseInternal(failure.what());
+    } catch (...) {
+        raiseInternal("an exception of unknown type");
+    }
+}
+
+} // namespace hosts::oct

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Definitions of types that cannot be written to a file. Release 4.9.0 takes them, and then can
+// neither write nor close the file, so that all else is lost that was defined with them.
+#pragma once
+
+#include "operation_entry.h"
+
+#include <netcdf.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace Ovard::gridio {
+
+// Raises NC_ENAMEINUSE for a type that would be named like a dimension of its group.
+void requireFreeTypeName(int ncid, const std::string& name, const OperationEntry* entry);
+
+// Raises NC_EINVAL for values of more bytes than the file can store the number of.
+void requireWritableSize(std::size_t size, const OperationEntry* entry);
+
+// Raises NC_EBADTYPE unless the base of an enumeration is an integer type.
+void requireIntegerType(nc_type base, const OperationEntry* entry);
+
+// Raises NC_EBADTYPE unless a type of this group can be made of the other one: it exists, and is in
+// the file before it.
+void requireEarlierType(int ncid, nc_type part, const OperationEntry* entry);
+
+// Raises NC_ENAMEINUSE or NC_EINVAL if the enumeration has a member of that name or value, of which
+// bits are the bytes that the type has.
+void requireNewMember(int ncid, nc_type enumeration, const std::string& name, std::uint64_t bits,
+                      const OperationEntry* entry);
+
+// A field of a compound type.
+struct FieldPlan {
+    std::string name;
+    std::size_t offset;
+    nc_type xtype;
+    std::vector<int> lengths;
+};
+
+// Raises NC_ENAMEINUSE for a name that the compound type has a field of, NC_EBADTYPE for a type
+// that it cannot be made of, and NC_EINVAL for lengths that are not positive or too many, and for a
+// field that overlaps another or the end.
+void requireNewField(int ncid, nc_type compound, const FieldPlan& plan,
+                     const OperationEntry* entry);
+
+} // namespace Ovard::gridio

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Where in a netCDF-4 file a type is defined.
+#pragma once
+
+#include "library/hdf5_file.h"
+
+#include <netcdf.h>
+
+#include <optional>
+
+namespace Ovard::gridio {
+
+// The group that a user-defined type is defined in: ncid, one of the groups around it, or any other
+// of the file. None if there is no such type.
+std::optional<int> groupOfType(int ncid, nc_type xtype, const OperationEntry* entry);
+
+// Whether a group is the other one or lies around it.
+bool isAround(int group, int other, const OperationEntry* entry);
+
+// The type as HDF5 stores it; none while it is defined but not yet written to the file, and in
+// files that are not stored in HDF5.
+Hdf5Id openStoredType(int ncid, nc_type xtype, const OperationEntry* entry);
+
+} // namespace Ovard::gridio
