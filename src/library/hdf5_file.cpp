@@ -2,6 +2,7 @@
 #include "library/hdf5_file.h"
 
 #include "check_status.h"
+#include "library/quiet_hdf5.h"
 #include "library/storage_model.h"
 
 #include <algorithm>
@@ -14,24 +15,6 @@ namespace {
 
 // By the file's own identifier.
 std::map<int, NotedFile> notedFiles;
-
-// HDF5 prints what fails unless it is asked not to; it is asked for a scope, since the setting is
-// the whole process's.
-class QuietHdf5 {
-public:
-    QuietHdf5()
-    {
-        H5Eget_auto2(H5E_DEFAULT, &print_, &data_);
-        H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-    }
-    ~QuietHdf5() { H5Eset_auto2(H5E_DEFAULT, print_, data_); }
-    QuietHdf5(const QuietHdf5&) = delete;
-    QuietHdf5& operator=(const QuietHdf5&) = delete;
-
-private:
-    H5E_auto2_t print_ = nullptr;
-    void* data_ = nullptr;
-};
 
 std::vector<hid_t> openHdf5Files()
 {
