@@ -30,6 +30,9 @@ struct Raised {
 extern const char* const outOfMemoryIdentifier;
 extern const char* const internalErrorIdentifier;
 
+// That of what an interrupt raises.
+extern const char* const interruptIdentifier;
+
 Raised describe(const msgcat::BaseMsgID& id);
 
 // The exception in flight, whatever it is. Called in a catch block.
@@ -54,6 +57,12 @@ private:
 class OutOfMemory : public std::exception {
 public:
     const char* what() const noexcept override { return "out of memory"; }
+};
+
+// This host's interrupt.
+class Interrupt : public std::exception {
+public:
+    const char* what() const noexcept override { return "interrupted"; }
 };
 
 } // namespace standalone
