@@ -13,7 +13,7 @@ SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides 
 SOURCES = {".h", ".cpp", ".cc"}
 
 # From the ground up. None stands for the rooms of the operations: every other folder of src.
-FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", None, "src/gateway", "hosts/messages",
+FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", None, "src/gateway", "hosts/messages",
           "hosts")
 
 
@@ -83,6 +83,8 @@ class IncludeEdges(unittest.TestCase):
             ("src/library/guards/x.cpp", "src/convert/x.h"),
             ("src/convert/x.cpp", "src/data/elements/x.h"),
             ("src/data/elements/x.h", "src/data/x.h"),
+            ("src/data/elements/x.h", "src/chunks/x.h"),
+            ("src/chunks/x.cpp", "src/data/x.h"),
             ("src/files/x.cpp", "src/gateway/x.h"),
             ("src/files/x.cpp", "src/constants/x.h"),
             ("src/attributes/x.cpp", "src/data/x.h"),
@@ -98,6 +100,8 @@ class IncludeEdges(unittest.TestCase):
             ("src/library/guards/x.cpp", "src/library/x.h"),
             ("src/library/x.cpp", "src/library/guards/x.h"),
             ("src/data/x.cpp", "src/data/elements/x.h"),
+            ("src/chunks/codecs/x.cpp", "src/data/elements/x.h"),
+            ("src/data/x.cpp", "src/chunks/x.h"),
             ("src/attributes/x.cpp", "src/data/elements/x.h"),
             ("src/gateway/x.cpp", "src/files/x.h"),
             ("hosts/octave/x.cc", "hosts/messages/x.h"),
