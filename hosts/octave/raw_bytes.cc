@@ -69,7 +69,7 @@ bool isOfFittingClass(std::string_view name, builtin_type_t type)
 
 bool isNumberTextOrLogical(vxClassID id)
 {
-    return id >= vxCHAR_CLASS && id <= vxUINT64_CLASS;
+    return id >= vxCHAR_CLASS && id != vxSTRUCT_CLASS;
 }
 
 // What to write in place of the values x.

@@ -14,6 +14,7 @@ namespace standalone {
 
 const char* const outOfMemoryIdentifier = "standalone:outOfMemory";
 const char* const internalErrorIdentifier = "standalone:internal";
+const char* const interruptIdentifier = "standalone:interrupt";
 
 namespace {
 
@@ -39,6 +40,8 @@ Raised describeInFlight()
         return {outOfMemoryIdentifier, {}, error.what()};
     } catch (const std::bad_alloc&) {
         return {outOfMemoryIdentifier, {}, OutOfMemory().what()};
+    } catch (const Interrupt& error) {
+        return {interruptIdentifier, {}, error.what()};
     } catch (const std::exception& error) {
         return {internalErrorIdentifier, {std::string(error.what())}, error.what()};
     } catch (...) {

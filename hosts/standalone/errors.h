@@ -30,6 +30,9 @@ struct Raised {
 extern const char* const outOfMemoryIdentifier;
 extern const char* const internalErrorIdentifier;
 
+// That of what an interrupt raises.
+extern const char* const interruptIdentifier;
+
 // Its text looks at the call that is under way, if there is one.
 Raised describe(const msgcat::BaseMsgID& id);
 
@@ -55,6 +58,12 @@ private:
 class OutOfMemory : public std::exception {
 public:
     const char* what() const noexcept override { return "out of memory"; }
+};
+
+// This host's interrupt.
+class Interrupt : public std::exception {
+public:
+    const char* what() const noexcept override { return "interrupted"; }
 };
 
 } // namespace standalone

@@ -112,6 +112,11 @@ void Host::failAllocation(std::size_t n)
     books_.failingAllocation = n == 0 ? 0 : books_.allocations + n;
 }
 
+void Host::interruptQuestion(std::size_t n)
+{
+    books_.interruptedQuestion = n == 0 ? 0 : books_.continueQuestions + n;
+}
+
 std::ostream& operator<<(std::ostream& out, const Outcome& outcome)
 {
     if (outcome.raised)

@@ -93,6 +93,11 @@ public:
     // Whether vxRaiseException throws or leaves that to its caller, which is allowed both.
     void setRaiser(Raiser raiser) { books_.raiser = raiser; }
 
+    // The n-th time from now (1: the next) that the module asks whether to go on, the user wants an
+    // interrupt; 0 takes that back.
+    void interruptQuestion(std::size_t n);
+    std::size_t continueQuestions() const { return books_.continueQuestions; }
+
     // Clean books, as if the object were new.
     void reset() { books_.reset(); }
 

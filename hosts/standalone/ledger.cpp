@@ -112,6 +112,7 @@ void Ledger::reset()
     warnings.clear();
     breaches.clear();
     unloadRegistrations = 0;
+    continueQuestions = interruptedQuestion = 0;
 }
 
 } // namespace standalone

@@ -37,6 +37,9 @@ struct Ledger {
     void (*unloadHandler)() = nullptr;
     std::size_t unloadRegistrations = 0;
 
+    std::size_t continueQuestions = 0; // of vxContinue
+    std::size_t interruptedQuestion = 0; // from this one on the user wants an interrupt; 0: none
+
     bool hasHost = false;
 
     const hosts::messages::CallContext* call = nullptr; // the one that is under way

@@ -2,6 +2,7 @@
 #include "library/hdf5_file.h"
 
 #include "check_status.h"
+#include "library/quiet_hdf5.h"
 #include "library/storage_model.h"
 
 #include <algorithm>
@@ -90,14 +91,6 @@ bool reaches(const WrittenExtents& extents, const WrittenExtents& needed)
 }
 
 } // namespace
-
-QuietHdf5::QuietHdf5()
-{
-    H5Eget_auto2(H5E_DEFAULT, &print_, &data_);
-    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-}
-
-QuietHdf5::~QuietHdf5() { H5Eset_auto2(H5E_DEFAULT, print_, data_); }
 
 Hdf5Id::~Hdf5Id()
 {

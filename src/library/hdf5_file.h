@@ -4,6 +4,7 @@
 // and HDF5 1.10.8 crashes on string types of a file that is open twice.
 #pragma once
 
+#include "library/quiet_hdf5.h"
 #include "operation_entry.h"
 
 #include <hdf5.h>
@@ -33,20 +34,6 @@ public:
 
 private:
     hid_t id_ = H5I_INVALID_HID;
-};
-
-// HDF5 prints what fails unless it is asked not to; it is asked for a scope, since the setting is
-// the whole process's.
-class QuietHdf5 {
-public:
-    QuietHdf5();
-    ~QuietHdf5();
-    QuietHdf5(const QuietHdf5&) = delete;
-    QuietHdf5& operator=(const QuietHdf5&) = delete;
-
-private:
-    H5E_auto2_t print_ = nullptr;
-    void* data_ = nullptr;
 };
 
 // How far along each of its dimensions, in the library's order, a variable has been written. Along

@@ -119,6 +119,18 @@ class Configure(unittest.TestCase):
                 self.assert_misses(self.configure(f"CXX=g++ -I{self.headers}"), *words)
                 (self.headers / header).unlink()
 
+    def test_tells_a_missing_codec_in_one_line_and_goes_on(self):
+        codecs = {"libdeflate.h": "libdeflate-dev", "zstd.h": "libzstd-dev", "blosc.h": "libblosc-dev",
+                  "lz4.h": "liblz4-dev", "bzlib.h": "libbz2-dev", "szlib.h": "libaec-dev"}
+        for header, package in codecs.items():
+            with self.subTest(header):
+                self.hide(header)
+                done = self.configure(f"CXX=g++ -I{self.headers}")
+                (self.headers / header).unlink()
+                self.assertEqual((done.returncode, done.stderr, done.stdout.count("\n")), (0, "", 1))
+                self.assertIn(package, done.stdout)
+                self.assertEqual((self.folder / "config.mk").read_text().count("-DGRIDIO_HAS_"), len(codecs) - 1)
+
     def test_takes_no_library_that_is_too_old(self):
         self.hide("netcdf_meta.h", "#define NC_VERSION_MAJOR 4\n#define NC_VERSION_MINOR 8")
         self.assert_misses(self.configure(f"CXX=g++ -I{self.headers}"), "4.9 or newer")

@@ -2,76 +2,20 @@
 // Random blocks of netCDF-4 variables, most of them partly written, against their elements read one
 // by one in plain C. GRIDIO_PARTIAL_READS=N makes N reads instead of the usual number, and
 // GRIDIO_SEED=S others than usual.
+#include "tests/properties/random.h"
 #include "tests/properties/typed_library_calls.h"
 #include "tests/support/element_samples.h"
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <iostream>
-#include <random>
-#include <sstream>
 
 namespace properties {
 namespace {
 
 using standalone::Value;
 using testsupport::require;
-
-std::size_t environmentNumber(const char* name, std::size_t usual)
-{
-    const char* text = std::getenv(name);
-    return text == nullptr ? usual : std::strtoul(text, nullptr, 10);
-}
-
-class Random {
-public:
-    explicit Random(std::size_t seed) : engine_(static_cast<std::mt19937::result_type>(seed)) {}
-
-    std::size_t below(std::size_t end)
-    {
-        return std::uniform_int_distribution<std::size_t>(0, end - 1)(engine_);
-    }
-    std::size_t between(std::size_t first, std::size_t last)
-    {
-        return first + below(last - first + 1);
-    }
-    bool oneIn(std::size_t n) { return below(n) == 0; }
-    template <class List> const auto& oneOf(const List& list) { return list[below(list.size())]; }
-    template <class List> void shuffle(List& list)
-    {
-        std::shuffle(list.begin(), list.end(), engine_);
-    }
-
-private:
-    std::mt19937 engine_;
-};
-
-using Lengths = std::vector<std::size_t>;
-
-std::size_t productOf(const Lengths& lengths)
-{
-    std::size_t product = 1;
-    for (const std::size_t length : lengths)
-        product *= length;
-    return product;
-}
-
-Lengths indexOf(std::size_t position, const Lengths& lengths)
-{
-    Lengths index(lengths.size());
-    for (std::size_t i = lengths.size(); i-- > 0; position /= lengths[i])
-        index[i] = position % lengths[i];
-    return index;
-}
-
-std::size_t positionOf(const Lengths& index, const Lengths& lengths)
-{
-    std::size_t position = 0;
-    for (std::size_t i = 0; i < lengths.size(); ++i)
-        position = position * lengths[i] + index[i];
-    return position;
-}
 
 struct Variable {
     int ncid = 0;
@@ -268,14 +212,6 @@ Expected expectedOf(const Elements& elements, const Lengths& lengths, const Bloc
         expected.isOutOfRange |= elements.statuses[position] == NC_ERANGE;
     }
     return expected;
-}
-
-std::string show(const Lengths& lengths)
-{
-    std::ostringstream out;
-    for (const std::size_t length : lengths)
-        out << length << ' ';
-    return out.str();
 }
 
 class PartialReads : public testsupport::ModuleTest {

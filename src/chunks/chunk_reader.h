@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// One read of a block of a chunked dataset: the calling thread gets the chunks from HDF5, and all
+// threads unpack them into the result.
+#pragma once
+
+#include "chunks/chunk_walk.h"
+#include "chunks/chunked_dataset.h"
+#include "chunks/interruption.h"
+#include "chunks/result_block.h"
+#include "chunks/worker_pool.h"
+
+#include <memory>
+#include <vector>
+
+namespace Ovard::gridio {
+
+class ChunkReader {
+public:
+    // The block lies within the dataset's extents. blockLengths are those of the result, of which
+    // the block may be the beginning along each dimension.
+    ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
+                const SizeVector& blockLengths, const ResultBlock& result);
+
+    // Throws DamagedChunk.
+    void run();
+
+private:
+    struct PendingChunk {
+        Spans spans;
+        StoredChunk stored;
+        std::size_t offset = 0; // in the bytes of the slot
+    };
+    struct Slot {
+        ByteBuffer bytes;
+        std::size_t used = 0;
+        std::vector<PendingChunk> chunks; // the first count of them
+        std::size_t count = 0;
+
+        void clear() { used = count = 0; }
+    };
+
+    bool fits(const Slot& slot, std::size_t size) const;
+    void add(Slot& slot, const ChunkWalk& walk, std::size_t size);
+    void unpackAll(const Slot& slot, std::size_t worker);
+    void unpack(const Slot& slot, const PendingChunk& chunk, ChunkDecoder& decoder) const;
+
+    const ChunkedDataset& dataset_;
+    const BlockIndices& block_;
+    const SizeVector& blockLengths_;
+    const ResultBlock& result_;
+    std::size_t chunksInSlot_;
+    std::vector<Slot> slots_;
+    std::vector<std::unique_ptr<ChunkDecoder>> decoders_; // one for each thread
+};
+
+} // namespace Ovard::gridio

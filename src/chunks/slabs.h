@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// Blocks cut into slabs for the library.
+#pragma once
+
+#include "chunks/chunk_walk.h"
+#include "data/elements/blocks.h"
+
+namespace Ovard::gridio {
+
+// The lengths of slabs, as those of chunks for a ChunkWalk: whole chunks, so that none is packed or
+// unpacked twice, as many as make up the number of elements, from the innermost dimension outwards.
+SizeVector slabLengths(const BlockIndices& block, const SizeVector& chunkLengths,
+                       std::size_t elements);
+
+// The block of the variable that is a slab of another one.
+Block slabOf(const BlockIndices& block, const Spans& spans);
+
+} // namespace Ovard::gridio

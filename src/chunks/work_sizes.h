@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// How the chunks of one read or write are shared out between threads.
+#pragma once
+
+#include <cstddef>
+
+namespace Ovard::gridio {
+
+// Bytes of chunks, packed and unpacked, that are in memory at any time: this many, or two chunks
+// for each thread, whichever is more.
+constexpr std::size_t memoryBound = std::size_t{64} << 20;
+
+struct WorkSizes {
+    std::size_t threads;
+    std::size_t slots;        // pieces of work in memory
+    std::size_t chunksInSlot; // of each
+};
+
+WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize);
+
+} // namespace Ovard::gridio
