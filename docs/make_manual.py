@@ -51,7 +51,7 @@ def write_sources(folder):
     (folder / "version.texi").write_text(f"@set VERSION {version}\n")
     (folder / "statuses.texi").write_text(statuses_texinfo(), encoding="utf-8")
     (folder / "operations.texi").write_text(
-        make_operations.texinfo(operation_entries.read_entries()), encoding="utf-8")
+        make_operations.texinfo(operation_entries.read_all_entries()), encoding="utf-8")
 
 
 def run(*command, folder):

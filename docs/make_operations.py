@@ -37,15 +37,20 @@ def wrapped(text, indent, hanging=None):
                          break_long_words=False, break_on_hyphens=False)
 
 
-def text_overview(families):
-    lines = ['Operations, called as gridio("NAME", ...). gridio_help("NAME") explains one.']
-    for family, entries in families.items():
-        lines += ["", family] + wrapped(" ".join(e.name for e in entries), 2)
+def text_overview(entries):
+    lines = []
+    for function, title in (
+            (operation_entries.FIRST, 'Operations, called as gridio("NAME", ...). gridio_help("NAME") explains one.'),
+            (operation_entries.ANY, 'Operations on values of any type, called as gridio_any("NAME", ...).')):
+        lines += ([""] if lines else []) + [title]
+        own = [entry for entry in entries if entry.function == function]
+        for family, members in operation_entries.by_family(own).items():
+            lines += ["", family] + wrapped(" ".join(e.name for e in members), 2)
     return lines
 
 
 def text_entry(entry):
-    lines = [f"{entry.name} ({entry.family})", "", f"  {entry.call()}", ""]
+    lines = [f"{entry.title()} ({entry.family})", "", f"  {entry.call()}", ""]
     lines += wrapped(entry.purpose, 2)
     if entry.arguments:
         lines += ["", "Arguments"]
@@ -75,7 +80,7 @@ def text_entry(entry):
 
 
 def text(entries):
-    parts = [text_overview(operation_entries.by_family(entries))]
+    parts = [text_overview(entries)]
     parts += [[f"@@ {entry.name}"] + text_entry(entry) for entry in entries]
     return "".join(line + "\n" for part in parts for line in part)
 
@@ -96,11 +101,11 @@ def fenced(lines, language=""):
 
 
 def anchor(title):
-    return re.sub(r"[^a-z0-9 -]", "", title.lower()).replace(" ", "-")
+    return re.sub(r"[^a-z0-9_ -]", "", title.lower()).replace(" ", "-")
 
 
 def markdown_entry(entry):
-    lines = ["", f"### {entry.name}", "", entry.purpose]
+    lines = ["", f"### {entry.title()}", "", entry.purpose]
     lines += fenced([entry.call()], "octave")
     if entry.arguments:
         lines += table(("Argument", "In errors", "Class and shape", "Meaning"),
@@ -136,7 +141,7 @@ def markdown(entries):
             lines += ["", paragraph]
     lines.append("")
     for family, members in families.items():
-        links = ", ".join(f"[{e.name}](#{anchor(e.name)})" for e in members)
+        links = ", ".join(f"[{e.name}](#{anchor(e.title())})" for e in members)
         lines.append(f"- [{family}](#{anchor(family)}): {links}")
     for family, members in families.items():
         lines += ["", f"## {family}"]
@@ -166,8 +171,13 @@ def texinfo_code(words):
     return f"@code{{{escaped(words)}}}"
 
 
+def node(entry):
+    """A node's name holds no colon."""
+    return entry.title().replace(":", "")
+
+
 def texinfo_entry(entry):
-    lines = ["", f"@node {entry.name}", f"@subsection {entry.name}",
+    lines = ["", f"@node {node(entry)}", f"@subsection {entry.title()}",
              f"@cindex {entry.name}", "", escaped(entry.purpose)]
     lines += texinfo_block([entry.call()])
     if entry.arguments:
@@ -211,7 +221,7 @@ def texinfo(entries):
     lines += ["", "@menu"] + [f"* {node}::" for node in nodes.values()] + ["@end menu"]
     for family, members in families.items():
         lines += ["", f"@node {nodes[family]}", f"@section {family}", "", "@menu"]
-        lines += [f"* {entry.name}:: {escaped(entry.purpose)}" for entry in members] + ["@end menu"]
+        lines += [f"* {node(entry)}:: {escaped(entry.purpose)}" for entry in members] + ["@end menu"]
         for entry in members:
             lines += texinfo_entry(entry)
     return "".join(line + "\n" for line in lines)
@@ -219,7 +229,8 @@ def texinfo(entries):
 
 # C++: how each operation is called, for the messages of errors.
 
-KINDS = {"int": "integer", "rawsingle": "rawSingle", "fillvalue": "fillValue"}
+TABLES = {operation_entries.FIRST: "", operation_entries.ANY: ", OperationTable::any"}
+KINDS = {"int": "integer", "int64": "integer64", "unsigned": "unsigned32", "single": "singleNumber", "rawsingle": "rawSingle", "fillvalue": "fillValue"}
 CLASSES = {"double": "vxDOUBLE_CLASS", "single": "vxSINGLE_CLASS", "char": "vxCHAR_CLASS",
            **{f"{sign}int{bits}": f"vx{sign.upper()}INT{bits}_CLASS" for sign in ("", "u") for bits in (8, 16, 32, 64)}}
 
@@ -255,7 +266,7 @@ def forms(entries):
         parameters = [constants[a.name, a.error_name, a.kind] for a in entry.arguments]
         data = [a.class_text.removesuffix(" array") for a in entry.arguments if a.kind == "data"]
         lines.append(f'    {{"{entry.name}", "{entry.left()}", {{{", ".join(parameters)}}}, {len(parameters)}, '
-                     f'{CLASSES[data[0]] if data else "vxUNKNOWN_CLASS"}}},')
+                     f'{CLASSES[data[0]] if data else "vxUNKNOWN_CLASS"}{TABLES[entry.function]}}},')
     lines += ["};", "// clang-format on", "", "} // namespace", "",
               "const OperationForm* beginOperationForms() { return std::begin(forms); }",
               "const OperationForm* endOperationForms() { return std::end(forms); }", "",
@@ -264,7 +275,7 @@ def forms(entries):
 
 
 def main(arguments):
-    entries = operation_entries.read_entries()
+    entries = operation_entries.read_all_entries()
     if arguments == ["--texinfo"]:
         sys.stdout.write(texinfo(entries))
     elif arguments:

@@ -34,8 +34,12 @@ class Error:
         return self.identifier + (f"({', '.join(self.arguments)})" if self.arguments else "")
 
 
+FIRST, ANY = "gridio", "gridio_any"  # the functions, each with a table of operations
+
+
 @dataclasses.dataclass
 class Entry:
+    function: str
     name: str
     family: str
     purpose: str
@@ -48,6 +52,10 @@ class Entry:
     example: list
     prints: list
 
+    def title(self):
+        """A heading that no other entry has."""
+        return self.name if self.function == FIRST else f"{self.function}: {self.name}"
+
     def left(self):
         """What a script assigns the results to: '[a, b]', 'a', ''."""
         names = [result.name for result in self.results]
@@ -57,7 +65,7 @@ class Entry:
         """How a script calls it: '[a, b] = gridio("name", x)'."""
         left = f"{self.left()} = " if self.results else ""
         quoted = [f'"{self.name}"'] + [argument.name for argument in self.arguments]
-        return f"{left}gridio({', '.join(quoted)})"
+        return f"{left}{self.function}({', '.join(quoted)})"
 
 
 class Mistake(Exception):
@@ -117,7 +125,7 @@ def parted(line, where):
 
 def read_error(line, where):
     left, condition = parted(line, where)
-    form = re.fullmatch(r"(netcdf:\w+|validate:\w+)(?:\((.+)\))?", left)
+    form = re.fullmatch(r"(netcdf:\w+|validate:\w+|any:\w+)(?:\((.+)\))?", left)
     if not form:
         raise Mistake(f"{where}: not an error: {left}")
     return Error(form[1], form[2].split(", ") if form[2] else [], condition)
@@ -128,6 +136,7 @@ class Common:
 
     def __init__(self):
         self.families = {}  # file: title
+        self.functions = {}  # file: the function whose operations it describes
         self.types = {}  # suffix: {placeholder: word}
         self.arguments = {}  # name: sections of the whole definition
         self.kinds = {}  # name: (class, errors)
@@ -136,8 +145,10 @@ class Common:
             what, *words = header.split()
             getattr(self, "read_" + what)(words, [line for line in lines if line.strip()])
 
-    def read_families(self, _, lines):
-        self.families = dict(line.split(" ", 1) for line in lines)
+    def read_families(self, words, lines):
+        families = dict(line.split(" ", 1) for line in lines)
+        self.families.update(families)
+        self.functions.update(dict.fromkeys(families, words[0]))
 
     def read_types(self, _, lines):
         for line in lines:
@@ -241,7 +252,7 @@ def joined(errors):
             for (identifier, words), those in conditions.items()]
 
 
-def read_entry(name, family, lines, common):
+def read_entry(name, file, lines, common):
     parts = sections(lines, name)
     unknown = set(parts) - {"", "types", "names", "arguments", "results", "library", "errors",
                             "notes", "example", "prints"}
@@ -277,22 +288,22 @@ def read_entry(name, family, lines, common):
             errors.append(Error("netcdf:librarydapFailure", refusal,
                                 "the library refuses it for a remote dataset"))
     statuses = [parted(line, name) for line in status_lines]
-    return Entry(name, family, purpose, arguments, results, library, joined(errors), statuses,
+    return Entry(common.functions[file], name, common.families[file], purpose, arguments, results, library, joined(errors), statuses,
                  parts.get("notes", []), example, strip_blank(parts["prints"]))
 
 
-def read_entries():
-    """Every entry, by family in the order of the manual."""
+def read_entries(*functions):
+    """Every entry of the functions, by family in the order of the manual; of gridio alone when none is named."""
     common = Common()
     entries = []
-    for file, title in common.families.items():
+    for file in [f for f, function in common.functions.items() if function in (functions or [FIRST])]:
         for header, lines in blocks(FOLDER / f"{file}.txt"):
             what, _, name = header.partition(" ")
             if what != "entry":
                 raise Mistake(f"{file}: not an entry: {header}")
-            entries += [read_entry(full, title, those, common)
+            entries += [read_entry(full, file, those, common)
                         for full, those in expanded(name, lines, common)]
-    names = [entry.name for entry in entries]
+    names = [entry.title() for entry in entries]
     twice = {name for name in names if names.count(name) > 1}
     if twice:
         raise Mistake(f"entries that occur twice: {twice}")
@@ -304,6 +315,10 @@ def read_preface():
     text = (FOLDER / "preface.txt").read_text(encoding="ascii")
     text = "".join(line for line in text.splitlines(True) if not line.startswith("#"))
     return [paragraph.strip("\n") for paragraph in re.split(r"\n{2,}", text.strip("\n"))]
+
+
+def read_all_entries():
+    return read_entries(FIRST, ANY)
 
 
 def by_family(entries):

@@ -10,6 +10,7 @@ struct Signature {
     const char* name;
     const char* parameters;
     vxClassID dataClass;
+    Function function;
 };
 
 constexpr Signature signatures[] = {
@@ -20,7 +21,7 @@ std::map<std::uint16_t, const Operation*> byCode()
 {
     std::map<std::uint16_t, const Operation*> result;
     for (const Operation& operation : operations())
-        result[codeOf(operation.name)] = &operation;
+        result[codeOf(operation.title())] = &operation;
     return result;
 }
 
@@ -31,7 +32,7 @@ const std::vector<Operation>& operations()
     static const std::vector<Operation> all = [] {
         std::vector<Operation> result;
         for (const Signature& row : signatures)
-            result.push_back({row.name, row.parameters, row.dataClass});
+            result.push_back({row.name, row.parameters, row.dataClass, row.function});
         return result;
     }();
     return all;

@@ -33,18 +33,30 @@ constexpr char data = 'D';
 constexpr char fillValue = 'V';
 constexpr char preemption = 'P';
 constexpr char constantName = 'C';
+constexpr char type = 'T'; // and those below: of gridio_any alone
+constexpr char word = 'W';
+constexpr char numbers = 'L';
+constexpr char values = 'A'; // of any type
+constexpr char singleNumber = 'p';
 } // namespace parameter
+
+// Which of the two tables an operation is in.
+enum class Function { gridio, gridioAny };
 
 struct Operation {
     std::string name;
     std::string parameters; // kinds, in order
     vxClassID dataClass;    // of what a typed operation reads and writes; otherwise unknown
+    Function function;
+
+    // "any_getVar" for one of the second table.
+    std::string title() const { return (function == Function::gridioAny ? "any_" : "") + name; }
 };
 
 // Every operation that can be called, once, in the order of docs/operations/.
 const std::vector<Operation>& operations();
 
-// The number by which fuzzing bytes name an operation: it depends on the name alone, so that a new
+// The number by which fuzzing bytes name an operation: it depends on the title alone, so that a new
 // operation leaves a corpus what it is.
 std::uint16_t codeOf(std::string_view name);
 

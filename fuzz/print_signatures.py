@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """print_signatures.py FILE: writes what each operation takes, from the entries of docs/operations/.
 
-    {"defDim", "nNz", vxUNKNOWN_CLASS},
+    {"defDim", "nNz", vxUNKNOWN_CLASS, Function::gridio},
 
 The letters are those of fuzz/operation_signatures.h. A new operation has its row as soon as it has its entry.
 """
@@ -14,6 +14,7 @@ import operation_entries  # noqa: E402
 # By kind and, where one kind has several letters, by the name that errors use.
 LETTERS = {
     "mode": "m", "size": "z", "flag": "l", "stride": "k", "data": "D", "fillvalue": "V", "rawsingle": "P",
+    "type": "T", "word": "W", "numbers": "L", "values": "A", "single": "p", "int64": "i", "unsigned": "i",
     "text": {"file": "f", "parameter": "C", "": "N"},
     "int": {"ncid": "n", "varid": "v", "dimid": "d", "attid": "#", "xtype": "x", "": "i"},
     "row": {"dimids": "R", "": "K"},
@@ -42,12 +43,13 @@ def data_class(entry, common):
 
 def row(entry, common):
     letters = "".join(letter(argument) for argument in entry.arguments)
-    return f'{{"{entry.name}", "{letters}", {data_class(entry, common)}}},\n'
+    table = "gridio" if entry.function == operation_entries.FIRST else "gridioAny"
+    return f'{{"{entry.name}", "{letters}", {data_class(entry, common)}, Function::{table}}},\n'
 
 
 def main():
     common = operation_entries.Common()
-    rows = [row(entry, common) for entry in operation_entries.read_entries()]
+    rows = [row(entry, common) for entry in operation_entries.read_all_entries()]
     pathlib.Path(sys.argv[1]).write_text("".join(rows), encoding="ascii")
 
 

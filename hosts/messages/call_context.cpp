@@ -32,7 +32,7 @@ FailedCall::FailedCall(const CallContext& context) : context_(context)
 {
     if (const auto name = context_.count > 0 ? textOf(context_.arguments[0]) : std::nullopt)
         operation_ = name->substr(0, name->find('\0'));
-    const OperationForm* form = findOperationForm(operation_);
+    const OperationForm* form = findOperationForm(operation_, context_.table);
     if (form != nullptr && form->parameterCount + 1 == context_.count)
         form_ = form;
 }
@@ -165,7 +165,7 @@ std::string describeValue(const vxArray* array)
 {
     const std::string ofClass = className(vxGetClassID(array));
     if (vxGetClassID(array) == vxUNKNOWN_CLASS)
-        return "a " + ofClass;
+        return "an " + ofClass;
     if (vxIsEmpty(array))
         return "empty (" + sizeText(array) + " " + ofClass + ")";
     if (const std::optional<std::string> text = textOf(array))

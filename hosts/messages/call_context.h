@@ -14,11 +14,12 @@
 
 namespace hosts::messages {
 
-// The arguments of plugFunction, which are alive while the text is made. The first names the
-// operation.
+// The arguments of plugFunction or plugAnyFunction, which are alive while the text is made. The
+// first names the operation of that table.
 struct CallContext {
     const vxArray* const* arguments;
     std::size_t count;
+    OperationTable table = OperationTable::first;
 };
 
 class FailedCall {
@@ -32,6 +33,8 @@ public:
 
     // Up to its first NUL, as the module takes it; empty when it is no text.
     const std::string& operation() const { return operation_; }
+
+    OperationTable table() const { return context_.table; }
 
     // Null for an operation that does not exist, and for one that has another number of arguments.
     const OperationForm* form() const { return form_; }
@@ -66,7 +69,7 @@ std::optional<std::string> textOf(const vxArray* array);
 // double)".
 std::string describeValue(const vxArray* array);
 
-// "double", "char", "struct or object" for a class that has no name here.
+// "double", "char", "object or function" for a class that has no name here.
 const char* className(vxClassID classId);
 
 } // namespace hosts::messages

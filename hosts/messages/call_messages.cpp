@@ -95,7 +95,8 @@ Places nearOperation(const Texts&, const FailedCall& call)
 {
     Texts names;
     for (const auto* form = beginOperationForms(); form != endOperationForms(); ++form)
-        names.emplace_back(form->name);
+        if (form->table == call.table())
+            names.emplace_back(form->name);
     const Texts near = nearNames(call.operation(), names);
     if (near.empty())
         return std::nullopt;
@@ -104,7 +105,7 @@ Places nearOperation(const Texts&, const FailedCall& call)
 
 Places numberOfArguments(const Texts&, const FailedCall& call)
 {
-    const OperationForm* form = findOperationForm(call.operation());
+    const OperationForm* form = findOperationForm(call.operation(), call.table());
     if (form == nullptr)
         return std::nullopt;
     const std::size_t given = call.argumentCount() - 1;

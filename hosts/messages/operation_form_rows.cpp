@@ -55,6 +55,30 @@ constexpr Parameter size{"size", "chunkSize", ParameterKind::size};
 constexpr Parameter nelems{"nelems", "nelems", ParameterKind::size};
 constexpr Parameter preemption{"preemption", "preemption", ParameterKind::rawSingle};
 constexpr Parameter parameterName{"name", "parameter", ParameterKind::text};
+constexpr Parameter valuesValues{"values", "values", ParameterKind::values};
+constexpr Parameter valuesValue{"value", "value", ParameterKind::values};
+constexpr Parameter typeXtype{"xtype", "xtype", ParameterKind::type};
+constexpr Parameter typeName{"name", "type", ParameterKind::text};
+constexpr Parameter otherNcid{"other_ncid", "ncid", ParameterKind::integer};
+constexpr Parameter otherXtype{"other_xtype", "xtype", ParameterKind::type};
+constexpr Parameter field{"field", "fieldid", ParameterKind::integer};
+constexpr Parameter index{"index", "index", ParameterKind::integer};
+constexpr Parameter int64Value{"value", "value", ParameterKind::integer64};
+constexpr Parameter base{"base", "base", ParameterKind::type};
+constexpr Parameter memberName{"name", "member", ParameterKind::text};
+constexpr Parameter sizeSize{"size", "size", ParameterKind::size};
+constexpr Parameter fieldName{"name", "field", ParameterKind::text};
+constexpr Parameter offset{"offset", "offset", ParameterKind::size};
+constexpr Parameter type{"type", "field type", ParameterKind::type};
+constexpr Parameter dims{"dims", "field lengths", ParameterKind::numbers};
+constexpr Parameter order{"order", "byte order", ParameterKind::word};
+constexpr Parameter id{"id", "filter", ParameterKind::unsigned32};
+constexpr Parameter parameters{"parameters", "filter parameters", ParameterKind::numbers};
+constexpr Parameter wordMode{"mode", "quantize mode", ParameterKind::word};
+constexpr Parameter nsd{"nsd", "nsd", ParameterKind::integer};
+constexpr Parameter singlePreemption{"preemption", "preemption", ParameterKind::singleNumber};
+constexpr Parameter flagNoFill{"no_fill", "no_fill flag", ParameterKind::flag};
+constexpr Parameter path{"path", "group path", ParameterKind::text};
 
 constexpr OperationForm forms[] = {
     {"open", "ncid", {file, mode}, 2, vxUNKNOWN_CLASS},
@@ -219,6 +243,52 @@ constexpr OperationForm forms[] = {
     {"getChunkCache", "[size, nelems, preemption]", {}, 0, vxUNKNOWN_CLASS},
     {"parameter", "value", {parameterName}, 1, vxUNKNOWN_CLASS},
     {"getConstantNames", "names", {}, 0, vxUNKNOWN_CLASS},
+    {"getVar", "[values, labels]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"getVar1", "[value, labels]", {ncid, varid, start}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"getVara", "[values, labels]", {ncid, varid, start, count}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"getVars", "[values, labels]", {ncid, varid, start, count, stride}, 5, vxUNKNOWN_CLASS, OperationTable::any},
+    {"putVar", "", {ncid, varid, valuesValues}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"putVar1", "", {ncid, varid, start, valuesValue}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"putVara", "", {ncid, varid, start, count, valuesValues}, 5, vxUNKNOWN_CLASS, OperationTable::any},
+    {"putVars", "", {ncid, varid, start, count, stride, valuesValues}, 6, vxUNKNOWN_CLASS, OperationTable::any},
+    {"getAtt", "[values, labels]", {ncid, varid, attributeName}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"putAtt", "", {ncid, varid, attributeName, typeXtype, valuesValues}, 5, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqTypeIDs", "xtypes", {ncid}, 1, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqType", "[name, size]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqTypeID", "xtype", {ncid, typeName}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqTypeEqual", "equal", {ncid, typeXtype, otherNcid, otherXtype}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqUserType", "[name, size, base, nfields, class]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqCompound", "[name, size, nfields]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqCompoundField", "[name, offset, type, dims]", {ncid, typeXtype, field}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqEnum", "[name, base, base_size, nmembers]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqEnumMember", "[name, value]", {ncid, typeXtype, index}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqEnumIdent", "name", {ncid, typeXtype, int64Value}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVlen", "[name, datum_size, base]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqOpaque", "[name, size]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defEnum", "xtype", {ncid, base, typeName}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"insertEnum", "", {ncid, typeXtype, memberName, valuesValue}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defCompound", "xtype", {ncid, sizeSize, typeName}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"insertCompound", "", {ncid, typeXtype, fieldName, offset, type}, 5, vxUNKNOWN_CLASS, OperationTable::any},
+    {"insertArrayCompound", "", {ncid, typeXtype, fieldName, offset, type, dims}, 6, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVlen", "xtype", {ncid, typeName, base}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defOpaque", "xtype", {ncid, sizeSize, typeName}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVarEndian", "", {ncid, varid, order}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarEndian", "order", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVarFilter", "", {ncid, varid, id, parameters}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarFilters", "[ids, parameters]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqFilterAvail", "available", {ncid, id}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarSzip", "[options, pixels]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVarQuantize", "", {ncid, varid, wordMode, nsd}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarQuantize", "[mode, nsd]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"setVarChunkCache", "", {ncid, varid, sizeSize, nelems, singlePreemption}, 5, vxUNKNOWN_CLASS, OperationTable::any},
+    {"getVarChunkCache", "[size, nelems, preemption]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVarFill", "", {ncid, varid, flagNoFill, valuesValue}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarFill", "[no_fill, value]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqFormatExtended", "[model, mode]", {ncid}, 1, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqPath", "path", {ncid}, 1, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqGrpFullNcid", "grpid", {ncid, path}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"renameGrp", "", {ncid, groupName}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqDimIDs", "[dimids, unlimited]", {ncid, includeParents}, 2, vxUNKNOWN_CLASS, OperationTable::any},
 };
 // clang-format on
 

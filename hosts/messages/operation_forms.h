@@ -22,7 +22,14 @@ enum class ParameterKind {
     stride,
     rawSingle,
     fillValue,
-    data
+    data,
+    integer64, // and those below: of gridio_any alone
+    unsigned32,
+    singleNumber,
+    type,
+    word,
+    numbers,
+    values
 };
 
 struct Parameter {
@@ -30,6 +37,9 @@ struct Parameter {
     std::string_view errorName; // as the module's errors call it: "deflate level"
     ParameterKind kind;
 };
+
+// The module's two tables of operations: that of gridio, and that of gridio_any.
+enum class OperationTable { first, any };
 
 struct OperationForm {
     static constexpr std::size_t mostParameters = 6;
@@ -39,13 +49,15 @@ struct OperationForm {
     Parameter parameters[mostParameters];
     std::size_t parameterCount;
     vxClassID dataClass; // of the values that it writes; vxUNKNOWN_CLASS if it writes none
+    OperationTable table = OperationTable::first;
 };
 
 const OperationForm* beginOperationForms();
 const OperationForm* endOperationForms();
 
-// Null for a name that is no operation's.
-const OperationForm* findOperationForm(std::string_view name);
+// Null for a name that is no operation's of that table.
+const OperationForm* findOperationForm(std::string_view name,
+                                       OperationTable table = OperationTable::first);
 
 // 'varid = gridio ("defVar", ncid, name, xtype, dimids)'
 std::string callText(const OperationForm& form);

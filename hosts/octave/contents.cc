@@ -6,6 +6,8 @@
 #include <octave/oct-map.h>
 #include <octave/str-vec.h>
 
+#include <utility>
+
 namespace hosts::oct {
 
 namespace {
@@ -39,7 +41,13 @@ const vxArray* look(const vxArray* array, size_t index)
 
 void put(vxArray* array, size_t index, vxArray* value)
 {
-    array->contents->values.xelem(static_cast<octave_idx_type>(index)) = toValue(*value);
+    octave_value& place = array->contents->values.xelem(static_cast<octave_idx_type>(index));
+    // Nobody else holds what was made by bytes or as numbers.
+    const bool isWhole = value->held && (value->kind->id != vxCHAR_CLASS || !value->data);
+    if (isWhole)
+        place = std::move(*value->held);
+    else
+        place = toValue(*value);
     Call::current().drop(value);
 }
 

@@ -27,8 +27,9 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
     try {
         entry(nargout, results, static_cast<int>(count), arguments);
     } catch (const fnd::except::IMsgIDException& failure) {
-        // The arguments must still be alive: the text names what they are about.
-        raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count)});
+        constexpr auto table = entry == plugAnyFunction ? messages::OperationTable::any
+                                                        : messages::OperationTable::first;
+        raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count), table});
     }
 
     // All of them, whatever the script asked for: the interpreter drops what is too much.
@@ -41,14 +42,12 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
     return values;
 }
 
-inline void lookAtNothing(const octave_value_list&) {}
-
-// look is called with the arguments first, and may warn about them.
-template <auto entry, auto look = lookAtNothing>
+// before: what is done with the arguments first, such as a warning.
+template <auto entry, auto before>
 octave_value_list callGuarded(const octave_value_list& args, int nargout)
 {
     try {
-        look(args);
+        before(args);
         return callModule<entry>(args, nargout);
     } catch (const octave::execution_exception&) {
         throw;

@@ -67,10 +67,7 @@ bool isOfFittingClass(std::string_view name, builtin_type_t type)
            name[start - 1] != 'U';
 }
 
-bool isNumberTextOrLogical(vxClassID id)
-{
-    return id >= vxCHAR_CLASS && id != vxSTRUCT_CLASS;
-}
+bool isNumberTextOrLogical(vxClassID id) { return id >= vxCHAR_CLASS && id != vxSTRUCT_CLASS; }
 
 // What to write in place of the values x.
 std::string advice(const OperationForm& form, vxClassID given)

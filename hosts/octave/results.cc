@@ -4,6 +4,8 @@
 #include "call.h"
 #include "result_memory.h"
 
+#include <octave/ov-str-mat.h>
+
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -73,6 +75,20 @@ vxArray* addNumeric(size_t rank, const size_t* dims, vxClassID classId)
     return array;
 }
 
+// Of a million short rows, what the interpreter allocates for each is most of their cost: this way
+// it is the least.
+constexpr size_t shortRow = 4096;
+
+octave_value shortTextRow(const char* bytes, size_t length)
+{
+    static dim_vector lengths(1, 1);
+    lengths.xelem(1) = static_cast<octave_idx_type>(length);
+    charNDArray row(lengths);
+    if (length > 0)
+        std::memcpy(row.fortran_vec(), bytes, length);
+    return octave_value(new octave_char_matrix_sq_str(row));
+}
+
 template <class Element> vxArray* addScalar(vxClassID classId, Element value)
 {
     vxArray* array = Call::current().add(elementClass(classId), size_t{1});
@@ -124,6 +140,11 @@ vxArray* vxCreateString(const char* text)
 
 vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char* bytes)
 {
+    if (rank == 2 && dims[0] == 1 && dims[1] < hosts::oct::shortRow) {
+        vxArray* row = Call::current().add(elementClass(vxCHAR_CLASS), dims[1]);
+        row->source = &row->held.emplace(hosts::oct::shortTextRow(bytes, dims[1]));
+        return row;
+    }
     vxArray* array = addArray(elementClass(vxCHAR_CLASS), rank, dims);
     const dim_vector lengths = hosts::oct::dimensions(*array);
     void* storage = hosts::oct::newElements(array->count, sizeof(char));

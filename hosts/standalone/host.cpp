@@ -58,7 +58,9 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entr
         for (const Value& argument : everyArgument)
             arguments.push_back(argument.array());
         std::vector<vxArray*> slots(static_cast<std::size_t>(std::max(nlhs, plugResultSlots)));
-        context = {arguments.data(), arguments.size()};
+        context = {arguments.data(), arguments.size(),
+                   entry == plugAnyFunction ? hosts::messages::OperationTable::any
+                                            : hosts::messages::OperationTable::first};
         books_.call = &context;
 
         entry(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());

@@ -5,6 +5,7 @@
 #include "convert/argument_readers.h"
 #include "convert/id_list.h"
 #include "convert/result_builders.h"
+#include "library/guards/mistaken_compounds.h"
 #include "library/guards/oversized_names.h"
 #include "types/value_reading.h"
 
@@ -31,6 +32,7 @@ void inqType(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const int ncid = readNcid(args[0]);
     const nc_type xtype = readType(args[1], ncid, "xtype", entry);
 
+    checkStatus(nc_inq_format(ncid, nullptr), entry); // not looked at for types of the library's own
     char* name = nameBuffer();
     std::size_t size = 0;
     checkStatus(nc_inq_type(ncid, xtype, name, &size), entry);
@@ -100,6 +102,7 @@ void inqCompoundField(int, vxArray* results[], int, const vxArray* args[],
     const nc_type xtype = readType(args[1], ncid, "xtype", entry);
     const int fieldid = readIntScalar(args[2], "fieldid");
 
+    requireCompound(ncid, xtype, entry);
     int rank = 0;
     checkStatus(nc_inq_compound_fieldndims(ncid, xtype, fieldid, &rank), entry);
     std::vector<int> lengths(static_cast<std::size_t>(std::max(rank, 0)));

@@ -11,19 +11,25 @@ import interpreter
 import make_operations
 import operation_entries
 
-ENTRIES = operation_entries.read_entries()
+ENTRIES = operation_entries.read_all_entries()
 
 
 def table_rows():
-    """(name, number of arguments, first name with the same handler) of each row of the code's table."""
+    """(name, number of arguments, first name with the same handler) of each row of the code's tables; a name is a pair of the
+    function that calls it and its own."""
     listing = subprocess.run([os.environ["LIST_OPERATIONS"]], capture_output=True, text=True, check=True)
     rows = [line.split() for line in listing.stdout.splitlines()]
-    return [(name, int(nargs), first) for name, nargs, first in rows]
+    return [((function, name), int(nargs), (function, first)) for function, name, nargs, first in rows]
+
+
+def name_of(entry):
+    return entry.function, entry.name
 
 
 def error_classes():
-    """{"netcdf:libraryFailure": number of arguments, ...} as include/error_identifiers.h declares them."""
-    header = (interpreter.ROOT / "include" / "error_identifiers.h").read_text()
+    """{"netcdf:libraryFailure": number of arguments, ...} as the headers in include/ declare them."""
+    header = "".join((interpreter.ROOT / "include" / name).read_text()
+                     for name in ("error_identifiers.h", "any_error_identifiers.h"))
     classes = {}
     for name, constructor, identifier in re.findall(
             r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*'
@@ -37,14 +43,14 @@ def error_classes():
 class Table(unittest.TestCase):
     def test_has_an_entry_for_every_name_and_no_other(self):
         self.assertEqual(sorted({name for name, _, _ in table_rows()}),
-                         sorted(entry.name for entry in ENTRIES))
+                         sorted(map(name_of, ENTRIES)))
 
     def test_agrees_with_the_entries_on_the_number_of_arguments(self):
         first_rows = {name: nargs for name, nargs, _ in reversed(table_rows())}
-        self.assertEqual(first_rows, {entry.name: len(entry.arguments) for entry in ENTRIES})
+        self.assertEqual(first_rows, {name_of(entry): len(entry.arguments) for entry in ENTRIES})
 
     def test_puts_operations_of_one_handler_into_one_family(self):
-        families = {entry.name: entry.family for entry in ENTRIES}
+        families = {name_of(entry): entry.family for entry in ENTRIES}
         for name, _, first in table_rows():
             with self.subTest(name):
                 self.assertEqual(families[name], families[first])
@@ -52,14 +58,15 @@ class Table(unittest.TestCase):
 
 class Headers(unittest.TestCase):
     def setUp(self):
-        header = pathlib.Path(os.environ["NETCDF_INCLUDE"], "netcdf.h").read_text()
+        header = "".join(pathlib.Path(os.environ["NETCDF_INCLUDE"], name).read_text()
+                         for name in ("netcdf.h", "netcdf_filter.h"))
         self.functions = set(re.findall(r"\b(nc_\w+)\(", header))
         self.constants = set(re.findall(r"^#define\s+(NC_\w+)\s", header, re.M))
 
     def test_declare_every_library_function(self):
         for entry in ENTRIES:
             for function in entry.library:
-                with self.subTest(entry.name, function=function):
+                with self.subTest(entry.title(), function=function):
                     self.assertTrue(function in self.functions)
 
     def test_define_every_status(self):
@@ -72,7 +79,7 @@ class Headers(unittest.TestCase):
         classes = error_classes()
         for entry in ENTRIES:
             for error in entry.errors:
-                with self.subTest(entry.name, error=error.call()):
+                with self.subTest(entry.title(), error=error.call()):
                     self.assertEqual(classes.get(error.identifier), len(error.arguments))
 
     # The name of an operation comes before its entry; the code of a family cannot be wrong; and one is a warning.

@@ -9,22 +9,26 @@ import interpreter
 import operation_entries
 
 COMMON = operation_entries.Common()
-ENTRIES = operation_entries.read_entries()
+ENTRIES = operation_entries.read_all_entries()
 
 # What reading accepts, for each kind of argument.
 GOOD = {"int": "0", "size": "1", "text": '"x"', "flag": "true", "mode": '"nowrite"', "row": "0",
-        "index": "0", "stride": "1", "rawsingle": "single(0.5)", "fillvalue": "0"}
+        "index": "0", "stride": "1", "rawsingle": "single(0.5)", "fillvalue": "0",
+        "int64": "0", "unsigned": "1", "single": "0.5", "type": "4", "word": '"none"', "numbers": "1", "values": "1"}
+
+# Words by the names of the arguments that take them.
+WORDS = {"byte order": '"big"', "quantize mode": '"none"'}
 
 
 def good(argument):
     if argument.kind == "data":
         class_name = argument.class_text.removesuffix(" array")
         return '"x"' if class_name == "char" else f"{class_name}(0)"
-    return GOOD[argument.kind]
+    return WORDS.get(argument.error_name) or GOOD[argument.kind]
 
 
-def call(name, values):
-    return f"gridio({', '.join([f'{chr(34)}{name}{chr(34)}', *values])});"
+def call(entry, values):
+    return f"{entry.function}({', '.join([f'{chr(34)}{entry.name}{chr(34)}', *values])});"
 
 
 def as_word(name):
@@ -51,7 +55,7 @@ class BadArguments(unittest.TestCase):
                     error = COMMON.kinds[argument.kind][1][0]
                     named = argument.error_name if "NAME" in error.arguments else ""
                     bad = values[:i] + ["{1}"] + values[i + 1:]
-                    cases.append((call(entry.name, bad), error.identifier, named))
+                    cases.append((call(entry, bad), error.identifier, named))
         self.assertGreater(len(cases), 400)
         for (code, identifier, named), (raised, message) in zip(cases, errors_of([c[0] for c in cases])):
             with self.subTest(code):
@@ -61,7 +65,7 @@ class BadArguments(unittest.TestCase):
     def test_are_reported_from_left_to_right(self):
         several = [entry for entry in ENTRIES
                    if sum(a.kind not in COMMON.later for a in entry.arguments) > 1]
-        calls = [call(e.name, ["{1}"] * len(e.arguments)) for e in several]
+        calls = [call(e, ["{1}"] * len(e.arguments)) for e in several]
         for entry, (raised, message) in zip(several, errors_of(calls)):
             with self.subTest(entry.name):
                 first = entry.arguments[0]
@@ -72,7 +76,7 @@ class BadArguments(unittest.TestCase):
         calls = []
         for entry in ENTRIES:
             values = [good(argument) for argument in entry.arguments]
-            calls += [call(entry.name, values + ["1"])] + [call(entry.name, values[1:])] * bool(values)
+            calls += [call(entry, values + ["1"])] + [call(entry, values[1:])] * bool(values)
         for code, (raised, _) in zip(calls, errors_of(calls)):
             with self.subTest(code):
                 self.assertEqual(raised, "Ovard:gridio:validate:wrongNumberOfInputs")
@@ -88,7 +92,7 @@ class Refusals(unittest.TestCase):
                 self.assertTrue(message.startswith(f"{name}: {status}: "), message)
 
     def test_of_identifiers_that_are_not_open_bear_the_status_of_the_entries(self):
-        cases = [(e.name, "NC_EBADID", call(e.name, ["12345678"] + [good(a) for a in e.arguments[1:]]))
+        cases = [(e.name, "NC_EBADID", call(e, ["12345678"] + [good(a) for a in e.arguments[1:]]))
                  for e in ENTRIES if "NC_EBADID" in dict(e.statuses)]
         self.assertEqual(len(cases), sum(any(a.name == "ncid" for a in e.arguments) for e in ENTRIES))
         self.check(cases, [])
@@ -96,7 +100,7 @@ class Refusals(unittest.TestCase):
     def test_of_variables_that_do_not_exist_bear_the_status_of_the_entries(self):
         known = {"ncid": "nc4", "varid": "99", "ncid_out": "nc4", "varid_out": "-1"}
         cases = [(e.name, "NC_ENOTVAR",
-                  call(e.name, [known.get(a.name) or good(a) for a in e.arguments]))
+                  call(e, [known.get(a.name) or good(a) for a in e.arguments]))
                  for e in ENTRIES if "NC_ENOTVAR" in dict(e.statuses) and self.is_shown(e)
                  and any(a.name == "varid" for a in e.arguments)]
         self.check(cases, self.setup)
@@ -104,16 +108,18 @@ class Refusals(unittest.TestCase):
     # One type stands for all that share a template.
     @staticmethod
     def is_shown(entry):
-        return not re.fullmatch(r"(get|put)(Att|Var[1as]?)(?!Short|Text)[A-Z]\w*", entry.name)
+        return entry.function == operation_entries.ANY or not re.fullmatch(
+            r"(get|put)(Att|Var[1as]?)(?!Short|Text)[A-Z]\w*", entry.name)
 
     def test_bear_the_statuses_that_the_entries_name(self):
-        lines = (interpreter.HERE / "refusals.txt").read_text().splitlines()
-        cases = [line.split(" ", 2) for line in lines if not line.startswith("#")]
         generic = {"NC_EBADID", "NC_ENOTVAR"}
-        named = {(e.name, status) for e in ENTRIES if self.is_shown(e) for status, _ in e.statuses
-                 if status not in generic}
-        self.assertEqual({(name, status) for name, status, _ in cases if status not in generic}, named)
-        self.check(cases, self.setup)
+        for function, file in ((operation_entries.FIRST, "refusals.txt"), (operation_entries.ANY, "refusals_any.txt")):
+            lines = (interpreter.HERE / file).read_text().splitlines()
+            cases = [line.split(" ", 2) for line in lines if not line.startswith("#")]
+            named = {(e.name, status) for e in ENTRIES if e.function == function and self.is_shown(e)
+                     for status, _ in e.statuses if status not in generic}
+            self.assertEqual({(name, status) for name, status, _ in cases if status not in generic}, named)
+            self.check(cases, self.setup)
 
 
 if __name__ == "__main__":

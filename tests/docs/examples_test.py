@@ -7,7 +7,7 @@ import unittest
 import interpreter
 import operation_entries
 
-ENTRIES = operation_entries.read_entries()
+ENTRIES = operation_entries.read_all_entries()
 
 
 class EveryExample(unittest.TestCase):
@@ -18,19 +18,19 @@ class EveryExample(unittest.TestCase):
             examples.mkdir()
             outputs.mkdir()
             for entry in ENTRIES:
-                (examples / f"{entry.name}.txt").write_text("\n".join(entry.example) + "\n")
+                (examples / f"{entry.title()}.txt").write_text("\n".join(entry.example) + "\n")
             interpreter.run(interpreter.HERE / "run_examples.m", examples, outputs)
             cls.printed = {path.stem: path.read_text().splitlines() for path in outputs.iterdir()}
 
     def test_prints_what_its_entry_says_and_leaves_no_file_open(self):
         for entry in ENTRIES:
-            with self.subTest(entry.name):
-                self.assertEqual(self.printed[entry.name], entry.prints)
+            with self.subTest(entry.title()):
+                self.assertEqual(self.printed[entry.title()], entry.prints)
 
     def test_is_short_and_calls_its_operation(self):
         for entry in ENTRIES:
-            with self.subTest(entry.name):
-                self.assertIn(f'gridio("{entry.name}"', "\n".join(entry.example))
+            with self.subTest(entry.title()):
+                self.assertIn(f'{entry.function}("{entry.name}"', "\n".join(entry.example))
                 self.assertTrue(2 <= len(entry.example) <= 8)
                 self.assertTrue(entry.prints)
 

@@ -27,7 +27,7 @@ for line = strsplit (strtrim (fileread (argv (){1})), "\n")
     mkdir (scratch);
     cd (scratch);
     [identifier, message] = error_of (line{1}, setup);
-    evalc ("clear gridio");
+    evalc ("clear gridio gridio_any");
     cd (home);
     rmdir (scratch, "s");
   end

@@ -29,7 +29,7 @@ for file = dir (fullfile (examples, "*.txt"))'
   mkdir (scratch);
   cd (scratch);
   output = run_alone (fileread (fullfile (examples, file.name)));
-  output = [output, open_files(scratch), evalc("clear gridio")];
+  output = [output, open_files(scratch), evalc("clear gridio gridio_any")];
   cd (examples);
   rmdir (scratch, "s");
   stream = fopen (fullfile (outputs, file.name), "w");

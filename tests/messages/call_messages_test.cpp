@@ -28,7 +28,8 @@ TEST_F(CallMessage, SaysWhatStandsInPlaceOfAnOperation)
     };
     EXPECT_THAT(messageFor(5), HasSubstr("here it is the number 5."));
     EXPECT_THAT(messageFor(Value::cell({1, 1}, {"open"})), HasSubstr("a cell array (1-by-1)"));
-    EXPECT_THAT(messageFor(Value::anythingElse()), HasSubstr("a object or function"));
+    EXPECT_THAT(messageFor(Value::anythingElse()), HasSubstr("an object or function"));
+    EXPECT_THAT(messageFor(Value::structures({1, 2}, {"a"})), HasSubstr("a struct array (1-by-2)"));
     EXPECT_THAT(messageFor(""), HasSubstr("empty (0-by-0 char)"));
     EXPECT_THAT(messageFor(true), HasSubstr("the logical value true"));
     EXPECT_THAT(messageFor(Value::logicalBytes({1, 1}, {7})), HasSubstr("the logical value true"));
