@@ -75,11 +75,12 @@ bool isFaster(const Variable& variable, const ChunkedDataset& dataset, const Blo
 }
 
 // What of the block is in the file.
-BlockIndices writtenPart(BlockIndices block, const SizeVector& extents)
+BlockIndices writtenPart(const BlockIndices& block, const SizeVector& extents)
 {
+    BlockIndices written(block.size());
     for (std::size_t i = 0; i < block.size(); ++i)
-        block[i].count = block[i].countBelow(extents[i]);
-    return block;
+        written[i] = {block[i].start, block[i].countBelow(extents[i]), block[i].step};
+    return written;
 }
 
 void readWritten(const ChunkedDataset& dataset, const BlockIndices& block,

@@ -22,13 +22,13 @@ constexpr std::size_t slabSize = std::size_t{4} << 20;
 // None for steps, for no elements, and for indices beyond any number.
 std::optional<BlockIndices> plainIndices(const Block& block)
 {
-    BlockIndices indices(block.start.size());
-    for (std::size_t i = 0; i < indices.size(); ++i) {
+    std::optional<BlockIndices> indices(std::in_place, block.start.size());
+    for (std::size_t i = 0; i < indices->size(); ++i) {
         std::size_t end = 0;
         if (block.stride[i] != 1 || block.count[i] == 0 ||
             __builtin_add_overflow(block.start[i], block.count[i], &end))
             return std::nullopt;
-        indices[i] = {block.start[i], block.count[i], 1};
+        (*indices)[i] = {block.start[i], block.count[i], 1};
     }
     return indices;
 }

@@ -397,7 +397,7 @@ protected:
     }
 
     std::size_t firstSeed = environmentNumber("GRIDIO_SEED", 1);
-    std::size_t programs = environmentNumber("GRIDIO_CHUNK_PROGRAMS", 400);
+    std::size_t programs = environmentNumber("GRIDIO_CHUNK_LAYOUTS", 3000) / 10;
 };
 
 TEST_F(ChunkWrites, MixWithThoseOfTheLibrary)
