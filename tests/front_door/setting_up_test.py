@@ -178,11 +178,11 @@ class Packages(FrontDoorTest):
     def test_one_clear_line_without_network(self):
         self.sandbox.remove("network")
         done = self.run_empty()
-        self.assert_last_line(done, "apt finds no way to install these packages (is the network there?)")
+        self.assert_last_line(done, "apt cannot install these packages (is the network up?)")
         self.assertIn("    Err:1 http://a.mirror Temporary failure\n", done.stderr)
         self.assertNotIn("Unable to locate", done.stderr)
         self.sandbox.write("lists")
-        self.assert_last_line(self.run_empty(), "could not be installed (is the network there?)")
+        self.assert_last_line(self.run_empty(), "could not be installed (is the network up?)")
 
 
 class Trees(FrontDoorTest):
@@ -262,7 +262,7 @@ class Trees(FrontDoorTest):
     def assert_waits(self, lock, meanwhile):
         with self.sandbox.start("run", "script.m") as process:
             self.assertEqual(process.stderr.readline(),
-                             "gridio: waiting for another ./gridio that is at work in this tree\n")
+                             "gridio: waiting for another ./gridio that is running in this tree\n")
             meanwhile()
             lock.close()
             rest = process.communicate(timeout=60)
