@@ -70,7 +70,7 @@ private:
     bool isWarm_ = false;
 };
 
-TEST_P(EveryAllocation, OfTheHostFailsAsItsErrorAndLeavesNothing)
+TEST_P(EveryAllocation, FailsInTheHostAsItsErrorAndLeaksNothing)
 {
     warmUp();
     for (std::size_t n = 1; n < mostAllocations; ++n) {
@@ -85,9 +85,9 @@ TEST_P(EveryAllocation, OfTheHostFailsAsItsErrorAndLeavesNothing)
     FAIL() << "there was no end of allocations";
 }
 
-TEST_P(EveryAllocation, OfItsOwnFailsOnceAndLeavesNothing) { failEachNew(Failing::once); }
+TEST_P(EveryAllocation, FailsInTheModuleOnceAndLeaksNothing) { failEachNew(Failing::once); }
 
-TEST_P(EveryAllocation, OfItsOwnFailsFromThenOnAndLeavesNothing)
+TEST_P(EveryAllocation, FailsInTheModuleFromThenOnAndLeaksNothing)
 {
     failEachNew(Failing::fromThenOn);
 }

@@ -85,7 +85,7 @@ protected:
 
 MATCHER(failsInTheLibrary, "") { return arg.raised && arg.raised->name() == "libraryFailure"; }
 
-TEST_P(Environment, AFullDiskIsToldAndSurvived)
+TEST_P(Environment, ReportsAFullDiskAndContinues)
 {
     const int ncid = create();
     {
@@ -109,7 +109,7 @@ TEST_P(Environment, AFullDiskIsToldAndSurvived)
 }
 
 // Once there is room again a netCDF-4 file takes what it could not hold before.
-TEST_P(Environment, ANetcdf4FileOutlivesAFullDisk)
+TEST_P(Environment, KeepsANetcdf4FileUsableAfterAFullDisk)
 {
     if (!GetParam().isNetcdf4)
         return;
@@ -126,7 +126,7 @@ TEST_P(Environment, ANetcdf4FileOutlivesAFullDisk)
     expectHealth();
 }
 
-TEST_P(Environment, AReadOnlyFileRefusesChangesAndKeepsItsValues)
+TEST_P(Environment, KeepsAReadOnlyFileUnchanged)
 {
     makeFile();
     const int ncid = id("open", {path(), "nowrite"});
@@ -148,7 +148,7 @@ TEST_P(Environment, AReadOnlyFileRefusesChangesAndKeepsItsValues)
     expectHealth();
 }
 
-TEST_P(Environment, AFileOfSomebodyElseIsNotOpenedForWriting)
+TEST_P(Environment, RefusesToOpenAnotherUsersFileForWriting)
 {
     makeFile();
     std::filesystem::permissions(folder.path(), std::filesystem::perms{0755});
@@ -166,7 +166,7 @@ TEST_P(Environment, AFileOfSomebodyElseIsNotOpenedForWriting)
     expectHealth();
 }
 
-TEST_P(Environment, AFileThatIsRemovedWhileOpenIsReadAndClosed)
+TEST_P(Environment, KeepsARemovedFileReadable)
 {
     makeFile();
     const int ncid = id("open", {path(), "write"});
@@ -179,7 +179,7 @@ TEST_P(Environment, AFileThatIsRemovedWhileOpenIsReadAndClosed)
     expectHealth();
 }
 
-TEST_P(Environment, AFileThatIsTruncatedWhileOpenHarmsNobody)
+TEST_P(Environment, SurvivesAFileTruncatedWhileOpen)
 {
     for (const char* mode : {"nowrite", "write"}) {
         for (const std::uintmax_t size :
@@ -202,7 +202,7 @@ TEST_P(Environment, AFileThatIsTruncatedWhileOpenHarmsNobody)
     EXPECT_THAT(host.attempt("inqLibVers"), testsupport::succeeds());
 }
 
-TEST_P(Environment, WithoutDescriptorsNothingIsOpenedAndNothingIsLost)
+TEST_P(Environment, OpensAndLosesNothingWithoutDescriptors)
 {
     makeFile();
     {

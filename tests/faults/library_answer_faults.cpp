@@ -46,7 +46,7 @@ MATCHER(fails, "") { return !arg.succeeded(); }
 
 using testsupport::raises;
 
-TEST_F(LibraryAnswers, UnknownCodesAreRaisedAsTheyAre)
+TEST_F(LibraryAnswers, AreRaisedWithTheirNumberForUnknownCodes)
 {
     const auto format = [](int code) { return [=](LibraryStandIn& l) { l.format = code; }; };
     const auto storage = [](int code) { return [=](LibraryStandIn& l) { l.storage = code; }; };
@@ -73,7 +73,7 @@ TEST_F(LibraryAnswers, UnknownCodesAreRaisedAsTheyAre)
     }
 }
 
-TEST_F(LibraryAnswers, SizesBeyondMemoryAreRefusedByTheHost)
+TEST_F(LibraryAnswers, RaiseOutOfMemoryForSizesBeyondMemory)
 {
     const auto attribute = [](std::size_t length) {
         return [=](LibraryStandIn& l) { l.attributeLength = length; };
@@ -95,7 +95,7 @@ TEST_F(LibraryAnswers, SizesBeyondMemoryAreRefusedByTheHost)
 }
 
 // No more is promised here than an error: such a library is out of its mind.
-TEST_F(LibraryAnswers, CountsOutOfReasonAreSurvived)
+TEST_F(LibraryAnswers, MayBeCountsOutOfReason)
 {
     for (const char* operation : {"inqDimIDs", "inqUnlimDims", "inqVarIDs", "inqGrps"})
         expectOutcome({operation, [](LibraryStandIn& l) { l.idCount = -1; }, fails()});
@@ -106,7 +106,7 @@ TEST_F(LibraryAnswers, CountsOutOfReasonAreSurvived)
         expectOutcome({operation, [](LibraryStandIn& l) { l.rank = -1; }, fails()});
 }
 
-TEST_F(LibraryAnswers, MoreDimensionsThanTheLibraryAllowsAreNotAccessed)
+TEST_F(LibraryAnswers, MayBeMoreDimensionsThanTheLibraryCanAccess)
 {
     const auto ranked = [](LibraryStandIn& l) { l.rank = 1025; };
     for (const char* operation : {"getVarDouble", "putVarDouble", "getVarText"})

@@ -20,7 +20,7 @@ protected:
 };
 
 // Under the address sanitizer: the library writes four bytes whatever type is asked for.
-TEST_F(LibraryGuards, AttributesMadeUpByTheLibraryFitIntoElementsOfAnySize)
+TEST_F(LibraryGuards, ReadGeneratedAttributesAsElementsOfAnySize)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -44,7 +44,7 @@ TEST_F(LibraryGuards, AttributesMadeUpByTheLibraryFitIntoElementsOfAnySize)
     expectHealth();
 }
 
-TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
+TEST_F(LibraryGuards, ReadTheProvenanceAttributeAsBytes)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -56,7 +56,7 @@ TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
     expectHealth();
 }
 
-TEST_F(LibraryGuards, TheLibrarysTextAttributeIsCopiedAsTheLibraryWould)
+TEST_F(LibraryGuards, CopyTheProvenanceAttribute)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -129,7 +129,7 @@ TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
 
 INSTANTIATE_TEST_SUITE_P(LibraryGuards, FileThatBreaks, testing::Bool());
 
-TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
+TEST_F(LibraryGuards, DoNotRenameAScalarAsADimensionOfItsNetcdf4Group)
 {
     for (const char* mode : {"netcdf4", "clobber"}) {
         const int ncid = create(mode);
@@ -153,7 +153,7 @@ TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
 }
 
 // A store of another kind, in a folder of its own, is renamed by other means.
-TEST_F(LibraryGuards, AScalarVariableIsRenamedAsADimensionOfItsZarrGroup)
+TEST_F(LibraryGuards, RenameAScalarAsADimensionOfItsZarrGroup)
 {
     const std::string path = "file://" + folder.file("store") + "#mode=nczarr,file";
     const int ncid = static_cast<int>(host.call("create", {path, "netcdf4"}).at(0).toDouble());
@@ -165,7 +165,7 @@ TEST_F(LibraryGuards, AScalarVariableIsRenamedAsADimensionOfItsZarrGroup)
 }
 
 // A renaming that fails leaves a second identifier of the file without one of the dimensions.
-TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
+TEST_F(LibraryGuards, RefuseAVariableWithoutItsDimension)
 {
     const int first = create("netcdf4");
     host.call("defDim", {first, "x", 2});
@@ -200,7 +200,7 @@ TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
         host.attempt("close", {ncid});
 }
 
-TEST_F(LibraryGuards, AFullTableOfFilesIsNotGivenANetcdf4File)
+TEST_F(LibraryGuards, RefuseANetcdf4FileInAFullTable)
 {
     LibraryStandIn library;
     library.answers = {{"nc_inq_path", NC_NOERR}};

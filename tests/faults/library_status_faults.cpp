@@ -25,7 +25,7 @@ std::vector<int> everyStatus()
 
 class LibraryStatus : public FaultTest {};
 
-TEST_F(LibraryStatus, AllStatusesAreTried)
+TEST_F(LibraryStatus, IsTriedWithEveryNamedStatus)
 {
     const std::vector<int> all = everyStatus();
     EXPECT_EQ(
@@ -34,7 +34,7 @@ TEST_F(LibraryStatus, AllStatusesAreTried)
 }
 
 // Each status once, so that names, texts and the split between the two identifiers are all seen.
-TEST_F(LibraryStatus, EachIsRaisedByItsNameAndText)
+TEST_F(LibraryStatus, IsRaisedWithItsNameAndText)
 {
     const PreparedFile file(folder.path());
     for (const int status : everyStatus()) {
@@ -144,7 +144,7 @@ protected:
     void closeFile(int group) { host.call("close", {group & ~0xFFFF}); }
 };
 
-TEST_F(PartlyWrittenVariable, IsReadByOneCallBesideThatForTheFillValue)
+TEST_F(PartlyWrittenVariable, IsReadByOneCallApartFromTheFillValue)
 {
     const int group = make();
     const std::vector<std::string> calls = callsOfRead(group);
@@ -153,7 +153,7 @@ TEST_F(PartlyWrittenVariable, IsReadByOneCallBesideThatForTheFillValue)
 }
 
 // What is written is not guessed from the last value: land masks end with fill values.
-TEST_F(PartlyWrittenVariable, IsToldFromAWrittenOneThatEndsWithAFillValue)
+TEST_F(PartlyWrittenVariable, IsDistinguishedFromAWrittenOneThatEndsWithAFillValue)
 {
     const int group = make();
     const Value count = Value::row<double>({3, 3});
@@ -169,7 +169,7 @@ TEST_F(PartlyWrittenVariable, IsToldFromAWrittenOneThatEndsWithAFillValue)
 }
 
 // What was once seen to be written is not asked for again.
-TEST_F(PartlyWrittenVariable, IsNotLookedForInHdf5WhenItIsKnownToBeWritten)
+TEST_F(PartlyWrittenVariable, IsNotInquiredFromHdf5WhenKnownToBeWritten)
 {
     const int group = make();
     callsOfRead(group);

@@ -70,7 +70,7 @@ protected:
     }
 };
 
-TEST_F(MessageFaults, OfTheLibraryLeaveTheErrorAsItIs)
+TEST_F(MessageFaults, LeaveTheErrorWhenLibraryCallsFail)
 {
     std::size_t lookUps = 0;
     for (const RefusedCall& call : refusedCalls()) {
@@ -103,7 +103,7 @@ TEST_F(MessageFaults, OfTheLibraryLeaveTheErrorAsItIs)
     expectHealth();
 }
 
-TEST_F(MessageFaults, OfMemoryLeaveAnErrorAndNothingBehind)
+TEST_F(MessageFaults, LeaveTheErrorAndNoMemoryWhenAllocationsFail)
 {
     constexpr std::size_t mostAllocations = 2000;
     host.setRaiser(standalone::Raiser::throws); // the text is then made while the module runs
@@ -131,7 +131,7 @@ TEST_F(MessageFaults, OfMemoryLeaveAnErrorAndNothingBehind)
     expectHealth();
 }
 
-TEST_F(MessageFaults, OfAnAbandonedFileAreNotSought)
+TEST_F(MessageFaults, DoNotInquireAnAbandonedFile)
 {
     const PreparedFile file(folder.path());
     {

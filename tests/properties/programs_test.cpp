@@ -154,7 +154,7 @@ rc::detail::TestParams parameters()
     return params;
 }
 
-TEST(Programs, AreToldAndLeaveBehindWhatPlainLibraryCallsAre)
+TEST(Programs, MatchPlainLibraryCalls)
 {
     const testsupport::ScratchFolder folder;
     Figures figures;

@@ -192,7 +192,7 @@ protected:
     }
 };
 
-TEST_F(RealData, AreWhatTheLibraryReadsInEveryTypeAndWay)
+TEST_F(RealData, EqualTheLibrarysReadsInEveryTypeAndWay)
 {
     const char* data = std::getenv("GRIDIO_DATA");
     if (data == nullptr || !std::filesystem::is_directory(data))

@@ -13,7 +13,7 @@ namespace {
 
 using SubsetErrors = SubsetGrid;
 
-TEST_F(SubsetErrors, OfAScalarVariableIsRefused)
+TEST_F(SubsetErrors, RefuseAScalarVariable)
 {
     const int ncid = createFile("s.nc");
     number("defVar", {ncid, "lonely", NC_INT, row({})});
@@ -101,7 +101,7 @@ TEST_F(SubsetErrors, ComparesTheProductOfCountWithTheNumberOfValues)
                 succeeds());
 }
 
-TEST_F(SubsetErrors, OfACountWhoseProductOverflowsIsOutOfBounds)
+TEST_F(SubsetErrors, ReportACountWhoseProductOverflows)
 {
     for (const ElementType& element : elementTypes) {
         if (!servesVariables(element))
@@ -122,7 +122,7 @@ TEST_F(SubsetErrors, OfACountWhoseProductOverflowsIsOutOfBounds)
     }
 }
 
-TEST_F(SubsetErrors, OfMoreThanMemoryHoldsIsTheHostsOutOfMemoryAndNoCrash)
+TEST_F(SubsetErrors, RaiseTheHostsOutOfMemoryBeyondMemory)
 {
     const int ncid = createCountingGrid();
     for (const double count : {0x1p60, 0x1p61, 0x1p62, 0x1p63}) // bytes that overflow, and not
@@ -192,7 +192,7 @@ TEST_F(SubsetErrors, LeavesTheRangeToTheLibrary)
     }
 }
 
-TEST_F(SubsetErrors, OfMissingVariablesFailsWithTheStatusOfTheLibrary)
+TEST_F(SubsetErrors, ReportTheLibrarysStatusForAMissingVariable)
 {
     const int ncid = createCountingGrid();
     EXPECT_THAT(attempt("getVar1Int", {-7, 0, 0}), failsWith("getVar1Int", NC_EBADID));

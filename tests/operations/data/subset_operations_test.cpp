@@ -126,7 +126,7 @@ TEST_F(SubsetAccess, CountsFromZeroInTheHostsOrder)
               Value::numeric<std::int32_t>({2, 2}, {1, 2, 11, 12}));
 }
 
-TEST_F(SubsetAccess, OfOneDimensionGivesAColumn)
+TEST_F(SubsetAccess, ReturnsAColumnForOneDimension)
 {
     ncgen(folder.file("s.nc"),
           "netcdf s { dimensions: n = 8 ; variables: short v(n) ; "
@@ -153,7 +153,7 @@ TEST_F(SubsetAccess, TruncatesIndices)
               Value::column<double>({1, 3}));
 }
 
-TEST_F(SubsetAccess, OfACountOfZeroHasTheShapeOfTheCount)
+TEST_F(SubsetAccess, ReturnsTheShapeOfACountWithZero)
 {
     for (const FileFormat& format : fileFormats) {
         const int ncid = createCountingGrid(NC_INT, format.mode);
@@ -164,7 +164,7 @@ TEST_F(SubsetAccess, OfACountOfZeroHasTheShapeOfTheCount)
     }
 }
 
-TEST_F(SubsetAccess, OfAVariableWithoutRecordsIsNotFlattenedButCheckedDeliberately)
+TEST_F(SubsetAccess, ChecksAndDoesNotFlattenAVariableWithoutRecordsDeliberately)
 {
     for (const FileFormat& format : fileFormats) {
         const int ncid = createFile("s.nc", format.mode);

@@ -283,7 +283,7 @@ TEST_F(WholeAccess, ReportsWhatTheLibraryRefuses)
                 failsWith("putVarDouble", NC_EINDEFINE));
 }
 
-TEST_F(WholeAccess, OfStringsAndOtherTypesIsLeftToTheLibrary)
+TEST_F(WholeAccess, LeavesStringsAndOtherTypesToTheLibrary)
 {
     ncgen(folder.file("w.nc"), "netcdf w { types: byte enum e { no = 0, yes = 1 } ; variables: "
                                "string s ; e f ; data: s = \"hello\" ; f = yes ; }");

@@ -69,7 +69,7 @@ protected:
     }
 };
 
-TEST_F(HostileFiles, OfTheHighestRankAreRead)
+TEST_F(HostileFiles, AreReadUpToTheHighestRank)
 {
     const int ncid = openFileOf("v", NC_MAX_VAR_DIMS);
     const Value zeros = Value::row(std::vector<double>(NC_MAX_VAR_DIMS));
@@ -80,7 +80,7 @@ TEST_F(HostileFiles, OfTheHighestRankAreRead)
     EXPECT_EQ(got("getVar1Int", {ncid, 0, zeros}).numel(), 1U);
 }
 
-TEST_F(HostileFiles, OfAHigherRankAreDescribedButTheirDataRefused)
+TEST_F(HostileFiles, AreDescribedButNotReadAboveTheHighestRank)
 {
     for (const std::size_t rank : {1025U, 5000U}) {
         const int ncid = openFileOf("v", rank);
@@ -111,7 +111,7 @@ TEST_F(HostileFiles, OfAHigherRankAreDescribedButTheirDataRefused)
     }
 }
 
-TEST_F(HostileFiles, WithNamesOfAnyLengthAreDescribed)
+TEST_F(HostileFiles, AreDescribedWithNamesOfAnyLength)
 {
     for (const std::size_t length : {256U, 257U, 1000U, 300000U}) {
         const std::string name(length, 'n');

@@ -65,7 +65,7 @@ protected:
     }
 };
 
-TEST_F(RealFiles, AreWhatTheLibrarySaysTheyAre)
+TEST_F(RealFiles, AreDescribedAsByTheLibrary)
 {
     const char* data = std::getenv("GRIDIO_DATA");
     if (data == nullptr)

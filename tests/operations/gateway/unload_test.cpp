@@ -43,7 +43,7 @@ bool isOpen(int ncid)
     return nc_inq_format(ncid, &format) == NC_NOERR;
 }
 
-TEST_F(Unload, WarnsNotWhenNoFileIsOpen)
+TEST_F(Unload, DoesNotWarnWhenNoFileIsOpen)
 {
     host.call("inqLibVers");
     EXPECT_EQ(warningsOfUnload(), 0U);

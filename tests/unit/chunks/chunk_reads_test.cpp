@@ -411,7 +411,7 @@ protected:
     ChunkedVariable variable;
 };
 
-TEST_F(InterruptedReads, OfChunksRaiseTheHostsInterrupt)
+TEST_F(InterruptedReads, RaiseTheHostsInterruptBetweenChunks)
 {
     variable.lengths = {64, 200, 200};
     variable.chunk = {1, 50, 200};
@@ -425,7 +425,7 @@ TEST_F(InterruptedReads, OfChunksRaiseTheHostsInterrupt)
     }
 }
 
-TEST_F(InterruptedReads, OfSlabsRaiseTheHostsInterrupt)
+TEST_F(InterruptedReads, RaiseTheHostsInterruptBetweenSlabs)
 {
     variable.lengths = {50, 500, 400}; // 40 MB: three slabs
     variable.chunk.clear();

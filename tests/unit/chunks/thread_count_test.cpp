@@ -13,7 +13,7 @@ protected:
     void TearDown() override { setThreadCount(0); }
 };
 
-TEST_F(ThreadCount, IsThatOfTheMachineUnlessItIsSet)
+TEST_F(ThreadCount, DefaultsToTheMachinesNumber)
 {
     const std::size_t usual = threadCount();
     EXPECT_GE(usual, 1U);

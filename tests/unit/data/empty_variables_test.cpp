@@ -36,7 +36,7 @@ private:
     LibraryStandIn library;
 };
 
-TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
+TEST_F(EmptyVariables, AreFlattenedWithOrWithoutAStatusOfTheLibrary)
 {
     for (const int status : {NC_NOERR, NC_EINVALCOORDS}) {
         answerReads(status);
@@ -45,14 +45,14 @@ TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
     }
 }
 
-TEST_F(EmptyVariables, ReadAsTextThatIsNoneHaveNoClass)
+TEST_F(EmptyVariables, HaveNoClassWhenReadAsTextWithoutBeingText)
 {
     EXPECT_THAT(host.attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));
     answerReads(NC_EINVALCOORDS); // of a library that looks at the type later
     EXPECT_EQ(host.call("getVarText", {ncid, 0}).at(0), Value::empty(vxUNKNOWN_CLASS));
 }
 
-TEST_F(EmptyVariables, ThatAreCharGiveACharArrayWhateverTheOperation)
+TEST_F(EmptyVariables, ReadAsCharArraysWhenTheyAreChar)
 {
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 1}), failsWith("getVarInt", NC_ECHAR));
     answerReads(NC_EINVALCOORDS);
@@ -66,7 +66,7 @@ TEST_F(EmptyVariables, FailWithEveryOtherStatus)
     EXPECT_THAT(host.attempt("getVarText", {ncid, 1}), failsWith("getVarText", NC_EHDFERR));
 }
 
-TEST_F(EmptyVariables, OfOtherShapesAreNotFlattened)
+TEST_F(EmptyVariables, AreNotFlattenedFromOtherShapes)
 {
     answerReads(NC_EINVALCOORDS);
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 2}), failsWith("getVarInt", NC_EINVALCOORDS));

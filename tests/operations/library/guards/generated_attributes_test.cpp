@@ -10,7 +10,7 @@ namespace {
 
 class MadeUpText : public OperationTest {};
 
-TEST_F(MadeUpText, IsAnAttributeLikeAnyOtherInAClassicFile)
+TEST_F(MadeUpText, IsAnOrdinaryAttributeInAClassicFile)
 {
     const int from = createFile("from.nc", "clobber");
     const int to = createFile("to.nc", "clobber");

@@ -63,7 +63,7 @@ const Written files[] = {
     {{0, 4}, {3, 4}}, {{5, 0}, {5, 2}}, {{0, 0}, {3, 2}}, {{0, 0}, {1, 1}}, {{0, 0}, {5, 4}},
 };
 
-TEST_F(UnwrittenElements, AreFillValuesAndMoveNoOthers)
+TEST_F(UnwrittenElements, AreFillValuesAndLeaveOthersInPlace)
 {
     for (const Written& file : files) {
         const int ncid = makeFile(file.lengths, file.written);
@@ -92,7 +92,7 @@ TEST_F(UnwrittenElements, AreFillValuesAndMoveNoOthers)
     }
 }
 
-TEST_F(UnwrittenElements, OfRecordsWithAStrideAreOnlyThoseNotWritten)
+TEST_F(UnwrittenElements, AreOnlyTheUnwrittenOnesOfRecordsWithAStride)
 {
     const int ncid = createFile("records.nc");
     int t = 0;
@@ -141,7 +141,7 @@ TEST_F(UnwrittenElements, DoNotHideThatAnElementIsOutOfRange)
 }
 
 // Only the library's own word, that there are none, tells that the last element may be unwritten.
-TEST_F(UnwrittenElements, OfAVariableWithoutFillValuesMoveNoOthers)
+TEST_F(UnwrittenElements, LeaveOthersInPlaceWithoutFillValues)
 {
     const int ncid = createFile("unfilled.nc");
     int dimids[2] = {};
@@ -164,7 +164,7 @@ TEST_F(UnwrittenElements, OfAVariableWithoutFillValuesMoveNoOthers)
 }
 
 // The last element of such a variable may be larger than any that it is compared with.
-TEST_F(UnwrittenElements, OfTypesThatTheHostDoesNotHaveFailAsAnyOther)
+TEST_F(UnwrittenElements, FailAsUsualForTypesThatTheHostDoesNotHave)
 {
     const int ncid = createFile("types.nc");
     int dimids[2] = {};

@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(RenamedDimensions, AreThoseOfVariablesThatAreSeenAfterwards)
+TEST_F(RenamedDimensions, StayThoseOfVariablesInquiredLater)
 {
     for (const int mode : modes) {
         const std::string path = makeFile(mode);
@@ -59,7 +59,7 @@ TEST_F(RenamedDimensions, AreThoseOfVariablesThatAreSeenAfterwards)
     }
 }
 
-TEST_F(RenamedDimensions, OfAGroupAreThoseOfVariablesOutsideOfIt)
+TEST_F(RenamedDimensions, StayThoseOfVariablesInOtherGroups)
 {
     const int made = createFile("groups.nc");
     int group = 0;
@@ -94,7 +94,7 @@ TEST_F(RenamedDimensions, SurviveThatAVariableIsNotRenamed)
     EXPECT_THAT(ncdump(path, "-h"), HasSubstr("\tint x(x) ;\n\tint v(x, z) ;\n"));
 }
 
-TEST_F(RenamedDimensions, OfClassicFilesAreLeftToTheLibrary)
+TEST_F(RenamedDimensions, AreLeftToTheLibraryInClassicFiles)
 {
     const int ncid = createFile("classic.nc", "clobber");
     host.call("defDim", {ncid, "x", 3});

@@ -36,7 +36,7 @@ protected:
 
 TEST_F(NameBuffer, IsTheSameEachTime) { EXPECT_EQ(nameBuffer(), nameBuffer()); }
 
-TEST_F(NameBuffer, IsSmallerWhereAddressesAreScarce)
+TEST_F(NameBuffer, IsSmallerWhenAddressSpaceIsScarce)
 {
     const auto useIt = [] {
         char* name = nullptr;
@@ -47,7 +47,7 @@ TEST_F(NameBuffer, IsSmallerWhereAddressesAreScarce)
     EXPECT_EXIT(useIt(), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(NameBuffer, IsOutOfMemoryWithoutAddresses)
+TEST_F(NameBuffer, RaisesOutOfMemoryWithoutAddressSpace)
 {
     const auto askForIt = [] {
         // A first exception takes memory that the next ones use again.
