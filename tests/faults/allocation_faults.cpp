@@ -43,7 +43,7 @@ protected:
         return succeeded;
     }
 
-    // Has the module and the host make what they make only once.
+    // Makes the module and the host do their one-time allocations.
     void warmUp()
     {
         attemptOnce(

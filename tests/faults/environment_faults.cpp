@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the machine can do to a file: no room, no permission, no descriptors, and a file that goes
-// away or shrinks while it is open. In every format.
+// Faults of the environment, in every format: a full disk, missing permissions, no descriptors, and
+// a file that is removed or truncated while it is open.
 #include "tests/faults/fault_test.h"
 #include "tests/support/file_formats.h"
 
@@ -24,7 +24,7 @@ void PrintTo(const FileFormat& format, std::ostream* out) { *out << format.name;
 namespace faults {
 namespace {
 
-// A soft limit of the process, while it lives.
+// Sets a soft limit of the process for its lifetime.
 class Limit {
 public:
     Limit(decltype(RLIMIT_NOFILE) resource, rlim_t limit) : resource_(resource)
@@ -108,7 +108,7 @@ TEST_P(Environment, ReportsAFullDiskAndContinues)
     expectHealth();
 }
 
-// Once there is room again a netCDF-4 file takes what it could not hold before.
+// Once there is space again, the writes to a netCDF-4 file that failed before succeed.
 TEST_P(Environment, KeepsANetcdf4FileUsableAfterAFullDisk)
 {
     if (!GetParam().isNetcdf4)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Answers that no file brings the library to give: unknown codes, and sizes beyond all reason.
+// Results that no file makes the library return: unknown codes, and absurd sizes.
 #include "tests/faults/fault_test.h"
 
 #include <functional>
@@ -94,7 +94,7 @@ TEST_F(LibraryAnswers, RaiseOutOfMemoryForSizesBeyondMemory)
     expectOutcome({"putVarDouble", dimension(std::size_t{1} << 30), raises("dataSizeMismatch")});
 }
 
-// No more is promised here than an error: such a library is out of its mind.
+// Only an error is promised here: such counts of the library make no sense.
 TEST_F(LibraryAnswers, MayBeCountsOutOfReason)
 {
     for (const char* operation : {"inqDimIDs", "inqUnlimDims", "inqVarIDs", "inqGrps"})

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the library itself is at fault, and the module keeps it from harm. Each test does what
-// crashes, or writes past a buffer, when the library is called alone (docs/limits.md).
+// The guards against bugs of the library. Each test makes a call that crashes, or writes past a
+// buffer, when the library is called directly (docs/limits.md).
 #include "tests/faults/fault_test.h"
 
 #include <netcdf.h>
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-// Under the address sanitizer: the library writes four bytes whatever type is asked for.
+// Under the address sanitizer: the library writes four bytes whatever type is requested.
 TEST_F(LibraryGuards, ReadGeneratedAttributesAsElementsOfAnySize)
 {
     const int ncid = create("netcdf4");
@@ -78,8 +78,8 @@ TEST_F(LibraryGuards, CopyTheProvenanceAttribute)
     expectHealth();
 }
 
-// Renaming a written variable to the name of a dimension that is not its own, or naming a dimension
-// as a variable that was written before, is what the library then trips over.
+// The library fails to close a file after a written variable was renamed to the name of a dimension
+// that is not its own, or a dimension was named as a variable written before.
 class FileThatBreaks : public LibraryGuards, public testing::WithParamInterface<bool> {
 protected:
     int make()
@@ -143,7 +143,7 @@ TEST_F(LibraryGuards, DoNotRenameAScalarAsADimensionOfItsNetcdf4Group)
         EXPECT_THAT(host.attempt("renameVar", {ncid, 0, "other"}), testsupport::succeeds());
         host.call("close", {ncid});
     }
-    // The dimension of a group around it has its name elsewhere.
+    // A dimension of a parent group has its name there.
     const int ncid = create("netcdf4");
     host.call("defDim", {ncid, "x", 2});
     const int group = static_cast<int>(host.call("defGrp", {ncid, "g"}).at(0).toDouble());
@@ -152,7 +152,7 @@ TEST_F(LibraryGuards, DoNotRenameAScalarAsADimensionOfItsNetcdf4Group)
     expectHealth();
 }
 
-// A store of another kind, in a folder of its own, is renamed by other means.
+// A Zarr store is renamed by other code of the library.
 TEST_F(LibraryGuards, RenameAScalarAsADimensionOfItsZarrGroup)
 {
     const std::string path = "file://" + folder.file("store") + "#mode=nczarr,file";
