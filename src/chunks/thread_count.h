@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// How many threads share the work of one call.
+// The number of threads that share the work of one call.
 #pragma once
 
 #include <cstddef>
@@ -8,10 +8,11 @@ namespace Ovard::gridio {
 
 constexpr std::size_t mostThreads = 256;
 
-// The calling one included: as many as the machine runs at once, at most 16, unless set otherwise.
+// Including the calling thread: as many as the machine runs at once, at most 16, unless set
+// otherwise.
 std::size_t threadCount();
 
-// At most mostThreads; 0 goes back to the number that is usual.
+// At most mostThreads; 0 restores the default.
 void setThreadCount(std::size_t count);
 
 } // namespace Ovard::gridio
