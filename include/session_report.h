@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a session has at hand: the files that are open, and what the library can do. For hosts that
-// report it to their users; no operation needs it.
+// What a session has at hand: the files that are open, what the library can do, and how many
+// threads may work. For hosts that report it to their users.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,8 +18,8 @@ struct OpenFile {
     bool isClosedAtUnload;
 };
 
-// Every file that the library has open, by identifier, but for abandoned files and for those that the
-// library opened for its own use. May throw std::bad_alloc.
+// Every file that the library has open, by identifier, but for abandoned files and for those that
+// the library opened for its own use. May throw std::bad_alloc.
 std::vector<OpenFile> listOpenFiles();
 
 struct LibraryReport {
@@ -30,5 +31,9 @@ struct LibraryReport {
 };
 
 LibraryReport describeLibrary();
+
+// How many threads one read or write may use, the calling one included: as many as the machine runs
+// at once, at most 16, unless the environment variable GRIDIO_THREADS says otherwise.
+std::size_t threadCount();
 
 } // namespace Ovard::gridio

@@ -27,7 +27,8 @@ enum class Reads { whereFaster, wherePossible };
 
 // False, with nothing of use read, for what is left to the library: anything but chunks of numbers
 // or characters, filters that are unknown here, blocks that the library is to refuse, reads that
-// fail, since it says best why, and those that it makes faster. What the library cannot read for
+// fail, since it says best why, those that it makes faster, and, if the user has chosen one thread,
+// all that it can read. What the library cannot read for
 // want of a filter is not left to it: where that fails, NC_EHDFERR is raised. Elements of chunks
 // that were never written, of variables without filling, are zero.
 bool readChunked(Variable& variable, const Block& block, const ReadTarget& target,

@@ -18,8 +18,8 @@ enum class Writes { whereFaster, wherePossible };
 // Writes a block of values of the stored type in native byte order. False, with nothing written but
 // that last element, for what is left to the library: all that readChunked leaves to it, strides,
 // filters other than deflate, shuffle and checksums, chunks whose edges are not filtered, blocks
-// without a whole chunk. Raises the library's failures and the host's interrupt: part of the block
-// is then written.
+// without a whole chunk, and everything if the user has chosen one thread. Raises the library's
+// failures and the host's interrupt: part of the block is then written.
 bool writeChunked(Variable& variable, const Block& block, const void* values,
                   Writes writes = Writes::whereFaster);
 
