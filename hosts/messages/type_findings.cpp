@@ -4,7 +4,6 @@
 #include "hosts/messages/index_advice.h"
 #include "hosts/messages/subjects.h"
 #include "hosts/messages/visible_text.h"
-#include "hosts/messages/where_to_read.h"
 
 #include <algorithm>
 #include <cctype>
@@ -64,6 +63,18 @@ std::string operationFor(const std::string& operation, nc_type type)
     return found == end ? "" : std::string(found->name);
 }
 
+// What to do about values that are neither numbers nor characters: strings, and those of an enum,
+// variable-length, compound or opaque type. operation: that which failed, of the first table.
+std::string anyTypeAdvice(const std::string& operation)
+{
+    const std::string every = "which reads and writes values of every type.";
+    if (begins(operation, "getAtt") || begins(operation, "putAtt"))
+        return "Use gridio_any (\"" + operation.substr(0, 6) + "\", ...), " + every;
+    if (begins(operation, "getVar") || begins(operation, "putVar"))
+        return "Use gridio_any (\"" + familyOf(operation) + "\", ...), " + every;
+    return "Use gridio_any, " + every;
+}
+
 struct Values {
     std::string what; // 'The variable "t"'
     nc_type type;
@@ -89,12 +100,12 @@ std::optional<Values> valuesOfCall(const FailedCall& call)
     return Values{"The attribute " + inQuotes(*name), type};
 }
 
-std::string findUnreadable(const Values& values, int ncid)
+std::string findUnreadable(const Values& values, int ncid, const std::string& operation)
 {
     if (operationSuffix(values.type) != nullptr)
         return "";
     return values.what + " is of " + describeType(ncid, values.type) +
-           (values.type == NC_STRING ? " (text of any length)" : "") + ". " + whereToReadOtherTypes;
+           (values.type == NC_STRING ? " (text of any length)" : "") + ". " + anyTypeAdvice(operation);
 }
 
 } // namespace
@@ -118,7 +129,7 @@ std::string findOtherKindOfValues(const FailedCall& call)
     const std::optional<Values> values = valuesOfCall(call);
     if (!values)
         return "";
-    const std::string unreadable = findUnreadable(*values, call.identifier("ncid").value_or(-1));
+    const std::string unreadable = findUnreadable(*values, call.identifier("ncid").value_or(-1), call.operation());
     if (!unreadable.empty())
         return unreadable;
     const std::string fitting = operationFor(call.operation(), values->type);
@@ -136,7 +147,7 @@ std::string findUnfitType(const FailedCall& call)
         return "";
     if (!xtype) {
         const std::optional<Values> values = valuesOfCall(call);
-        return values ? findUnreadable(*values, *ncid) : "";
+        return values ? findUnreadable(*values, *ncid, call.operation()) : "";
     }
     if (!(*xtype >= NC_BYTE && *xtype <= NC_STRING))
         return "There is no type " + numberText(*xtype) +
