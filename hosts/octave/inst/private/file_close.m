@@ -7,6 +7,6 @@
 
 function file_close (file)
 
-  gridio ("close", file.ncid);
+  file_finish (file.ncid, file.path, file.mode);
 
 endfunction
