@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The files that a session has open, and the features of the library, for hosts that report them to
-// their users; no operation needs this.
+// The files that a session has open, the features of the library, and the number of threads, for
+// hosts that report them to their users; no operation needs this.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,5 +31,9 @@ struct LibraryReport {
 };
 
 LibraryReport describeLibrary();
+
+// How many threads one read or write may use, the calling one included: as many as the machine runs
+// at once, at most 16, unless the environment variable GRIDIO_THREADS says otherwise.
+std::size_t threadCount();
 
 } // namespace Ovard::gridio

@@ -59,7 +59,9 @@ gridio ("close", ncid);
 Files that are still open when @code{clear gridio gridio_any} or the end of the session unloads the functions are closed with
 a warning.
 
-@seealso{gridio, gridio_help, gridio_open_files}
+Large blocks of chunked and compressed variables are read and written by several threads: see @code{gridio_threads}.
+
+@seealso{gridio, gridio_help, gridio_open_files, gridio_threads}
 @end deftypefn)")
 {
     return hosts::oct::callGuarded<plugAnyFunction, nothingBefore>(args, nargout);

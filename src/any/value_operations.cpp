@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing values of variables of any type.
 #include "check_status.h"
+#include "chunks/chunk_reads.h"
+#include "chunks/chunk_writes.h"
 #include "convert/argument_readers.h"
 #include "data/elements/block_arguments.h"
 #include "data/elements/element_storage.h"
@@ -44,10 +46,16 @@ ValueShape shapeOf(const Block& block)
 }
 
 // A whole variable with a dimension of length 0 has no values to read.
-void requireRead(int status, const Block& block, std::size_t count, const OperationEntry* entry)
+void readStored(Variable& variable, const ElementType& element, const Block& block,
+                std::size_t count, void* destination)
 {
-    if (status != NC_EINVALCOORDS || !block.isWhole || count > 0)
-        checkStatus(status, entry);
+    if (count > 0 || !block.isWhole) {
+        readValues(variable, block, {destination, nullptr});
+        return;
+    }
+    const int status = readBlock(variable, element, block, destination);
+    if (status != NC_EINVALCOORDS)
+        checkStatus(status, variable.entry());
 }
 
 // Numbers are read directly into the result, characters through a buffer of bytes.
@@ -55,17 +63,15 @@ vxArray* readElements(TypedVariable& typed, const Block& block)
 {
     const ElementType& element = *typed.type().element;
     const std::size_t count = productOf(block.count);
-    const OperationEntry* entry = typed.variable.entry();
     const SizeVector dims = hostDimensions({}, shapeOf(block));
     if (typed.type().kind == TypeKind::character) {
         const HostMemory<char> bytes = zeroedValues(typed.type(), count);
-        requireRead(readBlock(typed.variable, element, block, bytes.get()), block, count, entry);
+        readStored(typed.variable, element, block, count, bytes.get());
         return vxCreateCharArrayFromBytes(dims.size(), dims.data(), bytes.get());
     }
     vxArray* array =
         vxCreateUninitNumericArray(dims.size(), dims.data(), element.hostClass, vxREAL);
-    requireRead(readBlock(typed.variable, element, block, vxGetWritableData(array)), block, count,
-                entry);
+    readStored(typed.variable, element, block, count, vxGetWritableData(array));
     return array;
 }
 
@@ -90,8 +96,9 @@ void write(TypedVariable& typed, const Block& block, const vxArray* data)
     const Type& type = typed.type();
     const OutgoingValues values(type, data, productOf(block.count));
     if (type.kind == TypeKind::number || type.kind == TypeKind::character) {
-        checkStatus(writeBlock(typed.variable, *type.element, block, values.get()),
-                    typed.variable.entry());
+        if (!writeChunked(typed.variable, block, values.get()))
+            checkStatus(writeBlock(typed.variable, *type.element, block, values.get()),
+                        typed.variable.entry());
         return;
     }
     writeValues(typed.variable, type, block, values.get());

@@ -5,6 +5,7 @@
 #include "chunks/block_indices.h"
 #include "chunks/chunk_reader.h"
 #include "chunks/library_verdict.h"
+#include "chunks/thread_count.h"
 #include "chunks/work_sizes.h"
 #include "data/elements/shapes.h"
 
@@ -111,7 +112,7 @@ bool readChunked(Variable& variable, const Block& block, const ReadTarget& targe
     const bool canLibrary = status != NC_ENOFILTER;
     const bool isChoice = canLibrary && reads == Reads::whereFaster;
     if ((canLibrary && status != NC_NOERR) ||
-        (isChoice && countOf(*indices) * element->size < smallestBlock))
+        (isChoice && (isLibraryChosen() || countOf(*indices) * element->size < smallestBlock)))
         return false;
     const auto dataset = ChunkedDataset::open(variable);
     if (!dataset || (isChoice && !isFaster(variable, *dataset, *indices)))

@@ -27,10 +27,10 @@ enum class Reads { whereFaster, wherePossible };
 
 // Returns false, with the destination undefined, for reads that are left to the library: anything
 // but chunks of numbers or characters, filters that are unknown here, blocks that the library must
-// refuse, reads that fail, since the library reports the best reason, and reads that it makes
-// faster. Variables that the library cannot read because it lacks a filter are not left to it: if
-// such a read fails, NC_EHDFERR is raised. Elements of unwritten chunks of variables without
-// filling are zero.
+// refuse, reads that fail, since the library reports the best reason, reads that it makes faster,
+// and, if the user has chosen one thread, all that it can read. Variables that the library cannot
+// read because it lacks a filter are not left to it: if such a read fails, NC_EHDFERR is raised.
+// Elements of unwritten chunks of variables without filling are zero.
 bool readChunked(Variable& variable, const Block& block, const ReadTarget& target,
                  Reads reads = Reads::whereFaster);
 

@@ -6,6 +6,7 @@
 #include "chunks/element_copies.h"
 #include "chunks/library_verdict.h"
 #include "chunks/slabs.h"
+#include "chunks/thread_count.h"
 #include "chunks/work_sizes.h"
 
 #include <algorithm>
@@ -144,7 +145,8 @@ private:
 
 bool isFaster(const ChunkedDataset& dataset, const BlockIndices& whole)
 {
-    return dataset.pipeline().codec() != nullptr && dataset.chunkSize() <= memoryBound &&
+    return !isLibraryChosen() && dataset.pipeline().codec() != nullptr &&
+           dataset.chunkSize() <= memoryBound &&
            countOf(whole) * dataset.elementSize() >= smallestWrite;
 }
 

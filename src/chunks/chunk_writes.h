@@ -17,8 +17,8 @@ enum class Writes { whereFaster, wherePossible };
 // Writes a block of values of the stored type in native byte order. Returns false, with at most
 // that last element written, for writes that are left to the library: everything that readChunked
 // leaves to it, strides, filters other than deflate, shuffle and checksums, chunks whose edges are
-// not filtered, blocks without a whole chunk. Raises the library's failures and the host's
-// interrupt; part of the block may then be written.
+// not filtered, blocks without a whole chunk, and everything if the user has chosen one thread.
+// Raises the library's failures and the host's interrupt; part of the block may then be written.
 bool writeChunked(Variable& variable, const Block& block, const void* values,
                   Writes writes = Writes::whereFaster);
 
