@@ -91,7 +91,7 @@ const Fault faults[] = {
          nc_close(ncid);
          return false;
      }},
-    {"nc_get_att of an attribute that the library makes up writes more than it announces",
+    {"nc_get_att of an attribute that the library generates writes more than it reports",
      [] {
          const int ncid = createNetcdf4();
          std::size_t length = 0;
@@ -223,7 +223,7 @@ const Fault faults[] = {
          std::filesystem::remove(folder / "a\\b.nc");
          return isOther;
      }},
-    {"nc_open of a pipe that nobody writes to",
+    {"nc_open of a pipe without a writer",
      [] {
          mkfifo(file.c_str(), 0600);
          alarm(2);
@@ -274,7 +274,7 @@ const Fault faults[] = {
          openAndClose();
          return false;
      }},
-    {"the end of a process that holds a netCDF-4 file which the disk has no room for",
+    {"the end of a process with a netCDF-4 file open that does not fit on the disk",
      [] {
          const int ncid = createNetcdf4();
          int id = 0;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""./gridio: what it installs, and trees that cannot be written or that another run is at work in."""
+"""./gridio: installing packages, and trees that cannot be written or that another run is using."""
 import fcntl
 import os
 import re
@@ -186,7 +186,7 @@ class Packages(FrontDoorTest):
 
 
 class Trees(FrontDoorTest):
-    """That cannot be written, or in which another run is at work."""
+    """Trees that cannot be written, or that another run is using."""
 
     COMMANDS = (["run", "script.m"], ["shell"], ["test"], ["manual"], ["package"], ["soak"], ["coverage"], ["bench"],
                 ["fuzz"], ["format"])

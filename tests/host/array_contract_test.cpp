@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the module sees of an array that a script passes.
+// The module's view of an array that a script passes.
 #include "tests/host/stand_in_module.h"
 
 #include <cmath>

@@ -19,7 +19,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A process that holds a lock on a file while it lives.
+// A process that holds a lock on a file during the object's lifetime.
 class OtherProgram {
 public:
     OtherProgram(const std::string& path, int kind)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Ctrl-C during a long read ends it within a moment, as the interpreter's own interrupt, and leaves nothing behind.
+"""Ctrl-C during a long read ends it at once, as the interpreter's own interrupt, and leaks nothing.
 
-Of the engine in src/chunks, called by a function of the tests."""
+The reads of src/chunks are called by a function of the tests."""
 import os
 import pathlib
 import re
@@ -16,7 +16,7 @@ OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
 CHUNKS = 100000
 SUM = CHUNKS * 64 * (CHUNKS * 64 - 1) // 2
 
-# What the system knows of the session (threads, open files, whether the function is loaded), and a read in a child.
+# The system's view of the session (threads, open files, whether the function is loaded), and a read in a child.
 REPORT = """
 function report ()
   printf ("threads %d, files %d, loaded %d\\n", numel (glob ("/proc/self/task/*")),
@@ -57,7 +57,7 @@ class Interrupts(unittest.TestCase):
         self.session.stdin.flush()
 
     def hear(self, mark):
-        """What the session prints up to the mark."""
+        """The session's output up to the mark."""
         lines = []
         for line in self.session.stdout:
             if mark in line:
@@ -66,7 +66,7 @@ class Interrupts(unittest.TestCase):
         self.fail("the session has ended: " + "".join(lines))
 
     def ask(self, text):
-        """What the statement prints. The marks are printed by the interpreter, which echoes nothing."""
+        """The statement's output. The interpreter prints the marks, and echoes nothing."""
         self.say(text + '\nputs (["<do" "ne>\\n"]);')
         return self.hear("<done>")
 
@@ -92,7 +92,7 @@ class Interrupts(unittest.TestCase):
                 print(f"{threads} threads: a read of {whole:.2f} s is interrupted within {delay:.3f} s")
                 self.assertNotIn("<all read>", said)
                 self.assertNotIn("error:", said)
-                # On a machine that does nothing else 0.01 s; the bound leaves time for others.
+                # 0.01 s on an idle machine; the bound allows for load.
                 self.assertLess(delay, max(0.2, whole / 2))
 
                 self.assertEqual(self.ask("report ()"), before)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Reads of src/chunks as functions of the interpreter, linked with the module and its host.
+// Functions of the interpreter that call the reads of src/chunks, linked with the module and its
+// host.
 #include "chunks/chunk_reads.h"
 #include "chunks/thread_count.h"
 
@@ -25,7 +26,7 @@ void require(int status)
         error("%s", nc_strerror(status));
 }
 
-// So many chunks of 64 numbers 0 1 2 ..., which take the time of a far larger variable to read.
+// So many chunks of 64 numbers 0 1 2 ..., which take as long to read as a far larger variable.
 void makeFile(const std::string& path, std::size_t chunks)
 {
     int ncid = 0;
@@ -45,7 +46,7 @@ void makeFile(const std::string& path, std::size_t chunks)
     require(nc_close(ncid));
 }
 
-// The sum of what is read: that of all numbers, or less.
+// The sum of the values read: that of all numbers, or less.
 double readSum(int ncid)
 {
     Variable variable(ncid, 0, &entry);

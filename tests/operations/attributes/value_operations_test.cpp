@@ -261,7 +261,7 @@ TEST_F(AttributeValues, RefuseFillValueByNameEvenForAMissingVariable)
                 raises("postCreationFillValueDefinition"));
     EXPECT_THAT(attempt("putAttDouble", {-7, 0, "_FillValue", NC_DOUBLE, 1}),
                 failsWith("putAttDouble", NC_EBADID));
-    // Before the storage of the values is looked at.
+    // Before the storage of the values is checked.
     EXPECT_THAT(attempt("putAttDouble", {ncid, 0, "_FillValue", NC_DOUBLE, true}),
                 raises("postCreationFillValueDefinition"));
 }

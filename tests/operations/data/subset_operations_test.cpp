@@ -14,7 +14,7 @@ namespace {
 
 using SubsetAccess = SubsetGrid;
 
-// Elements of bytes at these places, in this order.
+// The elements of bytes at these positions, in this order.
 Bytes picked(const Bytes& bytes, std::size_t size, const std::vector<std::size_t>& places)
 {
     Bytes result;
@@ -23,7 +23,7 @@ Bytes picked(const Bytes& bytes, std::size_t size, const std::vector<std::size_t
     return result;
 }
 
-// What each form is given, and the places in the file, in the order of the host's elements.
+// The arguments of each form, and the positions in the file, in the order of the host's elements.
 struct Subset {
     const char* readForm;
     const char* writeForm;

@@ -290,7 +290,7 @@ TEST_F(WholeAccess, LeavesStringsAndOtherTypesToTheLibrary)
     const int ncid = openFile("w.nc");
     {
         const LeakOfTheLibrary
-            leak; // it reads the strings before it finds that they are no numbers
+            leak; // it reads the strings before it finds that they are not numbers
         EXPECT_THAT(attempt("getVarDouble", {ncid, 0}), failsWith("getVarDouble", NC_EBADTYPE));
     }
     EXPECT_THAT(attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));

@@ -26,7 +26,7 @@ protected:
         number("defVar", {ncid, "v", xtype, row({})});
         return ncid;
     }
-    // What the library says of the variable: the flag, and one element into value.
+    // The library's inquiry of the variable: the flag, and one element into value.
     static int libraryNoFill(int ncid, void* value)
     {
         int noFill = -1;
@@ -235,7 +235,7 @@ TEST_F(FillValues, AreNotSignExtendedForTextDeliberately)
 TEST_F(FillValues, AreUnhandledForTypesWithoutAnElementType)
 {
     const int ncid = createWith(NC_STRING);
-    // The value is not looked at before the type is.
+    // The value is not checked before the type.
     EXPECT_THAT(attempt("defVarFill", {ncid, 0, false, Value::cell({0, 0}, {})}),
                 raises("unhandledFillDatatype", {static_cast<long>(NC_STRING)}));
     EXPECT_THAT(attempt("inqVarFill", {ncid, 0}),

@@ -100,7 +100,7 @@ TEST_F(StorageSettings, ReturnZeroByZeroSizesForContiguousVariables)
               (Values{"contiguous", Value::empty(vxDOUBLE_CLASS, {0, 0})}));
 }
 
-// No file that the library makes has a chunked scalar: nc_inq_var_chunking is asked in its place.
+// The library creates no file with a chunked scalar, so nc_inq_var_chunking is replaced.
 TEST_F(StorageSettings, CannotChunkAScalar)
 {
     const int ncid = createGrid();
@@ -132,7 +132,7 @@ TEST_F(StorageSettings, AreInquiredInNetcdf4FilesOnly)
             EXPECT_THAT(attempt("inqVarFletcher32", {ncid, 0}),
                         raises("attemptedChecksumInquiryOnNetcdf3File"))
                 << format.name;
-            // The library decides, and answers that nothing is set.
+            // The library decides, and reports that nothing is set.
             EXPECT_EQ(host.call("inqVarDeflate", {ncid, 0}), (Values{false, false, 0}))
                 << format.name;
         }
@@ -236,7 +236,7 @@ TEST_F(StorageSettings, PassTheChecksumSettingUnchanged)
 {
     for (const int setting : {7, -1}) {
         const int ncid = createGrid();
-        const int status = nc_def_var_fletcher32(ncid, 0, setting); // what the library thinks of it
+        const int status = nc_def_var_fletcher32(ncid, 0, setting); // the library's status for it
         const int again = createFile("t.nc");
         number("defVar", {again, "v", NC_INT, number("defDim", {again, "x", 3})});
         const Outcome outcome = attempt("defVarFletcher32", {again, 0, setting});
@@ -265,7 +265,7 @@ TEST_F(StorageSettings, ReportTheLibrarysStatusForAMissingVariable)
 TEST_F(StorageSettings, AreReadLeftToRight)
 {
     const Value bad = "bad";
-    const Value badFlag = 1; // a number is no flag
+    const Value badFlag = 1; // a number is not a flag
     const Value badRow = true;
     struct {
         const char* operation;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Classic files that the library opens although their headers go past its own limits.
+// Classic files that the library opens although their headers exceed its own limits.
 #include "tests/operations/operation_test.h"
 #include "tests/support/element_samples.h"
 
@@ -60,7 +60,7 @@ class HostileFiles : public OperationTest {
 protected:
     int openFileOf(const std::string& name, std::size_t rank)
     {
-        // So much is read at once: the library takes no piece of a header beyond that.
+        // The library reads so much at once, and rejects header items larger than that.
         constexpr int chunkSizeHint = 1 << 22;
         const std::string path = folder.file("h.nc");
         writeFile(path, name, rank);

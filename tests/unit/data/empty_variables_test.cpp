@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a whole read makes of the library's answers about a variable without values, in which
-// releases of the library differ.
+// Whole reads of a variable without values, for which releases of the library return different
+// statuses.
 #include "tests/library/library_stand_in.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
@@ -26,7 +26,7 @@ protected:
         host.call("endDef", {ncid});
     }
 
-    // Has the library answer typed reads with a status and do nothing.
+    // Makes the library's typed reads return a status and do nothing.
     void answerReads(int status)
     {
         library.answers = {{"nc_get_var_int", status}, {"nc_get_var_text", status}};
@@ -48,7 +48,7 @@ TEST_F(EmptyVariables, AreFlattenedWithOrWithoutAStatusOfTheLibrary)
 TEST_F(EmptyVariables, HaveNoClassWhenReadAsTextWithoutBeingText)
 {
     EXPECT_THAT(host.attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));
-    answerReads(NC_EINVALCOORDS); // of a library that looks at the type later
+    answerReads(NC_EINVALCOORDS); // from a library that checks the type later
     EXPECT_EQ(host.call("getVarText", {ncid, 0}).at(0), Value::empty(vxUNKNOWN_CLASS));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the library would crash on, and a script must survive.
+// Calls that would crash the library, and must not crash a script.
 #include "tests/operations/operation_test.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-// No file may grow beyond this size while it lives, as on a full disk.
+// During its lifetime no file may grow beyond this size, as on a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes)
@@ -39,8 +39,8 @@ using testsupport::raises;
 
 class CrashGuards : public OperationTest {
 protected:
-    // A classic file in define mode with a fill value of the wrong type, which the library takes
-    // and then can not write.
+    // A classic file in define mode with a fill value of the wrong type, which the library accepts
+    // and then cannot write.
     int createUnclosableFile()
     {
         const int ncid = id("create", {folder.file("unclosable.nc"), "clobber"});
@@ -70,7 +70,7 @@ TEST_F(CrashGuards, RefuseToOpenAFileInMemoryWithoutMemory)
                 raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
 }
 
-// The library itself refuses a file in memory with some of the flags that -1 stands for.
+// The library itself refuses a file in memory with some of the flags in -1.
 TEST_F(CrashGuards, LeaveEveryOtherOpenFlagToTheLibrary)
 {
     host.call("close", host.call("create", {folder.file("x.nc"), "clobber"}));
@@ -139,8 +139,8 @@ TEST_F(CrashGuards, LetAClassicFileBeAbortedThatCannotBeClosed)
     host.call("abort", {createUnclosableFile()});
 }
 
-// In closing, the library would say nothing of values that it could not write. (A disk that takes
-// a part of them leaves a file that closing again does not mend either: then only the error tells.)
+// When it closes a file, the library would not report values that it could not write. (If the disk
+// takes part of them, closing again does not repair the file: then there is only the error.)
 TEST_F(CrashGuards, KeepAClassicFileOpenWhileTheDiskIsFull)
 {
     const int ncid = id("create", {folder.file("full.nc"), "clobber"});
@@ -171,7 +171,7 @@ TEST_F(CrashGuards, LetATruncatedReadOnlyFileBeClosed)
     host.call("close", {ncid});
 }
 
-// Another process has the file open, and has locked it as HDF5 does.
+// Another process has the file open and locked, as HDF5 does.
 TEST_F(CrashGuards, DoNotEmptyALockedFile)
 {
     const std::string path = folder.file("locked.nc");

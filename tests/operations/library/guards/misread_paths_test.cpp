@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The file that a path names is the file that is opened or created, whatever characters it has.
+// Checks that the file that a path names is opened or created, whatever characters it has.
 #include "tests/operations/operation_test.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/file_formats.h"
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// In a working folder of its own, since these paths are relative.
+// In its own working folder, since these paths are relative.
 class FilePaths : public OperationTest {
 protected:
     void SetUp() override
@@ -41,8 +41,8 @@ protected:
         return found;
     }
 
-    // The length of the one dimension of the file, read past the module from a copy with a plain
-    // name: the library's own functions would open another file.
+    // The length of the file's dimension, read by the library from a copy with a plain name: under
+    // the original name it would open another file.
     static std::size_t lengthIn(const std::string& path)
     {
         fs::copy_file(path, "copy.nc", fs::copy_options::overwrite_existing);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Renaming dimensions and variables of a file that was opened for it.
+// Renaming dimensions and variables of an existing file.
 #include "tests/operations/operation_test.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/library_file.h"
@@ -78,7 +78,7 @@ TEST_F(RenamedDimensions, StayThoseOfVariablesInOtherGroups)
     EXPECT_THAT(ncdump(folder.file("groups.nc"), "-h"), HasSubstr("int w(latitude) ;\n"));
 }
 
-// What the C library's own tests do in tst_vars2: a longer name is refused in data mode.
+// As in tst_vars2 of the C library's tests: a longer name is refused in data mode.
 TEST_F(RenamedDimensions, SurviveThatAVariableIsNotRenamed)
 {
     const std::string path = makeFile(modes[1]);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the library reads elements from and writes them to.
+// The storage that the library reads elements from and writes them to.
 #include "data/elements/element_storage.h"
 
 #include "gateway/operation_table.h"
@@ -18,7 +18,7 @@ namespace {
 
 class ElementStorage : public ModuleTest {
 protected:
-    // What a read of these bytes gives.
+    // The result of reading these bytes.
     static Value readBytes(const ElementType& element, const SizeVector& dims, const Bytes& bytes)
     {
         vxArray* slot = nullptr;
