@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Includes between folders never run upwards.
 
-The folders are floors of a house. A file may include what lies on a lower floor, and what lies in its own room; rooms of one
-floor do not see each other. Outside of the module, a host sees include/, the message catalogue and itself.
+The folders form layers. A file may include files of lower layers and of its own folder; folders of one layer must not
+include each other. Outside the module, a host may include include/, the message catalogue and itself.
 """
 import pathlib
 import re
@@ -12,7 +12,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides the file's own folder
 SOURCES = {".h", ".cpp", ".cc"}
 
-# From the ground up. None stands for the rooms of the operations: every other folder of src.
+# From the lowest layer up. None is the layer of the operations: every other folder of src.
 FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
           "src/gateway", "hosts/messages", "hosts")
 
