@@ -12,7 +12,7 @@ constexpr std::size_t mostBytes = std::numeric_limits<std::size_t>::max();
 
 struct Answer {
     const char* operation;
-    std::function<void(LibraryStandIn&)> tell;
+    std::function<void(LibraryStandIn&)> inject;
     testing::Matcher<const Outcome&> expected;
 };
 
@@ -26,7 +26,7 @@ protected:
             const fuzz::Operation& operation = find(answer.operation);
             const std::vector<Value> arguments = argumentsThatSucceed(operation, file);
             LibraryStandIn library;
-            answer.tell(library);
+            answer.inject(library);
             EXPECT_THAT(host.attempt(operation.name, arguments), answer.expected);
         }
         expectHealth();
