@@ -58,7 +58,7 @@ class Datenum(unittest.TestCase):
         back = converted("datenum|proleptic_gregorian", theirs)
         self.assertEqual([float(answer) for answer in back], [float(value) for value in values])
 
-    def test_of_calendar_standard_begins_with_its_gregorian_dates(self):
+    def test_begins_with_the_gregorian_dates_in_calendar_standard(self):
         first = 577_735 * MILLISECONDS_PER_DAY  # two days less than in proleptic_gregorian until 1582-10-15
         for value, expected in ((first + 2 * MILLISECONDS_PER_DAY, "578102"), (first + 2 * MILLISECONDS_PER_DAY - 1, "none")):
             answer, = converted("value|standard", [value])

@@ -46,7 +46,7 @@ def errors_of(calls, setup=()):
 
 
 class BadArguments(unittest.TestCase):
-    def test_of_wrong_class_are_reported_by_the_name_in_the_entry(self):
+    def test_are_reported_by_the_name_in_the_entry_if_of_wrong_class(self):
         cases = []
         for entry in ENTRIES:
             values = [good(argument) for argument in entry.arguments]
@@ -72,7 +72,7 @@ class BadArguments(unittest.TestCase):
                 self.assertEqual(raised, f"Ovard:gridio:{COMMON.kinds[first.kind][1][0].identifier}")
                 self.assertRegex(message, as_word(first.error_name))
 
-    def test_of_another_number_are_refused(self):
+    def test_are_refused_in_another_number(self):
         calls = []
         for entry in ENTRIES:
             values = [good(argument) for argument in entry.arguments]
@@ -91,13 +91,13 @@ class Refusals(unittest.TestCase):
                 self.assertEqual(raised, "Ovard:gridio:netcdf:libraryFailure", message)
                 self.assertTrue(message.startswith(f"{name}: {status}: "), message)
 
-    def test_of_identifiers_that_are_not_open_bear_the_status_of_the_entries(self):
+    def test_have_the_entries_status_for_identifiers_that_are_not_open(self):
         cases = [(e.name, "NC_EBADID", call(e, ["12345678"] + [good(a) for a in e.arguments[1:]]))
                  for e in ENTRIES if "NC_EBADID" in dict(e.statuses)]
         self.assertEqual(len(cases), sum(any(a.name == "ncid" for a in e.arguments) for e in ENTRIES))
         self.check(cases, [])
 
-    def test_of_variables_that_do_not_exist_bear_the_status_of_the_entries(self):
+    def test_have_the_entries_status_for_missing_variables(self):
         known = {"ncid": "nc4", "varid": "99", "ncid_out": "nc4", "varid_out": "-1"}
         cases = [(e.name, "NC_ENOTVAR",
                   call(e, [known.get(a.name) or good(a) for a in e.arguments]))

@@ -20,7 +20,7 @@ def run_code(code):
 
 
 class Selftest(unittest.TestCase):
-    def test_of_the_function_passes(self):
+    def test_passes_its_own_tests(self):
         source = interpreter.INST / "gridio_help.m"
         printed = run_code(f'[passed, all] = test("{source}", "quiet"); printf("%d %d\\n", passed, all);')
         passed, tests = map(int, printed.split()[-2:])

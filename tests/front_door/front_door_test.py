@@ -28,7 +28,7 @@ class Commands(FrontDoorTest):
         for name in ("walk", "", "run ", "-x", "help;ls"):
             self.assert_one_line(self.gridio(name), 2, f"there is no command {name}")
 
-    def test_a_bad_call_changes_nothing(self):
+    def test_changes_nothing_on_a_bad_call(self):
         self.assert_one_line(self.gridio("run"), 2, "run needs a script")
         self.assert_one_line(self.gridio("--version", "x"), 2, "--version takes no arguments")
         self.assert_one_line(self.gridio("shell", "x"), 2, "shell takes no arguments")
@@ -38,7 +38,7 @@ class Commands(FrontDoorTest):
         self.assert_one_line(self.gridio("manual", "x"), 2, "manual takes no arguments")
         self.assertEqual(self.sandbox.log(), [])
 
-    def test_a_missing_script_is_told_apart_from_one_that_cannot_be_read(self):
+    def test_distinguishes_a_missing_script_from_an_unreadable_one(self):
         folder = self.sandbox.home / "folder"
         folder.mkdir()
         for name in ("no.m", "no/such.m", "", "folder/no.m"):
@@ -111,7 +111,7 @@ class Scripts(FrontDoorTest):
         done = self.run_script('puts (gridio ("inqLibVers"));')
         self.assertRegex(done.stdout, r"^4\.\d+\.\d+")
 
-    def test_what_belongs_to_gridio_is_found(self):
+    def test_finds_the_parts_of_gridio(self):
         folder = self.sandbox.tree / "hosts" / "octave"
         folder.mkdir(parents=True)
         (folder / "inst").symlink_to(ROOT / "hosts" / "octave" / "inst")

@@ -202,7 +202,7 @@ class Trees(FrontDoorTest):
                 self.assert_one_line(done, 1, f"cannot write to {path}")
         self.assertEqual(self.sandbox.log(), [])
 
-    def test_that_cannot_be_written_are_one_clear_line(self):
+    def test_are_reported_in_one_line_if_unwritable(self):
         self.sandbox.tree.chmod(0o555)
         self.assert_refused(self.sandbox.tree)
         self.sandbox.install_everything()
@@ -218,7 +218,7 @@ class Trees(FrontDoorTest):
         self.COMMANDS = (["manual"], ["package"])
         self.assert_refused(self.sandbox.tree / "dist")
 
-    def test_that_root_once_built_in_are_one_clear_line(self):
+    def test_are_reported_in_one_line_if_root_built_in_them(self):
         self.sandbox.tree.chmod(0o777)
         (self.sandbox.tree / "build").mkdir()
         (self.sandbox.tree / "build").chmod(0o777)
@@ -232,19 +232,19 @@ class Trees(FrontDoorTest):
                              f"cannot write to {self.sandbox.tree}/build/release")
 
     @unittest.skipUnless(os.getuid() == 0, "only root can make files that belong to others")
-    def test_of_another_say_whose_they_are(self):
+    def test_report_their_owner(self):
         self.sandbox.install_everything()
         (self.sandbox.tree / "build").mkdir()
         self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "script.m"), 1,
                              f"cannot write to {self.sandbox.tree}/build, which belongs to root")
 
-    def test_that_are_built_but_stale_are_one_clear_line(self):
+    def test_are_reported_in_one_line_if_built_but_stale(self):
         self.sandbox.build_everything()
         self.sandbox.remove("built")
         (self.sandbox.tree / "build").chmod(0o555)
         self.assert_one_line(self.sandbox.gridio_of_a_stranger("run", "script.m"), 1, "cannot write to")
 
-    def test_that_are_built_but_lack_a_package_say_which(self):
+    def test_report_the_missing_package_if_built(self):
         self.sandbox.build_everything()
         installed = self.sandbox.machine / "installed"
         installed.write_text(installed.read_text().replace("ghostscript\n", ""))

@@ -27,12 +27,14 @@ PHRASES = {
     r"\bso (many|much) room\b": "so much space, so large a buffer",
 }
 # A suite is the thing under test and a test's name begins with a verb.
-RIDDLE = re.compile(r"^TEST(?:_F|_P)?\(\w+,\s*(?:A|An|At|For|From|In|Of|That|The|Under|With|Without)[A-Z]\w*", re.M)
+RIDDLE = re.compile(r"^TEST(?:_F|_P)?\(\w+,\s*(?:A|An|At|For|From|In|Of|That|The|Under|With|Without)[A-Z]\w*"
+                    r"|def test_(?:of|that|what)_\w+", re.M)
 
 
 def tracked_files():
     try:
-        names = subprocess.run(["git", "ls-files"], cwd=ROOT, capture_output=True, text=True, check=True).stdout.split("\n")
+        names = subprocess.run(["git", "ls-files"], cwd=ROOT, capture_output=True, text=True,
+                               check=True).stdout.split("\n")
     except (OSError, subprocess.CalledProcessError):  # a tree without its history
         names = [path.relative_to(ROOT).as_posix() for path in ROOT.rglob("*")]
     own = pathlib.Path(__file__).resolve()

@@ -85,7 +85,7 @@ class Errors(unittest.TestCase):
                 if shown and name in patterns:
                     self.assertRegex(" ".join(shown), rf"(error|warning):\s+({'|'.join(patterns[name])})")
 
-    def test_of_the_library_have_the_advice_of_the_messages(self):
+    def test_have_the_advice_of_the_messages(self):
         rows = [row for _, rows in make_manual.status_advice() for row in rows]
         source = make_manual.ADVICE.read_text()
         self.assertEqual(len(rows), len(re.findall(r'^    \{"', source, re.M)))
@@ -212,7 +212,7 @@ class Claims(unittest.TestCase):
             for word in ("Uninstall", "pkg uninstall gridio", "/var/log/apt/history.log", "issue tracker", "gridio_version ()"):
                 self.assertIn(word, text)
 
-    def test_of_what_is_fetched_agree(self):
+    def test_agree_on_the_size_of_the_download(self):
         for text in ((ROOT / "README.md").read_text(), (manual_source.CHAPTERS / "first_steps.texi").read_text()):
             self.assertRegex(text, r"300 MB")
 
