@@ -37,6 +37,9 @@ classes = {"double", "single", "int8", "uint8", "int16", "uint16", "int32", "uin
 writes = others = 0;
 for entry = entries(2:end)
   name = strtok (entry{1}, "\n");
+  if (! isempty (strfind (entry{1}, 'gridio_any("')))  % converts the values
+    continue;
+  end
   call = regexp (entry{1}, 'gridio\("[^\n]*', "match", "once");
   count = numel (strfind (call, ","));
   data = regexp (entry{1}, '\n  (?:values|value|text): (\w+) array\n', "tokens", "once");
