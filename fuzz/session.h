@@ -3,6 +3,7 @@
 // end that leaves nothing behind.
 #pragma once
 
+#include "fuzz/operation_signatures.h"
 #include "hosts/standalone/host.h"
 
 #include <string>
@@ -26,13 +27,20 @@ public:
     // Calls and checks: ends the process, saying why, when the error is none of the module's or an
     // out-of-memory error, when a block or an array is left, or when a contract was broken. Tells
     // what it calls when the environment has FUZZ_TRACE.
+    standalone::Outcome call(const Operation& operation,
+                             const std::vector<standalone::Value>& arguments);
+    // An operation of "gridio", and one of "gridio_any".
     standalone::Outcome call(const std::string& operation,
                              const std::vector<standalone::Value>& arguments);
+    standalone::Outcome callAny(const std::string& operation,
+                                const std::vector<standalone::Value>& arguments);
 
     // A file that was opened past the module, for the session to know and to close.
     void adoptFile(int ncid);
 
 private:
+    standalone::Outcome callOf(Function function, const std::string& operation,
+                               const std::vector<standalone::Value>& arguments);
     void keepIds(const std::string& operation, const standalone::Outcome& outcome);
     void giveUp(int ncid);
     void closeAll();
