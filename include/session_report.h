@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a session has at hand: the files that are open, what the library can do, and how many
-// threads may work. For hosts that report it to their users.
+// The files that a session has open, the features of the library, and the number of threads, for
+// hosts that report them to their users; no operation needs this.
 #pragma once
 
 #include <cstddef>
@@ -18,14 +18,14 @@ struct OpenFile {
     bool isClosedAtUnload;
 };
 
-// Every file that the library has open, by identifier, but for abandoned files and for those that
-// the library opened for its own use. May throw std::bad_alloc.
+// Every file that the library has open, by identifier, except abandoned files and those that the
+// library opened for its own use. May throw std::bad_alloc.
 std::vector<OpenFile> listOpenFiles();
 
 struct LibraryReport {
     std::string netcdf;          // version in use
     std::string netcdfBuiltWith; // version that the module was compiled with
-    std::string hdf5;            // version in use; "none" when the library has none
+    std::string hdf5;            // version in use; "none" if the library was built without it
     std::vector<std::pair<std::string, bool>> features; // "dap2", "zarr", ...: available or not
     std::vector<std::pair<std::string, bool>> filters;  // "deflate", "zstd", ...: available or not
 };

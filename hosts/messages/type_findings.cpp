@@ -32,7 +32,7 @@ constexpr Range ranges[] = {
 
 bool begins(const std::string& text, const char* start) { return text.rfind(start, 0) == 0; }
 
-// "getVara" of "getVaraDouble": what the operations of one family share.
+// "getVara" for "getVaraDouble": the name of the family.
 std::string familyOf(const std::string& operation)
 {
     constexpr std::size_t shortest = 6; // "getVar"
@@ -41,7 +41,7 @@ std::string familyOf(const std::string& operation)
     return operation.substr(0, hasForm ? shortest + 1 : shortest);
 }
 
-// Two names of the family putVar1 have a capital letter more.
+// Two names of the family putVar1 have one more capital letter.
 bool isSameButForCase(std::string_view a, std::string_view b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
@@ -63,8 +63,8 @@ std::string operationFor(const std::string& operation, nc_type type)
     return found == end ? "" : std::string(found->name);
 }
 
-// What to do about values that are neither numbers nor characters: strings, and those of an enum,
-// variable-length, compound or opaque type. operation: that which failed, of the first table.
+// Advice for values that are neither numbers nor characters: strings, and those of an enum,
+// variable-length, compound or opaque type. operation: the one of the first table that failed.
 std::string anyTypeAdvice(const std::string& operation)
 {
     const std::string every = "which reads and writes values of every type.";
@@ -105,7 +105,8 @@ std::string findUnreadable(const Values& values, int ncid, const std::string& op
     if (operationSuffix(values.type) != nullptr)
         return "";
     return values.what + " is of " + describeType(ncid, values.type) +
-           (values.type == NC_STRING ? " (text of any length)" : "") + ". " + anyTypeAdvice(operation);
+           (values.type == NC_STRING ? " (text of any length)" : "") + ". " +
+           anyTypeAdvice(operation);
 }
 
 } // namespace
@@ -129,7 +130,8 @@ std::string findOtherKindOfValues(const FailedCall& call)
     const std::optional<Values> values = valuesOfCall(call);
     if (!values)
         return "";
-    const std::string unreadable = findUnreadable(*values, call.identifier("ncid").value_or(-1), call.operation());
+    const std::string unreadable =
+        findUnreadable(*values, call.identifier("ncid").value_or(-1), call.operation());
     if (!unreadable.empty())
         return unreadable;
     const std::string fitting = operationFor(call.operation(), values->type);

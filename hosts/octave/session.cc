@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What gridio_open_files, gridio_version and gridio_threads report. It lives in gridio.oct since
-// only this knows its open files; the functions let go of it after each call, so that "clear
-// gridio" unloads gridio.oct as ever.
+// The data that gridio_open_files, gridio_version and gridio_threads report. The function is in
+// gridio.oct, which alone knows its open files; its callers clear it after each call, so that
+// "clear gridio" still unloads gridio.oct.
 #include "errors.h"
 #include "session_report.h"
 

@@ -31,7 +31,7 @@ struct TypedVariable {
     TypeTree types;
 
 private:
-    // What is inquired of NC_GLOBAL is no failure, but there is nothing to read.
+    // Inquiring NC_GLOBAL does not fail, but it has no values.
     static int requireVariable(int varid, const OperationEntry* entry)
     {
         if (varid == NC_GLOBAL)
@@ -45,7 +45,7 @@ ValueShape shapeOf(const Block& block)
     return {{block.count.rbegin(), block.count.rend()}, false};
 }
 
-// There is nothing to read of a whole variable with a dimension of length 0.
+// A whole variable with a dimension of length 0 has no values to read.
 void readStored(Variable& variable, const ElementType& element, const Block& block,
                 std::size_t count, void* destination)
 {
@@ -58,7 +58,7 @@ void readStored(Variable& variable, const ElementType& element, const Block& blo
         checkStatus(status, variable.entry());
 }
 
-// Numbers are read where they are to stay, characters by way of bytes.
+// Numbers are read directly into the result, characters through a buffer of bytes.
 vxArray* readElements(TypedVariable& typed, const Block& block)
 {
     const ElementType& element = *typed.type().element;
@@ -75,7 +75,7 @@ vxArray* readElements(TypedVariable& typed, const Block& block)
     return array;
 }
 
-// The values and, if they are asked for, the labels of enumerations.
+// The values and, if requested, the labels of enumerations.
 void readResults(TypedVariable& typed, const Block& block, int nlhs, vxArray* results[])
 {
     const TypeKind kind = typed.type().kind;
@@ -104,8 +104,8 @@ void write(TypedVariable& typed, const Block& block, const vxArray* data)
     writeValues(typed.variable, type, block, values.get());
 }
 
-// Raises emptyVariableData for no values. Those of a structure are counted field by field when they
-// are converted.
+// Raises emptyVariableData if there are no values. The values of a structure are counted field by
+// field when they are converted.
 std::size_t countGiven(const Type& type, const vxArray* data)
 {
     const std::size_t given = countValues(type, data);
@@ -138,14 +138,14 @@ void getVarSubset(int nlhs, vxArray* results[], int nargs, const vxArray* args[]
     readResults(typed, block, nlhs, results);
 }
 
-// The whole variable as it is now: a write of this kind never adds records.
+// The whole variable at its present size: such a write never adds records.
 void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
 
     TypedVariable typed(ncid, varid, entry);
-    static_cast<void>(countGiven(typed.type(), args[2])); // compared when they are converted
+    static_cast<void>(countGiven(typed.type(), args[2])); // checked when they are converted
     write(typed, wholeBlock(typed.variable), args[2]);
 }
 

@@ -8,7 +8,7 @@
 namespace Ovard::gridio {
 namespace {
 
-constexpr std::size_t mostByDefault = 16; // more need a faster disk and memory than most have
+constexpr std::size_t mostByDefault = 16; // more would need a faster disk and memory
 
 std::size_t fixed = 0; // 0: none
 
@@ -30,7 +30,7 @@ std::size_t threadCount()
     const std::size_t chosen = fixed > 0 ? fixed : chosenByUser();
     if (chosen > 0)
         return chosen;
-    // Respects the affinity of the process; 0 where that is unknown.
+    // Respects the affinity of the process; 0 if that is unknown.
     const std::size_t running = std::thread::hardware_concurrency();
     return std::clamp<std::size_t>(running, 1, mostByDefault);
 }

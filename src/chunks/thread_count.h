@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// How many threads share the work of one call. Hosts see it as threadCount() of session_report.h.
+// The number of threads that share the work of one call. Hosts see it as threadCount() of
+// session_report.h.
 //
 // The user's choice is the environment variable GRIDIO_THREADS: a number from 1 to mostThreads. It
 // may be set before the host starts or while it runs, and outlasts the unloading of the module.
