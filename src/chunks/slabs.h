@@ -7,6 +7,10 @@
 
 namespace Ovard::gridio {
 
+// Those of the variable; ones where it has none. Of chunks that a slab takes a part of, each is
+// unpacked once more for the next slab.
+SizeVector chunkLengths(const Variable& variable);
+
 // The lengths of slabs, as those of chunks for a ChunkWalk: whole chunks, so that none is packed or
 // unpacked twice, as many as make up the number of elements, from the innermost dimension outwards.
 SizeVector slabLengths(const BlockIndices& block, const SizeVector& chunkLengths,
