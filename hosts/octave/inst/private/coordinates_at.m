@@ -10,7 +10,7 @@ function at = coordinates_at (file, number, plan)
   d = file.d;
   shape = variable_shape (file, number);
   [numbers, ranks] = coordinates_of (d, number);
-  numbers = numbers(ranks < 3 | ismember (numbers, plan.coordinates) | serves (d, numbers, ranks));
+  numbers = numbers(ranks < 3 | ismember (numbers, plan.used) | serves (d, numbers, ranks));
   at = struct ();
   about = axis_about (file, numbers);
   for k = numbers
@@ -33,13 +33,16 @@ function at = coordinates_at (file, number, plan)
 
 endfunction
 
-## Coordinates that no attribute names count where they alone serve as an axis.
+## Coordinates that no attribute names count where they alone serve best as an axis.
 function yes = serves (d, numbers, ranks)
 
-  roles = arrayfun (@(k) {axis_role(d.variables.attributes{k}, d.variables.name{k})}, numbers);
+  [roles, stages] = cellfun (@axis_role, d.variables.attributes(numbers), d.variables.name(numbers), ...
+                             "UniformOutput", false);
+  stages = [stages{:}];
   yes = false (size (numbers));
   for k = find (ranks == 3)
-    yes(k) = sum (strcmp (roles, roles{k})) == 1;
+    rivals = strcmp (roles, roles{k})(:)';
+    yes(k) = ! any (rivals & ranks < 3) && sum (rivals & stages <= stages(k)) == 1;
   endfor
 
 endfunction

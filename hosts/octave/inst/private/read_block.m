@@ -28,10 +28,10 @@ endfunction
 ## Characters whose texts lie along the first dimension; one text as such.
 function texts = texts_of (x, len, counts)
 
-  if (len == 0)
+  if (len == 0 || isempty (x))
     texts = repmat ({""}, [counts, 1, 1]);
   else
-    texts = reshape (cellstr (strrep_nul (reshape (x, len, [])')), [counts, 1, 1]);
+    texts = reshape (cellstr (cut_at_nul (reshape (x, len, [])')), [counts, 1, 1]);
   endif
   if (isempty (counts))
     texts = texts{1};
@@ -40,7 +40,7 @@ function texts = texts_of (x, len, counts)
 endfunction
 
 ## A text ends at its first NUL.
-function x = strrep_nul (x)
+function x = cut_at_nul (x)
 
   x(cumsum (x == 0, 2) > 0) = " ";
 

@@ -10,7 +10,7 @@ function plan = select_positions (file, number, requests)
 
   shape = variable_shape (file, number);
   plan = struct ("lists", {repmat({":"}, 1, numel (shape.lengths))}, "mask", [], "maskPlaces", [], ...
-                 "coordinates", [], "values", {{}}, "asked", {{}});
+                 "coordinates", [], "values", {{}}, "asked", {{}}, "used", []);
   [axes, places] = axes_of_requests (file, number, requests);
   [plan, done] = select_on_sphere (file, shape, plan, requests, axes);
   for k = find (! done)
@@ -24,9 +24,9 @@ function plan = select_positions (file, number, requests)
       plan = narrowed (file, shape, plan, place, positions, requests(k));
     endif
   endfor
-  plan.asked = {};
-  for k = 1:numel (requests)
-    if (! isempty (axes{k}) && ! strcmp (axes{k}.name, requests(k).name))
+  for k = find (! cellfun (@isempty, axes))
+    plan.used(end+1) = axes{k}.number;
+    if (! strcmp (axes{k}.name, requests(k).name))
       plan.asked(end+1,:) = {requests(k).name, axes{k}.name};
     endif
   endfor
