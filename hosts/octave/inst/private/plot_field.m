@@ -17,9 +17,9 @@ function plot_field (grid, at)
 
   heading = plot_heading (at);
   top = 0.06 + 0.045 * numel (heading);
-  ylines = wrapped (grid.y.label, 45);
+  ylines = wrapped (grid.y.label, floor (55 * (0.86 - top)));
   left = 0.1 + 0.035 * numel (ylines);
-  units = wrapped (at.about.units, 45);
+  units = wrapped (at.about.units, floor (55 * (0.86 - top)));
   right = 0.15 + 0.035 * numel (units);
   frame = [left, 0.14, 1 - left - right, 0.86 - top];
   field = axes ("position", frame);

@@ -13,8 +13,8 @@ function plot_series (values, along, at)
     label = sprintf ("%s (%s)", label, at.about.units);
   endif
   isProfile = strcmp (along.role, "level");
-  ylines = wrapped (merge (isProfile, along.label, label), 50);
   top = 0.06 + 0.045 * numel (heading);
+  ylines = wrapped (merge (isProfile, along.label, label), floor (55 * (0.86 - top)));
   left = 0.1 + 0.035 * numel (ylines);
   frame = axes ("position", [left, 0.14, 0.94 - left, 0.86 - top]);
   style = {"-", "color", [0.12, 0.35, 0.6], "linewidth", 1.5};

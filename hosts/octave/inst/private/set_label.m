@@ -11,10 +11,20 @@ function set_label (axes_, which, lines)
   if (! strcmp (which, "title"))
     size_ -= 1;
   endif
-  if (strcmp (graphics_toolkit (ancestor (axes_, "figure")), "gnuplot"))
-    lines = for_gnuplot (lines);
+  style = {"interpreter", "none", "fontsize", size_, "fontweight", "normal"};
+  isGnuplot = strcmp (graphics_toolkit (ancestor (axes_, "figure")), "gnuplot");
+  if (isGnuplot && strcmp (which, "ylabel") && numel (lines) > 1)
+    ## Of a label of several lines, gnuplot draws the later ones over the numbers at the axis.
+    isRight = strcmp (get (axes_, "yaxislocation"), "right");
+    width = get (axes_, "position")(3);
+    at = merge (isRight, 1 + 0.09 / width, -(0.065 + 0.026 * numel (lines)) / width);
+    text (axes_, at, 0.5, for_gnuplot (lines), "units", "normalized", "rotation", 90, "horizontalalignment", "center", ...
+          "verticalalignment", merge (isRight, "top", "bottom"), style{:});
+  elseif (isGnuplot)
+    feval (which, axes_, for_gnuplot (lines), style{:});
+  else
+    feval (which, axes_, lines, style{:});
   endif
-  feval (which, axes_, lines, "interpreter", "none", "fontsize", size_, "fontweight", "normal");
 
 endfunction
 
