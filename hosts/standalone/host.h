@@ -56,6 +56,12 @@ public:
     Outcome attemptAny(const std::string& operation, const std::vector<Value>& arguments = {},
                        int nlhs = 1);
 
+    // And by its third, for the operations that dataset classes are built on.
+    std::vector<Value> callDataset(const std::string& operation,
+                                   const std::vector<Value>& arguments = {}, int nlhs = 1);
+    Outcome attemptDataset(const std::string& operation, const std::vector<Value>& arguments = {},
+                           int nlhs = 1);
+
     // Passes these arguments and no others: also none at all, or a first one that is no text.
     Outcome attemptRaw(const std::vector<Value>& everyArgument, int nlhs = 1,
                        Entry entry = plugFunction);

@@ -21,6 +21,10 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
 // for plugFunction, but for results that an operation sets only if nlhs asks for them.
 void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
+// Defined by the module: its third entry, for the operations that the host's own dataset classes are
+// built on. All else is as for plugAnyFunction.
+void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
 // Defined by the host: remembers the function to be called once, when the host unloads the module
 // or ends, before the module's static objects are destroyed. The last registration holds. Cheap:
 // the module renews it at every call.
