@@ -58,8 +58,17 @@ function x = read_counted_through (file, number, lengths, lists, subs)
   x = read_block (file, number, [before, box]);
   x = reshape (x, [block_size(before, lengths(1:count-1)), prod(cellfun (@numel, box)), 1]);
   x = x(repmat ({":"}, 1, count - 1){:}, within);
-  if (count == 1 && isnumeric (subs{1}))
-    x = reshape (x, size (subs{1}));
+  if (count == 1)
+    x = reshape (x, size (positions_in (subs{1})));
+  endif
+
+endfunction
+
+function positions = positions_in (index)
+
+  positions = index;
+  if (islogical (index))
+    positions = find (index);
   endif
 
 endfunction
