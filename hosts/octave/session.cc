@@ -7,6 +7,7 @@
 
 #include <octave/Cell.h>
 #include <octave/oct-map.h>
+#include <octave/interpreter.h>
 #include <octave/oct.h>
 
 #include <exception>
@@ -64,6 +65,23 @@ octave_value versions()
     return all;
 }
 
+// Whether an error is on its way through the interpreter, and whether the session ends: a destructor
+// of a class learns neither otherwise.
+octave_scalar_map state()
+{
+    octave_scalar_map all;
+    all.assign("isUnwinding", std::uncaught_exceptions() > 0);
+    all.assign("isExiting", !octave::interpreter::the_interpreter()->initialized());
+    return all;
+}
+
+octave_value answerTo(const std::string& wanted)
+{
+    if (wanted == "files")
+        return openFiles();
+    return wanted == "versions" ? versions() : state();
+}
+
 } // namespace
 
 // As in gridio.cc: the interpreter finds the function by this symbol.
@@ -73,15 +91,16 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
-Undocumented internal function of @code{gridio_open_files} and @code{gridio_version}.
+@deftypefnx {} {@var{state} =} __gridio_session__ (@qcode{"state"})
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version} and the dataset classes.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions")
+    if (wanted != "files" && wanted != "versions" && wanted != "state")
         print_usage();
     try {
-        return ovl(wanted == "files" ? openFiles() : versions());
+        return ovl(answerTo(wanted));
     } catch (const octave::execution_exception&) {
         throw;
     } catch (const octave::interrupt_exception&) {
