@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What gridio_open_files and gridio_version report. It lives in gridio.oct since only this knows
-// its open files; both functions let go of it after each call, so that "clear gridio" unloads
-// gridio.oct as ever.
+// The data that gridio_open_files, gridio_version and gridio_threads report. The function is in
+// gridio.oct, which alone knows its open files; its callers clear it after each call, so that
+// "clear gridio" still unloads gridio.oct.
 #include "errors.h"
 #include "session_report.h"
 
@@ -79,7 +79,11 @@ octave_value answerTo(const std::string& wanted)
 {
     if (wanted == "files")
         return openFiles();
-    return wanted == "versions" ? versions() : state();
+    if (wanted == "versions")
+        return versions();
+    if (wanted == "state")
+        return state();
+    return static_cast<double>(Ovard::gridio::threadCount());
 }
 
 } // namespace
@@ -91,13 +95,15 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
+@deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
 @deftypefnx {} {@var{state} =} __gridio_session__ (@qcode{"state"})
-Undocumented internal function of @code{gridio_open_files}, @code{gridio_version} and the dataset classes.
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version}, @code{gridio_threads} and the dataset
+classes.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions" && wanted != "state")
+    if (wanted != "files" && wanted != "versions" && wanted != "threads" && wanted != "state")
         print_usage();
     try {
         return ovl(answerTo(wanted));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Arrays: how they are stored, looked at and made.
+// Arrays: storage, inspection and creation.
 #include "hosts/standalone/array.h"
 
 #include "hosts/standalone/creation.h"
@@ -50,9 +50,9 @@ std::size_t productOf(const std::vector<std::size_t>& dims)
     return product;
 }
 
-// Touching fresh small pages one by one takes more time than most reads. Only whole huge pages
-// inside the block are asked for, so that never more memory is used than without; a system that has
-// none refuses, and nothing is lost.
+// Touching new small pages one by one takes longer than most reads. Only whole huge pages inside
+// the block are requested, so that no additional memory is used; a system without huge pages
+// ignores the request.
 void adviseHugePages(void* block, std::size_t bytes)
 {
     constexpr std::uintptr_t hugePage = std::uintptr_t{2} << 20;
@@ -63,8 +63,8 @@ void adviseHugePages(void* block, std::size_t bytes)
         static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
 }
 
-// Blocks that malloc maps by themselves begin 16 bytes after a page does, and the system takes up
-// to a quarter more time to copy a file there than to a cache line.
+// Blocks that malloc maps separately begin 16 bytes after the start of a page, and the system takes
+// up to a quarter longer to copy a file there than to a cache line.
 void* allocate(std::size_t bytes)
 {
     constexpr std::size_t mappedBlock = (std::size_t{32} << 20) + 1;
@@ -74,8 +74,8 @@ void* allocate(std::size_t bytes)
     return std::aligned_alloc(cacheLine, (bytes + cacheLine - 1) / cacheLine * cacheLine);
 }
 
-// Elements that may hold anything are not touched here: of a large array, pages cost more than the
-// read that fills them.
+// Uninitialised elements are not touched here: for a large array, the page faults cost more than
+// the read that fills it.
 Elements makeElements(std::size_t bytes, Contents contents)
 {
     if (bytes == 0)

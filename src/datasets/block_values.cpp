@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "datasets/block_values.h"
 
+#include "check_status.h"
 #include "chunks/chunk_reads.h"
 #include "convert/argument_readers.h"
 #include "data/elements/block_arguments.h"
@@ -15,6 +16,24 @@
 
 namespace Ovard::gridio {
 namespace {
+
+// The library would say the same, but only once there is memory for all values.
+void requireInside(const Block& block, Variable& variable)
+{
+    const SizeVector& lengths = variable.lengths();
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        if (block.stride[i] <= 0)
+            raiseLibraryFailure(NC_ESTRIDE, variable.entry());
+        if (block.count[i] == 0)
+            continue;
+        if (block.start[i] >= lengths[i])
+            raiseLibraryFailure(NC_EINVALCOORDS, variable.entry());
+        const std::size_t behind =
+            (lengths[i] - 1 - block.start[i]) / static_cast<std::size_t>(block.stride[i]);
+        if (block.count[i] - 1 > behind)
+            raiseLibraryFailure(NC_EEDGE, variable.entry());
+    }
+}
 
 vxArray* createNumbers(const Block& block, vxClassID classId)
 {
@@ -91,6 +110,7 @@ Block readDatasetBlock(const vxArray* const vectors[], Variable& variable)
         return wholeBlock(variable);
     const Block block = readBlockArguments(vectors, 3);
     requireMatchingLengths(block, variable, Access::read);
+    requireInside(block, variable);
     return block;
 }
 

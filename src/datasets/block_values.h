@@ -8,7 +8,7 @@
 namespace Ovard::gridio {
 
 // START, COUNT and STRIDE; empty for a variable without dimensions. Raises what readBlockArguments
-// and requireMatchingLengths raise.
+// and requireMatchingLengths raise, and the library's failures for what is not in the variable.
 Block readDatasetBlock(const vxArray* const vectors[], Variable& variable);
 
 // A sum of DecodingFlags. Raises badArgument for any other number.
