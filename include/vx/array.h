@@ -46,7 +46,6 @@ enum vxClassID {
 enum vxComplexity { vxREAL = 0, vxCOMPLEX = 1 };
 
 // --- Looking at an array
-// -------------------------------------------------------------------------------------
 
 vxClassID vxGetClassID(const vxArray* array);
 
@@ -102,7 +101,6 @@ const char* vxGetFieldName(const vxArray* structure, size_t field);
 const vxArray* vxGetField(const vxArray* structure, size_t field);
 
 // --- Text and memory of the host's allocator
-// -----------------------------------------------------------------
 
 // The characters of a char array in storage order, in the narrow encoding, NUL-terminated; null
 // when the array is not of class char. Released with vxFree.
@@ -119,9 +117,9 @@ void* vxCalloc(size_t count, size_t size);
 void vxFree(void* memory);
 
 // --- Creating arrays
-// ----------------------------------------------------------------------------------------- rank
-// and dims: rank 0 makes a 0-by-0 array (dims may then be null), rank 1 a column, any other what it
-// says.
+//
+// rank and dims: rank 0 makes a 0-by-0 array (dims may then be null), rank 1 a column, any other
+// what it says.
 
 // A 1-by-1 double.
 vxArray* vxCreateDoubleScalar(double value);
