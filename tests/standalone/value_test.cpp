@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Values and calls as tests of the module write and read them.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "error_identifiers.h"
 
