@@ -266,7 +266,7 @@ def read_entry(name, file, lines, common):
         status_lines += statuses
     own = []
     for line in parts.get("errors", []):
-        (status_lines if re.match(r"NC_|\d", line) else own).append(line)
+        (status_lines if re.match(r"NC_|-?\d", line) else own).append(line)
     library = [word for line in parts.get("library", []) for word in line.split(", ")]
     results = [read_result(line, name) for line in parts.get("results", []) if line]
     example = strip_blank(parts["example"])

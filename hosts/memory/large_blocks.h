@@ -9,8 +9,8 @@ namespace hosts::memory {
 // The alignment to allocate a block of that many bytes with; 0 leaves it to the allocator.
 std::size_t alignmentOf(std::size_t bytes);
 
-// Asks for huge pages behind a large block that is not yet touched: touching small pages one by one
-// takes more time than most reads. Does nothing for a small block.
+// Requests huge pages for a large block that has not been touched yet: touching small pages one by
+// one takes longer than most reads. Does nothing for a small block.
 void adviseHugePages(void* block, std::size_t bytes);
 
 } // namespace hosts::memory

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Findings about definitions: unlimited dimensions, formats, chunk sizes, numbers out of place.
+// Findings about definitions: unlimited dimensions, formats, chunk sizes, invalid numbers.
 #include "hosts/messages/findings.h"
 #include "hosts/messages/index_advice.h"
 #include "hosts/messages/subjects.h"

@@ -16,12 +16,12 @@ public:
     ~Reservation()
     {
         if (memory_ != MAP_FAILED)
-            static_cast<void>(munmap(memory_, size)); // nothing could be done about a failure
+            static_cast<void>(munmap(memory_, size)); // a failure is ignored: it has no remedy
     }
     Reservation(const Reservation&) = delete;
     Reservation& operator=(const Reservation&) = delete;
 
-    // Tried again when it failed: addresses may have become free.
+    // Tried again after a failure: address space may have become free.
     char* get()
     {
         if (memory_ == MAP_FAILED) {

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the library writes a name while a message is made.
+// The buffer for names that the library writes while a message is composed.
 #pragma once
 
 #include <string>
 
 namespace hosts::messages {
 
-// A buffer for one name, the same at every call; null when there are not so many addresses. The
-// library copies what a classic file holds whole, without reporting its length first, and a hostile
-// file may hold half a gibibyte. Only address space is reserved.
+// A buffer for one name, shared by all calls; null if there is not enough address space. The
+// library copies names of classic files whole, without reporting their length first, and a hostile
+// file may have one of half a gibibyte. Only address space is reserved.
 char* nameRoom();
 
-// What the library wrote there, as far as a message may show it.
+// The name that the library wrote there, cut to the length that a message may show.
 std::string nameInRoom();
 
 } // namespace hosts::messages

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The names of subjects.h: of what a file holds, and of types.
+// The names that subjects.h declares: of objects in a file, and of types.
 #include "hosts/messages/name_room.h"
 #include "hosts/messages/subjects.h"
 #include "hosts/messages/visible_text.h"
@@ -10,12 +10,11 @@ namespace hosts::messages {
 
 namespace {
 
-// A library call for each name while a message is made: enough to find a misspelt one, and never a
-// long wait.
+// Each name takes a library call: enough to find a misspelt one without a noticeable delay.
 constexpr int mostNames = 2000;
 constexpr std::size_t mostGroups = 500;
 
-// The identifiers that such a call lists: nc_inq_varids and others.
+// The identifiers that a call such as nc_inq_varids lists.
 template <class Inquire> std::vector<int> identifiers(const Inquire& inquire)
 {
     int count = 0;
@@ -28,7 +27,7 @@ template <class Inquire> std::vector<int> identifiers(const Inquire& inquire)
     return ids;
 }
 
-// The name of each identifier of which there is one.
+// The names of the identifiers that have one.
 template <class Inquire>
 std::vector<std::string> namesOf(const std::vector<int>& ids, const Inquire& inquire)
 {

@@ -259,7 +259,7 @@ constexpr OperationForm forms[] = {
     {"inqTypeEqual", "equal", {ncid, typeXtype, otherNcid, otherXtype}, 4, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqUserType", "[name, size, base, nfields, class]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqCompound", "[name, size, nfields]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
-    {"inqCompoundField", "[name, offset, type, dims]", {ncid, typeXtype, field}, 3, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqCompoundField", "[name, at, type, dims]", {ncid, typeXtype, field}, 3, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqEnum", "[name, base, base_size, nmembers]", {ncid, typeXtype}, 2, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqEnumMember", "[name, value]", {ncid, typeXtype, index}, 3, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqEnumIdent", "name", {ncid, typeXtype, int64Value}, 3, vxUNKNOWN_CLASS, OperationTable::any},

@@ -23,7 +23,7 @@ int model(int ncid)
 
 bool isUnlimited(int ncid, int dimid)
 {
-    // A dimension of a group around this one is listed by that group alone.
+    // A dimension of a parent group is listed only by that group.
     for (int group = ncid;;) {
         int count = 0;
         if (nc_inq_unlimdims(group, &count, nullptr) == NC_NOERR && count > 0) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// gridio (OPNAME, ...): the first of the entries from the interpreter.
+// gridio (OPNAME, ...): the first of the functions that the interpreter calls.
 #include "module_call.h"
 #include "raw_bytes.h"
 

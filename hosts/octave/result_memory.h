@@ -6,7 +6,7 @@
 
 namespace hosts::oct {
 
-// A block that ::operator delete releases, holding anything.
+// An uninitialised block that ::operator delete releases.
 void* newElements(size_t count, size_t elementSize);
 
 } // namespace hosts::oct

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What gridio_open_files and gridio_version report. It lives in gridio.oct since only this knows
-// its open files; both functions let go of it after each call, so that "clear gridio" unloads
-// gridio.oct as ever.
+// The data that gridio_open_files, gridio_version and gridio_threads report. The function is in
+// gridio.oct, which alone knows its open files; its callers clear it after each call, so that
+// "clear gridio" still unloads gridio.oct.
 #include "errors.h"
 #include "session_report.h"
 
@@ -64,6 +64,15 @@ octave_value versions()
     return all;
 }
 
+octave_value answerTo(const std::string& question)
+{
+    if (question == "files")
+        return openFiles();
+    if (question == "versions")
+        return versions();
+    return static_cast<double>(Ovard::gridio::threadCount());
+}
+
 } // namespace
 
 // As in gridio.cc: the interpreter finds the function by this symbol.
@@ -73,15 +82,16 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
-Undocumented internal function of @code{gridio_open_files} and @code{gridio_version}.
+@deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version} and @code{gridio_threads}.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions")
+    if (wanted != "files" && wanted != "versions" && wanted != "threads")
         print_usage();
     try {
-        return ovl(wanted == "files" ? openFiles() : versions());
+        return ovl(answerTo(wanted));
     } catch (const octave::execution_exception&) {
         throw;
     } catch (const octave::interrupt_exception&) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Arrays: how they are stored, looked at and made.
+// Arrays: storage, inspection and creation.
 #include "hosts/standalone/array.h"
 
 #include "hosts/standalone/creation.h"
@@ -56,8 +56,8 @@ void* allocate(std::size_t bytes)
     return std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment);
 }
 
-// Elements that may hold anything are not touched here: of a large array, pages cost more than the
-// read that fills them.
+// Uninitialised elements are not touched here: for a large array, the page faults cost more than
+// the read that fills it.
 Elements makeElements(std::size_t bytes, Contents contents)
 {
     if (bytes == 0)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One call of the module: arguments in, results or an error out, and nothing else.
+// One call of the module, with results or an error as its outcome.
 #include "hosts/standalone/host.h"
 
 #include "vx/plug.h"
@@ -14,7 +14,7 @@ namespace standalone {
 
 namespace {
 
-// The results become the caller's, in order, up to the first slot that was left null.
+// The results up to the first null slot pass to the caller, in order.
 std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
 {
     std::vector<Value> results;
@@ -51,7 +51,7 @@ Host::~Host()
 Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entry entry)
 {
     Outcome outcome;
-    std::vector<const vxArray*> arguments; // outlive the call: an error's text looks at them
+    std::vector<const vxArray*> arguments; // outlive the call: an error's text uses them
     hosts::messages::CallContext context{};
     try {
         arguments.reserve(everyArgument.size());
@@ -69,7 +69,7 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entr
         outcome.raised = describeCurrentException();
     }
     books_.call = nullptr;
-    books_.created.clear(); // what was not returned ends with the call
+    books_.created.clear(); // releases what was not returned
     return outcome;
 }
 

@@ -24,8 +24,8 @@ struct Attribute {
     const OperationEntry* entry;
 };
 
-// Numbers and characters pass through a buffer that is large enough for attributes that the library
-// generates.
+// Numbers and characters are read into a buffer that is large enough for the attributes that the
+// library generates.
 vxArray* readElements(const Attribute& attribute, const Type& type)
 {
     const std::size_t bytes = attribute.length * type.size;

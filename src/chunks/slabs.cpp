@@ -6,7 +6,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// How many of the indices a chunk of that length holds at most.
+// The largest number of the indices that a chunk of that length holds.
 std::size_t heldBy(std::size_t length, const Indices& indices)
 {
     return std::min(indices.count, (length - 1) / indices.step + 1);

@@ -23,7 +23,7 @@ gridio_any ("insertEnum", nc4, "sky", "clear", 0);
 gridio_any ("defCompound", nc4, 8, "pair");
 gridio_any ("insertCompound", nc4, "pair", "a", 0, "int");
 gridio_any ("defOpaque", nc4, 4, "blob");
-typed = gridio ("defVar", nc4, "typed", gridio_any ("inqTypeID", nc4, "blob"), []);
+typed = gridio ("defVar", nc4, "typed", gridio_any ("inqTypeID", nc4, "blob"), 0);
 model = made ("model.nc", nc ("NC_NETCDF4") + nc ("NC_CLASSIC_MODEL"));
 gridio ("close", made ("readonly.nc", "nc_clobber"));
 readonly = gridio ("open", "readonly.nc", "nc_nowrite");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Every allocation of every operation fails in turn: of the host's, and of the module's own.
 #include "tests/library/failing_new.h"
+#include "tests/faults/any_operation_calls.h"
 #include "tests/faults/fault_test.h"
 
 #include <functional>
@@ -15,18 +16,23 @@ class EveryAllocation : public FaultTest, public testing::WithParamInterface<fuz
 protected:
     using Attempt = std::function<Outcome(const std::vector<Value>&)>;
 
+    Outcome call(const std::vector<Value>& arguments)
+    {
+        return attempt(host, GetParam(), arguments);
+    }
+
     // One call on a fresh file, and what must hold after it. True when it succeeded.
-    bool attemptOnce(const Attempt& attempt)
+    bool attemptOnce(const Attempt& makeCall)
     {
         bool succeeded = false;
         {
-            const PreparedFile file(folder.path());
+            const PreparedFile file(folder.path(), GetParam().function);
             const std::vector<Value> arguments = argumentsThatSucceed(GetParam(), file);
             const std::size_t filesBefore = openFiles().size();
             const long blocksBefore = liveNewBlocks();
             int created = 0;
             {
-                const Outcome outcome = attempt(arguments);
+                const Outcome outcome = makeCall(arguments);
                 succeeded = outcome.succeeded();
                 EXPECT_TRUE(succeeded || ranOutOfMemory(outcome)) << outcome;
                 if (succeeded && GetParam().name == "pCreate")
@@ -37,6 +43,7 @@ protected:
                 static_cast<long>(openFiles().size() - filesBefore) - (created == 0 ? 0 : 1);
             const long blocksMore = liveNewBlocks() - blocksBefore;
             EXPECT_TRUE(blocksMore == heldMore || !isWarm_) << blocksMore << ", not " << heldMore;
+            completeNewType(GetParam(), file);
             expectUnheld(created);
         }
         expectHealth();
@@ -46,8 +53,7 @@ protected:
     // Has the module and the host make what they make only once.
     void warmUp()
     {
-        attemptOnce(
-            [this](const auto& arguments) { return host.attempt(GetParam().name, arguments); });
+        attemptOnce([this](const auto& arguments) { return call(arguments); });
         isWarm_ = true;
     }
 
@@ -58,7 +64,7 @@ protected:
             SCOPED_TRACE("allocation " + std::to_string(n));
             attemptOnce([&](const auto& arguments) {
                 const FailingNew failingNew(n, failing);
-                return host.attempt(GetParam().name, arguments);
+                return call(arguments);
             });
             if (!FailingNew::hasFailed())
                 return;
@@ -77,7 +83,7 @@ TEST_P(EveryAllocation, OfTheHostFailsAsItsErrorAndLeavesNothing)
         SCOPED_TRACE("allocation " + std::to_string(n));
         const bool succeeded = attemptOnce([&](const auto& arguments) {
             host.failAllocation(n);
-            return host.attempt(GetParam().name, arguments);
+            return call(arguments);
         });
         if (succeeded)
             return;
@@ -93,7 +99,7 @@ TEST_P(EveryAllocation, OfItsOwnFailsFromThenOnAndLeavesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, EveryAllocation, testing::ValuesIn(fuzz::operations()),
-                         [](const auto& operation) { return operation.param.name; });
+                         [](const auto& operation) { return operation.param.title(); });
 
 } // namespace
 } // namespace faults

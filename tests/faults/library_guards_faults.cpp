@@ -113,11 +113,11 @@ TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
     for (const fuzz::Operation& operation : fuzz::operations()) {
         if (operation.parameters.find(fuzz::parameter::ncid) != 0)
             continue;
-        const PreparedFile whole(folder.path());
+        const PreparedFile whole(folder.path(), operation.function);
         std::vector<Value> arguments = argumentsThatSucceed(operation, whole);
         for (const int id : {ncid, group_}) {
             arguments[0] = id;
-            EXPECT_THAT(host.attempt(operation.name, arguments),
+            EXPECT_THAT(attempt(host, operation, arguments),
                         failsWithStatus(operation.name, NC_EBADID));
         }
         host.call("close", {whole.ncid()});

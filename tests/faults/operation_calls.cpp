@@ -2,6 +2,7 @@
 #include "tests/faults/operation_calls.h"
 
 #include "open_file_registry.h"
+#include "tests/faults/any_operation_calls.h"
 
 #include <netcdf.h>
 
@@ -90,7 +91,7 @@ int setting(const std::string& operation)
 
 } // namespace
 
-PreparedFile::PreparedFile(const std::string& folder) : folder_(folder)
+PreparedFile::PreparedFile(const std::string& folder, fuzz::Function function) : folder_(folder)
 {
     static const int yx[] = {1, 0};
     static const double range[] = {1, 2};
@@ -111,10 +112,14 @@ PreparedFile::PreparedFile(const std::string& folder) : folder_(folder)
     require(nc_def_var(ncid_, "w", NC_CHAR, 2, yx, &id));
     require(nc_put_att_text(ncid_, id, "title", 2, "ab"));
     require(nc_def_grp(ncid_, "g", &group_));
+    if (function == fuzz::Function::gridioAny)
+        addTypes(ncid_);
 }
 
 std::vector<Value> argumentsThatSucceed(const fuzz::Operation& operation, const PreparedFile& file)
 {
+    if (operation.function == fuzz::Function::gridioAny)
+        return anyArgumentsThatSucceed(operation, file);
     const bool isText = operation.dataClass == vxCHAR_CLASS;
     const bool isOpen = operation.name == "open" || operation.name == "pOpen";
     std::map<char, std::size_t> seen;
@@ -183,6 +188,14 @@ std::vector<Value> argumentsThatSucceed(const fuzz::Operation& operation, const 
         }
     }
     return arguments;
+}
+
+standalone::Outcome attempt(standalone::Host& host, const fuzz::Operation& operation,
+                            const std::vector<Value>& arguments)
+{
+    return operation.function == fuzz::Function::gridio
+               ? host.attempt(operation.name, arguments)
+               : host.attemptAny(operation.name, arguments, 2);
 }
 
 } // namespace faults

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// For each operation a call that succeeds, on a file made for it.
+// For each operation of both tables a call that succeeds, on a file made for it.
 #pragma once
 
 #include "fuzz/operation_signatures.h"
-#include "hosts/standalone/value.h"
+#include "hosts/standalone/host.h"
 
 #include <ostream>
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace fuzz {
 
-inline void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
+inline void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.title(); }
 
 } // namespace fuzz
 
@@ -21,10 +21,12 @@ namespace faults {
 // a folder that must outlive them.
 //
 // Dimensions x (2) and y (3); variables v (y, x) of doubles, all 1, with the attribute "range", and
-// w (y, x) of text with the attribute "title"; a group g.
+// w (y, x) of text with the attribute "title"; a group g. For an operation on values of any type
+// also what addTypes adds.
 class PreparedFile {
 public:
-    explicit PreparedFile(const std::string& folder);
+    explicit PreparedFile(const std::string& folder,
+                          fuzz::Function function = fuzz::Function::gridio);
 
     int ncid() const { return ncid_; }
     int group() const { return group_; }
@@ -38,5 +40,9 @@ private:
 
 std::vector<standalone::Value> argumentsThatSucceed(const fuzz::Operation& operation,
                                                     const PreparedFile& file);
+
+// Calls it, of either table, and asks for all results.
+standalone::Outcome attempt(standalone::Host& host, const fuzz::Operation& operation,
+                            const std::vector<standalone::Value>& arguments);
 
 } // namespace faults

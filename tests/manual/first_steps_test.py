@@ -42,7 +42,9 @@ def main():
     with tempfile.TemporaryDirectory() as home:
         script = "\n".join(["set -e", *commands()[:-1], 'exec octave-cli --interactive --no-line-editing --quiet'])
         environment = {**{k: v for k, v in os.environ.items() if k not in ("DISPLAY", "OCTAVE_PATH")},
-                       "HOME": home, "OCTAVE_HISTFILE": os.devnull, "XDG_DATA_HOME": f"{home}/.local/share"}
+                       "HOME": home,
+                       "CXXFLAGS": "-O0", # the package is compiled as everywhere in tests/package
+                       "OCTAVE_HISTFILE": os.devnull, "XDG_DATA_HOME": f"{home}/.local/share"}
         done = subprocess.run(["bash", "-c", script], cwd=ROOT, env=environment, input=session(), timeout=900,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         # The manual's reader works in the folder /home/you/data.

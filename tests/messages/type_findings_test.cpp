@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "hosts/messages/where_to_read.h"
 
 #include "tests/messages/message_test.h"
 #include "tests/support/library_leak.h"
@@ -42,15 +41,15 @@ TEST_F(TypeFinding, NamesATypeThatNoOperationReads)
         if (varid == 0)
             leak.emplace();
         for (const char* operation : {"getVarDouble", "getVarText"})
-            EXPECT_THAT(
-                messageOf(operation, {ncid, varid}),
-                AllOf(HasSubstr(types[varid]), HasSubstr(hosts::messages::whereToReadOtherTypes)));
+            EXPECT_THAT(messageOf(operation, {ncid, varid}),
+                        AllOf(HasSubstr(types[varid]),
+                              HasSubstr("Use gridio_any (\"getVar\", ...), which reads")));
         EXPECT_THAT(messageOf("inqVarFill", {ncid, varid}), HasSubstr(types[varid]));
     }
     for (const char* operation : {"getAttText", "getAttInt"})
         EXPECT_THAT(messageOf(operation, {ncid, 0, "who"}),
                     AllOf(HasSubstr("The attribute \"who\" is of type NC_STRING"),
-                          HasSubstr(hosts::messages::whereToReadOtherTypes)));
+                          HasSubstr("Use gridio_any (\"getAtt\", ...), which reads")));
 }
 
 TEST_F(TypeFinding, NamesTheOperationForTheType)

@@ -107,8 +107,10 @@ void requireNewField(int ncid, nc_type compound, const FieldPlan& plan, const Op
     std::size_t count = 0;
     checkStatus(nc_inq_compound(ncid, compound, nullptr, &size, &count), entry);
     int number = 0;
-    require(nc_inq_compound_fieldindex(ncid, compound, plan.name.c_str(), &number) != NC_NOERR,
-            NC_ENAMEINUSE, entry);
+    const int found = nc_inq_compound_fieldindex(ncid, compound, plan.name.c_str(), &number);
+    require(found != NC_NOERR, NC_ENAMEINUSE, entry);
+    if (found != NC_EBADFIELD)
+        checkStatus(found, entry);
     checkStatus(nc_inq_type(ncid, plan.xtype, nullptr, nullptr), entry);
     const std::optional<int> group = groupOfType(ncid, compound, entry);
     require(!isUserType(plan.xtype) ||
