@@ -14,7 +14,7 @@ SOURCES = {".h", ".cpp", ".cc"}
 
 # From the ground up. None stands for the rooms of the operations: every other folder of src.
 FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
-          "src/datasets", "src/gateway", "hosts/messages", "hosts")
+          "src/datasets", "src/gateway", "hosts/memory", "hosts/messages", "hosts")
 
 
 def room(path):

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // plugFunction, for tests that need no operation of the real module.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "abandoned_files.h"
 #include "vx/plug.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Cell arrays and structures: what the module sees of those that a script passes, and those that it
 // makes.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "vx/text.h"
 

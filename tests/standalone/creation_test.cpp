@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Creating arrays: shapes, contents, owners, and sizes that nothing can hold.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include <algorithm>
 #include <cstdint>

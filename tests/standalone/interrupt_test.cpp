@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Asking whether to go on, and going no further.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "vx/interrupt.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // UTF-16 inside, the narrow encoding outside.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "hosts/standalone/text.h"
 

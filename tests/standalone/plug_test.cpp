@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Entering the module and leaving it for good.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "error_identifiers.h"
 

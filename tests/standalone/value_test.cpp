@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Values and calls as tests of the module write and read them.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "error_identifiers.h"
 
@@ -88,7 +88,8 @@ TEST(Value, DescribesItself)
         {Value::empty(), "double 0x0"},
         {Value::cell({1, 2}, {1, Value::empty()}), "cell 1x2 {double 1x1 [1]; double 0x0}"},
         {Value::empty(vxCELL_CLASS), "cell 0x0"},
-        {Value::structure({{"a", 1}, {"b", "x"}}), "struct 1x1 {a: double 1x1 [1]; b: char 1x1 'x'}"},
+        {Value::structure({{"a", 1}, {"b", "x"}}),
+         "struct 1x1 {a: double 1x1 [1]; b: char 1x1 'x'}"},
         {Value::structures({1, 2}, {"a"}), "struct 1x2"},
         {Value::anythingElse(), "something 1x1"},
     };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The host's allocator: blocks for scratch space and for narrow text.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include <algorithm>
 #include <cstddef>

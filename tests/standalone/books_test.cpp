@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The books of the stand-alone host: what tests of the module rely on to see a fault.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include <gmock/gmock.h>
 

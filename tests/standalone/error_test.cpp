@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Raising errors and warnings, and what reaches the script.
-#include "tests/host/stand_in_module.h"
+#include "tests/standalone/stand_in_module.h"
 
 #include "error_identifiers.h"
 
