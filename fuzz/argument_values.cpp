@@ -207,7 +207,7 @@ Value ArgumentValues::plausible(char kind, vxClassID dataClass)
     case parameter::preemption:
         return Value::scalar<float>(0.25F * static_cast<float>(input_.below(5)));
     default:
-        return anything();
+        return plausibleOfAnyType(kind);
     }
 }
 
@@ -319,6 +319,11 @@ Value ArgumentValues::numeric(vxClassID classId, const Dims& dims)
         }
         return Value::numeric(dims, elements);
     });
+}
+
+Value ArgumentValues::numericOfAnyClass(const Dims& dims)
+{
+    return numeric(input_.oneOf(numericClasses), dims);
 }
 
 Value ArgumentValues::text(std::size_t limit)

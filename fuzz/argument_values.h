@@ -28,6 +28,7 @@ public:
 
 private:
     standalone::Value plausible(char kind, vxClassID dataClass);
+    standalone::Value plausibleOfAnyType(char kind);
     standalone::Value inScratchFolder(const standalone::Value& given);
     standalone::Value name();
     standalone::Value mode();
@@ -37,7 +38,13 @@ private:
     standalone::Value row(std::size_t limit);
     standalone::Value data(vxClassID classId);
     standalone::Value numeric(vxClassID classId, const standalone::Dims& dims);
+    standalone::Value numericOfAnyClass(const standalone::Dims& dims);
     standalone::Value text(std::size_t limit);
+    standalone::Value type();
+    standalone::Value numbers();
+    standalone::Value values();
+    standalone::Value valuesOfAnyClass(std::size_t count, int depth);
+    standalone::Value mutatedNestedValues(std::size_t count);
     standalone::Dims shape();
 
     InputBytes& input_;

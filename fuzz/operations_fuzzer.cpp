@@ -2,6 +2,7 @@
 // Fuzzes the entry point: a few calls in a row, on a file that may already exist.
 #include "fuzz/argument_values.h"
 #include "fuzz/known_faults.h"
+#include "fuzz/nested_type.h"
 #include "fuzz/scratch_folder.h"
 #include "fuzz/session.h"
 
@@ -52,7 +53,7 @@ int modeToBeginWith(InputBytes& input)
 }
 
 // Dimensions x (2), y (3), t (unlimited, 2 records); variables v (y, x), w (x, t) of text, s
-// (scalar), r (t); some attributes; a group if the format has groups. Created by the library
+// (scalar), r (t); some attributes; a group and types if the format has them. Created by the library
 // directly, which is faster.
 int makeFile(int mode)
 {
@@ -80,6 +81,7 @@ int makeFile(int mode)
         int group = 0;
         nc_def_grp(ncid, "g", &group);
         nc_def_var(group, "u", NC_INT64, 1, xy + 1, &id);
+        addNestedType(ncid);
     }
     nc_enddef(ncid);
     nc_put_vara_short(ncid, 3, &first, &two, records);
@@ -120,7 +122,7 @@ void callUnlessKnown(Session& session, const Operation& operation,
     if (isKnownFault(operation, arguments) || growsFileInMemory(operation, arguments))
         ++figures().callsLeftOut;
     else
-        count(session.call(operation.name, arguments));
+        count(session.call(operation, arguments));
 }
 
 // False if it was not created.
@@ -150,7 +152,8 @@ bool run(InputBytes& input)
         if (isOperation)
             callUnlessKnown(session, *operation, arguments.forOperation(*operation));
         else
-            session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4);
+            session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4,
+                                      (settings & 4) != 0 ? plugAnyFunction : plugFunction);
     }
     return true;
 }

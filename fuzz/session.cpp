@@ -119,17 +119,34 @@ Session::~Session()
         finding("contract: " + host_.breaches().front());
 }
 
+Outcome Session::call(const Operation& operation, const std::vector<Value>& arguments)
+{
+    return callOf(operation.function, operation.name, arguments);
+}
+
 Outcome Session::call(const std::string& operation, const std::vector<Value>& arguments)
+{
+    return callOf(Function::gridio, operation, arguments);
+}
+
+Outcome Session::callAny(const std::string& operation, const std::vector<Value>& arguments)
+{
+    return callOf(Function::gridioAny, operation, arguments);
+}
+
+Outcome Session::callOf(Function function, const std::string& operation,
+                        const std::vector<Value>& arguments)
 {
     static const bool isTraced = std::getenv("FUZZ_TRACE") != nullptr;
     if (isTraced) {
-        std::cerr << operation;
+        std::cerr << (function == Function::gridio ? "" : "any ") << operation;
         for (const Value& argument : arguments)
             std::cerr << ", " << argument;
         std::cerr << std::endl;
     }
     const std::size_t arraysBefore = host_.liveArrays();
-    Outcome outcome = host_.attempt(operation, arguments);
+    Outcome outcome = function == Function::gridio ? host_.attempt(operation, arguments)
+                                                   : host_.attemptAny(operation, arguments, 2);
     if (isTraced)
         std::cerr << "    " << outcome << std::endl;
     if (opensFile(operation))
@@ -166,7 +183,8 @@ void Session::keepIds(const std::string& operation, const Outcome& outcome)
         return;
     if (operation == "pOpen" || operation == "pCreate")
         knownIds_.push_back(static_cast<int>(results.at(1).toDouble()));
-    else if (opensFile(operation) || operation == "defGrp" || operation == "inqNcid")
+    else if (opensFile(operation) || operation == "defGrp" || operation == "inqNcid" ||
+             operation == "inqGrpFullNcid")
         knownIds_.push_back(static_cast<int>(results.at(0).toDouble()));
 }
 

@@ -3,6 +3,7 @@
 // clean-up that must leave nothing behind.
 #pragma once
 
+#include "fuzz/operation_signatures.h"
 #include "hosts/standalone/host.h"
 
 #include <string>
@@ -26,13 +27,20 @@ public:
     // Calls and checks: aborts the process with a message if the error is neither one of the
     // module's nor an out-of-memory error, if a block or an array is left, or if the contract was
     // violated. Prints the call if the environment has FUZZ_TRACE.
+    standalone::Outcome call(const Operation& operation,
+                             const std::vector<standalone::Value>& arguments);
+    // An operation of "gridio", and one of "gridio_any".
     standalone::Outcome call(const std::string& operation,
                              const std::vector<standalone::Value>& arguments);
+    standalone::Outcome callAny(const std::string& operation,
+                                const std::vector<standalone::Value>& arguments);
 
     // Registers a file that was opened without the module, so that the session closes it.
     void adoptFile(int ncid);
 
 private:
+    standalone::Outcome callOf(Function function, const std::string& operation,
+                               const std::vector<standalone::Value>& arguments);
     void keepIds(const std::string& operation, const standalone::Outcome& outcome);
     void giveUp(int ncid);
     void closeAll();

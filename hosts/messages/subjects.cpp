@@ -103,7 +103,7 @@ bool isWritable(int ncid)
 {
     // The library has no inquiry for this. Renaming an attribute of a variable that cannot exist
     // always fails, but with NC_EPERM first if the file is open for reading only.
-    constexpr int noVariable = -77;
+    constexpr int noVariable = NC_GLOBAL - 1;
     const int found = isOpen(ncid) ? model(ncid) : NC_FORMATX_UNDEFINED;
     return (found != NC_FORMATX_NC3 && found != NC_FORMATX_NC_HDF5) ||
            nc_rename_att(ncid, noVariable, "a", "b") != NC_EPERM;

@@ -22,7 +22,7 @@ namespace faults {
 //
 // Dimensions x (2) and y (3); variables v (y, x) of doubles, all 1, with the attribute "range", and
 // w (y, x) of text with the attribute "title"; a group g. For an operation on values of any type
-// also what addTypes adds.
+// also what fuzz::addNestedType adds.
 class PreparedFile {
 public:
     explicit PreparedFile(const std::string& folder,

@@ -71,8 +71,8 @@ class Commands(FrontDoorTest):
             (self.sandbox.tree / name).parent.mkdir(exist_ok=True)
             (self.sandbox.tree / name).touch()
         self.assertEqual(self.gridio("format").returncode, 0)
-        self.assertEqual(self.sandbox.log("clang-format"),
-                         [f"clang-format -i --style=file {self.sandbox.tree}/src/a b.cpp"])
+        self.assertEqual(self.sandbox.log("clang-format-14"),
+                         [f"clang-format-14 -i --style=file {self.sandbox.tree}/src/a b.cpp"])
 
 
 class Scripts(FrontDoorTest):

@@ -67,7 +67,7 @@ STAND_INS = {
     "ninja": '[ ! -e $M/built ] || echo "ninja: no work to do."',
     "ctest": 'log ctest "$@"; echo "100% tests passed of $2"; case $2 in *"$(cat $M/failing)") exit 8; esac',
     "octave-cli": 'log octave-cli "$@"',
-    "clang-format": 'log clang-format "$@"',
+    "clang-format-14": 'log clang-format-14 "$@"',
 }
 
 

@@ -14,7 +14,7 @@ SOURCES = {".h", ".cpp", ".cc"}
 
 # From the lowest layer up. None is the layer of the operations: every other folder of src.
 LAYERS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
-          "src/gateway", "hosts/messages", "hosts")
+          "src/datasets", "src/gateway", "hosts/memory", "hosts/messages", "hosts")
 
 
 def area(path):

@@ -133,6 +133,7 @@ classdef gridio_dataset < handle
     function refresh (self)
       root = owner (self);
       root.file_.d = file_description (root.file_.ncid);
+      root.file_.lastError = lasterror ();
     endfunction
 
   endmethods
