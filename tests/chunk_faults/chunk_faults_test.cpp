@@ -164,32 +164,32 @@ protected:
     long warmth_ = 1000; // what is made only once
 };
 
-TEST_F(ChunkFaults, OfHdf5InReads)
+TEST_F(ChunkFaults, AreSurvivedWhenHdf5FailsInReads)
 {
     testsupport::makeChunked(path(), variable);
     failEachOfRead(Failing::hdf5);
 }
 
-TEST_F(ChunkFaults, OfMemoryInReads)
+TEST_F(ChunkFaults, AreSurvivedWhenMemoryRunsOutInReads)
 {
     testsupport::makeChunked(path(), variable);
     failEachOfRead(Failing::news);
 }
 
-TEST_F(ChunkFaults, OfHdf5InWrites)
+TEST_F(ChunkFaults, AreSurvivedWhenHdf5FailsInWrites)
 {
     variable.isUnlimited = true;
     failEachOfWrite(Failing::hdf5);
 }
 
-TEST_F(ChunkFaults, OfMemoryInWrites)
+TEST_F(ChunkFaults, AreSurvivedWhenMemoryRunsOutInWrites)
 {
     variable.isUnlimited = true;
     failEachOfWrite(Failing::news);
 }
 
 // What the library cannot read, for want of the filter, is an error when HDF5 fails.
-TEST_F(ChunkFaults, OfHdf5InReadsThatTheLibraryCannotDo)
+TEST_F(ChunkFaults, AreReportedWhenHdf5FailsInReadsThatTheLibraryCannotDo)
 {
     const std::vector<unsigned> codecs = testsupport::testCodecs();
     const auto id =
