@@ -11,8 +11,8 @@ namespace Ovard::gridio::datasets {
 
 using msgcat::MessageText;
 
-// A text that is to say what times mean cannot be understood: "calendar", "units" or "period", the
-// text in quotes, and the reason.
+// A text that describes times cannot be understood: "calendar", "units" or "period", the text in
+// quotes, and the reason.
 struct unreadableTime : msgcat::BaseMsgID {
     unreadableTime(const std::string& kind, const std::string& text, const std::string& reason)
         : BaseMsgID("Ovard:gridio:datasets:unreadableTime",
@@ -21,8 +21,8 @@ struct unreadableTime : msgcat::BaseMsgID {
     }
 };
 
-// A time has no counterpart in the form that was asked for: its place, counted from 1, what was
-// given, and the reason.
+// A time cannot be represented in the requested form: its place, counted from 1, the value, and the
+// reason.
 struct unrepresentableTime : msgcat::BaseMsgID {
     unrepresentableTime(long place, const std::string& value, const std::string& reason)
         : BaseMsgID("Ovard:gridio:datasets:unrepresentableTime",
@@ -31,7 +31,7 @@ struct unrepresentableTime : msgcat::BaseMsgID {
     }
 };
 
-// An argument is of another class or shape than the operation takes.
+// An argument has another class or shape than the operation takes.
 struct badArgument : msgcat::BaseMsgID {
     badArgument(const std::string& parameter, const std::string& expected)
         : BaseMsgID("Ovard:gridio:datasets:badArgument",

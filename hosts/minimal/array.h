@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a vxArray is in this host. In yours it is a view of the interpreter's own value.
+// The definition of vxArray in this host. In yours it is a view of the interpreter's own value.
 #pragma once
 
 #include "vx/array.h"
@@ -25,7 +25,7 @@ struct vxArray {
     vxClassID classId = vxUNKNOWN_CLASS;
     std::vector<size_t> dims;
     size_t count = 0;
-    bool isComplex = false; // the imaginary part itself is never looked at
+    bool isComplex = false; // the imaginary part itself is never used
 
     // count elements; null when they take no bytes.
     std::unique_ptr<void, minimal::FreeElements> elements;
@@ -39,7 +39,7 @@ namespace minimal {
 // The bytes of one element behind vxGetData.
 size_t elementSize(vxClassID classId);
 
-// An array whose elements are all zero, or may hold anything. Throws std::bad_alloc, which is this
+// An array whose elements are all zero, or uninitialised. Throws std::bad_alloc, which is this
 // host's out-of-memory error.
 enum class Elements { zeros, anything };
 Value makeArray(vxClassID classId, size_t rank, const size_t* dims, Elements elements);

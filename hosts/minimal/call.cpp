@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The way into the module and out of it: results, errors, warnings, interrupts and the end.
+// Calling the module: results, errors, warnings, interrupts and unloading.
 #include "hosts/minimal/call.h"
 
 #include "vx/error.h"
@@ -28,12 +28,13 @@ std::vector<Value> created; // in the call that is under way, and not handed on 
 std::atomic<bool> wantsInterrupt{false};
 void (*exitHandler)() = nullptr;
 
-// What was created and not handed on ends with the call, however that ends.
+// Arrays that were created and not passed on are released at the end of the call, also when it
+// fails.
 struct EndOfCall {
     ~EndOfCall() { created.clear(); }
 };
 
-// All of them, whatever the script asked for, up to the first slot that was left null.
+// All results, whatever the script requested, up to the first slot that is still null.
 std::vector<Value> takeResults(vxArray* const* slots)
 {
     std::vector<Value> results;
@@ -42,8 +43,8 @@ std::vector<Value> takeResults(vxArray* const* slots)
     return results;
 }
 
-// The exception in flight, whatever it is, as an error of the script. The text of one of the
-// module's looks at the arguments of the call, which are still alive.
+// The current exception, of any type, as an error of the script. The text of a module's error is
+// composed from the arguments of the call, which still exist.
 [[noreturn]] void raise(const hosts::messages::CallContext& context)
 {
     try {
@@ -134,7 +135,7 @@ void vxWarningMsgId(const msgcat::BaseMsgID& id)
         std::cerr << "warning: " << id.identifier() << ": " << hosts::messages::messageText(id)
                   << std::endl;
     } catch (...) {
-        // Without memory for its text the warning is lost: the module must go on all the same.
+        // Without memory for its text the warning is lost, but the module must continue.
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One call of the module from a script: arguments in, results or an error out, and nothing else.
+// One call of the module from a script, with results or an error as its outcome.
 #pragma once
 
 #include "hosts/minimal/array.h"
@@ -34,17 +34,17 @@ extern const char* const internalIdentifier;
 using Entry = decltype(&plugFunction);
 std::vector<Value> call(Entry entry, const std::vector<Value>& arguments, int nlhs = 1);
 
-// What the script's variables are made of. More classes: makeArray, and fill the elements.
+// Values of the script's variables. For more classes use makeArray, and fill the elements.
 Value number(double value);
 Value text(const std::string& bytes);
 
-// The user's wish to end a long operation; a signal handler may set it.
+// Set when the user wants to interrupt a long operation, for instance by a signal handler.
 void requestInterrupt() noexcept;
 
-// The module's end: runs the handler that plugAtExit was given, once.
+// Unloads the module: runs the handler passed to plugAtExit, once.
 void unload();
 
-// For the vx functions. An array that was created belongs to the call; takeFromCall hands it on.
+// For the vx functions. A created array belongs to the call; takeFromCall passes it on.
 vxArray* keepForCall(Value array);
 Value takeFromCall(const vxArray* array);
 

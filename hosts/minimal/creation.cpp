@@ -15,7 +15,8 @@ namespace minimal {
 
 namespace {
 
-// The product, 0 when any dimension is; what no memory can hold is out of memory at once.
+// The product, 0 if any dimension is 0. A size that no memory can hold raises out of memory at
+// once.
 size_t productOf(const std::vector<size_t>& dims)
 {
     if (std::find(dims.begin(), dims.end(), size_t{0}) != dims.end())

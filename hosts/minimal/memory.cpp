@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Memory that the module asks for and releases by itself.
+// Memory that the module allocates and releases itself.
 #include "hosts/minimal/array.h"
 
 #include "vx/text.h"

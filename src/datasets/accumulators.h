@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What sums, extremes and the like need to know of the values that they are made of. NaNs are left
-// out. Sums carry the rounding errors of their additions along, so that they do not depend on the
-// order of the values but in the last bit.
+// Accumulators of sums, extremes and the like. NaNs are left out. Sums keep the rounding errors of
+// their additions, so that the order of the values affects only the last bit.
 #pragma once
 
 #include <cstddef>
@@ -34,7 +33,7 @@ public:
     // NaN for results without values.
     virtual double result(std::size_t index) const = 0;
 
-    // How many values went into a result.
+    // How many values contributed to a result.
     virtual double count(std::size_t index) const = 0;
 
 protected:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Attributes that say how stored values are to be read, as numbers and as values of the variable's
-// own type.
+// Attributes that say how stored values are decoded, as numbers and as values of the variable's own
+// type.
 #pragma once
 
 #include "cf/decoding.h"
@@ -13,9 +13,9 @@
 
 namespace Ovard::gridio {
 
-// What an attribute of a variable holds, whatever is in it.
+// The content of a variable's attribute, whatever its type.
 struct AttributeNumbers {
-    // A number of an attribute; those of narrow types as one that holds them all.
+    // A number of an attribute; narrow types are widened.
     using Number = std::variant<double, std::int64_t, std::uint64_t>;
 
     bool exists = false;
@@ -33,7 +33,7 @@ constexpr std::size_t mostAttributeNumbers = 256;
 // Raises the library's failures.
 AttributeNumbers attributeNumbers(const Variable& variable, const char* name);
 
-// The type of stored values for a netCDF type; none for what holds no numbers.
+// The type of stored values for a netCDF type; none for a type without numbers.
 std::optional<cf::StoredType> storedTypeOf(nc_type xtype);
 
 bool isSignedInteger(cf::StoredType type);

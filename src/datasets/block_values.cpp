@@ -17,7 +17,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// The library would say the same, but only once there is memory for all values.
+// The library would report the same, but only after memory for all values was allocated.
 void requireInside(const Block& block, Variable& variable)
 {
     const SizeVector& lengths = variable.lengths();

@@ -12,7 +12,7 @@
 
 namespace Ovard::gridio {
 
-// What scripts switch decoding on by: the sum of these, 0 for values as they are stored.
+// The flags with which scripts switch decoding on, to be added; 0 gives values as they are stored.
 enum DecodingFlags : unsigned {
     decodeMissing = 1,     // missing_value, _FillValue
     decodeDefaultFill = 2, // the type's default fill value, of types wider than a byte
@@ -23,7 +23,7 @@ enum DecodingFlags : unsigned {
     allDecodingFlags = 63
 };
 
-// An attribute that is broken is passed over with a warning, as if it were not there.
+// An invalid attribute is ignored with a warning.
 struct VariableDecoding {
     cf::DecodingRules rules;
     vxClassID storedClass = vxUNKNOWN_CLASS; // of values as they are stored; unsigned by _Unsigned
@@ -46,7 +46,7 @@ struct VariableDecoding {
     vxClassID resultClass() const { return isPlain ? storedClass : decodedClass(); }
 };
 
-// None for a variable that holds no numbers. Raises the library's failures.
+// None for a variable that does not hold numbers. Raises the library's failures.
 std::optional<VariableDecoding> variableDecoding(const Variable& variable, unsigned flags);
 
 } // namespace Ovard::gridio

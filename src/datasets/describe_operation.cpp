@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// All of a file but its values, in one call: groups, dimensions, variables and attributes.
+// Everything in a file except its values, in one call: groups, dimensions, variables and
+// attributes.
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
@@ -28,7 +29,7 @@ template <class Inquire> IdList idsOf(const OperationEntry* entry, const Inquire
     return ids;
 }
 
-// The group without one around it; files without groups have only that.
+// The group without a parent; files without groups have only that.
 int rootOf(int group, const OperationEntry* entry)
 {
     for (;;) {
@@ -41,8 +42,8 @@ int rootOf(int group, const OperationEntry* entry)
     }
 }
 
-// A value that cannot be read, for want of sense in its type, is empty: nothing else is to be lost
-// for it. All errors but the module's own pass.
+// A value that cannot be read, since its type is damaged, is empty, so that the rest is not lost.
+// Only errors of the module are caught.
 vxArray* valueOf(const AttributeName& name, const OperationEntry* entry)
 {
     try {
@@ -68,7 +69,7 @@ vxArray* attributesOf(int ncid, int varid, int count, const OperationEntry* entr
     return cells;
 }
 
-// As "ncdump -k" has it.
+// As "ncdump -k" prints it.
 const char* formatText(int format)
 {
     switch (format) {

@@ -11,7 +11,7 @@ struct TwoDoubles {
     double high = 0;
     double low = 0;
 
-    // The double nearest to both, give or take its last bit.
+    // The double nearest to both, up to its last bit.
     double value() const { return std::isfinite(high) ? high + low : high; }
 };
 

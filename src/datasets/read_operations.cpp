@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Reading decoded values, and what decoding makes of a variable.
+// Reading decoded values, and describing the decoding of a variable.
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Which values of a block go into which result of a reduction, and with what weight. Dimensions are
-// in the library's order.
+// Which values of a block contribute to which result of a reduction, and with what weight.
+// Dimensions are in the library's order.
 #pragma once
 
 #include "data/elements/blocks.h"
@@ -9,7 +9,7 @@
 
 namespace Ovard::gridio {
 
-// What becomes of one dimension of the block.
+// How one dimension of the block is reduced or kept.
 struct ReducedDimension {
     std::size_t length = 0;  // of the block
     std::size_t results = 0; // of the result: length if it is kept, 1 if it is reduced

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Which loading of the module this is: identifiers of files open before are worthless after.
+// Identifies this loading of the module: identifiers of files from an earlier one are invalid.
 #include "operation_entry.h"
 #include "vx/array.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The values of a slab, handed to an accumulator run by run.
+// Passes the values of a slab to an accumulator run by run.
 #pragma once
 
 #include "chunks/chunk_walk.h"

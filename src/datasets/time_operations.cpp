@@ -133,7 +133,7 @@ void requireAll(const cf::Misses& misses, const TimeValues& values, const std::s
 
 double* numbersOf(vxArray* array) { return static_cast<double*>(vxGetWritableData(array)); }
 
-// Why a value has no datenum: of those in range, the calendar's.
+// Why a value has no datenum: if it is in range, because of the calendar.
 std::string datenumReason(const cf::TimeUnits& units, const TimeValues& values, std::size_t first)
 {
     std::vector<cf::Moment> moments(values.count());
@@ -159,7 +159,7 @@ public:
 
     std::size_t count() const { return rows_; }
 
-    // notATime for a row with a NaN. Raises unrepresentableTime for what is no time.
+    // notATime for a row with a NaN. Raises unrepresentableTime for a row that is not a time.
     cf::Moment momentOf(std::size_t row, cf::Calendar calendar) const
     {
         for (std::size_t column = 0; column < columns_; ++column)

@@ -7,7 +7,7 @@
 
 namespace Ovard::gridio {
 
-// Each is defined in src/datasets.
+// The handlers are defined in src/datasets.
 namespace datasetOperations {
 
 HandlerFunction session, describe, decoding, read, reduce;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The third table of operations: those that the dataset classes are built on. It is no part of what
-// scripts are offered.
+// The third table of operations, on which the dataset classes are built. It is not part of the
+// public interface.
 #pragma once
 
 #include "operation_entry.h"
