@@ -111,7 +111,8 @@ class Bench:
         count = workload.count(self._sizes)
         source = workload.source and self.make(workload.source, form, workload.source_count(self._sizes))
         others = ("threads", "direct") if workload.is_bulk_read else ("huge",)
-        names = [name for name in self._workers if name not in others]
+        names = [name for name in self._workers
+                 if name in workload.contenders or not workload.contenders and name not in others]
         runs = {name: [] for name in names}
         expected = workload.expected(count)
         for turn in range(workload.rounds(self._sizes)):

@@ -43,6 +43,24 @@ Done makeShort(const Job& job)
 }
 Done makeText(const Job& job) { return makeField(job, NC_CHAR, letterAt, false, nc_put_var_text); }
 
+Done makeStrings(const Job& job)
+{
+    const Stopwatch watch;
+    const File file(job);
+    int dimid = 0;
+    check(nc_def_dim(file.id(), "n", job.count, &dimid));
+    int varid = 0;
+    check(nc_def_var(file.id(), "v", NC_STRING, 1, &dimid, &varid));
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < job.count; ++i)
+        texts.push_back("station " + std::to_string(i % 1009));
+    std::vector<const char*> pointers;
+    for (const std::string& text : texts)
+        pointers.push_back(text.c_str());
+    check(nc_put_var_string(file.id(), varid, pointers.data()));
+    return finish(watch.seconds(), 0);
+}
+
 // A long vector "v" with two attributes, and ten small variables.
 Done makeSmall(const Job& job)
 {
@@ -97,10 +115,11 @@ Done checkAttribute(const Job& job)
 
 Works fileWorks()
 {
-    return {{"make_double", makeDouble}, {"make_packed", makePacked},
-            {"make_short", makeShort},   {"make_text", makeText},
-            {"make_small", makeSmall},   {"check_field", checkField},
-            {"check_text", checkText},   {"check_attribute", checkAttribute}};
+    return {{"make_double", makeDouble},        {"make_packed", makePacked},
+            {"make_short", makeShort},          {"make_text", makeText},
+            {"make_small", makeSmall},          {"make_strings", makeStrings},
+            {"check_field", checkField},        {"check_text", checkText},
+            {"check_attribute", checkAttribute}};
 }
 
 } // namespace bench

@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <numeric>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -45,6 +47,22 @@ Done readDouble(const Job& job) { return readWhole<double>(job, nc_get_var_doubl
 Done readFloat(const Job& job) { return readWhole<float>(job, nc_get_var_float); }
 Done readShort(const Job& job) { return readWhole<short>(job, nc_get_var_short); }
 Done readText(const Job& job) { return readWhole<char>(job, nc_get_var_text); }
+
+// Strings are the library's, and are copied before it gets them back.
+Done readStrings(const Job& job)
+{
+    const File file(job.path);
+    const Stopwatch watch;
+    std::vector<char*> pointers(job.count);
+    check(nc_get_var_string(file.id(), 0, pointers.data()));
+    const std::vector<std::string> texts(pointers.begin(), pointers.end());
+    check(nc_free_string(job.count, pointers.data()));
+    const double seconds = watch.seconds();
+    auto sums = fresh<double>(job.count);
+    for (std::size_t i = 0; i < job.count; ++i)
+        sums.get()[i] = std::accumulate(texts[i].begin(), texts[i].end(), 0.0);
+    return finish(seconds, std::move(sums), job.count);
+}
 
 // Every second value of both directions, of count levels.
 Done readStrided(const Job& job)
@@ -211,6 +229,7 @@ int main(int argc, char** argv)
                    {"read_packed", readFloat},
                    {"read_strided", readStrided},
                    {"read_text", readText},
+                   {"read_strings", readStrings},
                    {"write_double", writeDouble},
                    {"write_without_fill", writeWithoutFill},
                    {"write_text", writeText},

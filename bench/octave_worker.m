@@ -38,6 +38,14 @@ function [seconds, values] = read_text (format, path, count)
   [seconds, values] = read_whole ("getVarText", path);
 endfunction
 
+function [seconds, values] = read_strings (format, path, count)
+  ncid = gridio ("open", path, "nowrite");
+  start = tic;
+  values = gridio_any ("getVar", ncid, 0);
+  seconds = toc (start);
+  gridio ("close", ncid);
+endfunction
+
 function [seconds, values] = read_strided (format, path, count)
   ncid = gridio ("open", path, "nowrite");
   start = tic;
@@ -176,6 +184,10 @@ function sum_ = checksum (values)
   if (ischar (values))
     values = uint8 (values);
   endif
+  if (iscell (values)) # of each text the sum of its bytes
+    sums = cumsum (double ([values{:}]));
+    values = diff ([0, sums(cumsum (cellfun ("numel", values(:))))]);
+  endif
   sample = double (values(1:4099:end)(:));
   sum_ = sum (values(:), "double") + sum (sample .* (mod ((0:numel (sample) - 1)', 7) + 1));
 endfunction
@@ -207,7 +219,7 @@ endfor
 
 works = struct (
   "read_double", @read_double, "read_short", @read_short, "read_short_as_double", @read_double,
-  "read_packed", @read_float, "read_strided", @read_strided, "read_text", @read_text,
+  "read_packed", @read_float, "read_strided", @read_strided, "read_text", @read_text, "read_strings", @read_strings,
   "write_double", @write_double, "write_without_fill", @write_without_fill, "write_text", @write_text,
   "read_values", @read_values, "read_blocks", @read_blocks, "append_records", @append_records,
   "open_inquire_close", @open_inquire_close, "read_attributes", @read_attributes,

@@ -192,7 +192,8 @@ def inquire_variables(form, path, count):
 
 
 WORKS = {"read_double": read_whole, "read_short": read_whole, "read_packed": read_whole,
-         "read_text": read_whole, "read_chunks_float": read_whole, "read_chunks_short": read_whole,
+         "read_text": read_whole, "read_strings": read_whole,
+         "read_chunks_float": read_whole, "read_chunks_short": read_whole,
          "write_chunks_float": write_chunks, "write_chunks_short": write_chunks} | {
     work.__name__: work for work in (
         read_chunks_maps, read_short_as_double, read_strided, write_double, write_without_fill, write_text, read_values,
@@ -204,6 +205,8 @@ def checksum(values):
     if numpy.ndim(values) == 0:
         return float(values)
     values = values.reshape(-1)
+    if values.dtype.kind == "O":
+        values = numpy.array([sum(text.encode()) for text in values])
     if values.dtype.kind == "S":
         values = values.view("u1")
     sample = values[::4099].astype("f8")

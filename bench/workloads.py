@@ -54,7 +54,12 @@ def letter_at(i):
     return float(ord("a") + i % 26)
 
 
-number_at.period = short_at.period = 1009
+def string_at(i):
+    """The sum of the bytes of the i-th string."""
+    return float(sum(f"station {i % 1009}".encode()))
+
+
+number_at.period = short_at.period = string_at.period = 1009
 letter_at.period = 26
 
 
@@ -79,6 +84,7 @@ class Workload:
     source_count: object = None
     check: str = None  # how the native worker reads what was written
     check_count: object = staticmethod(lambda count: count)
+    contenders: tuple = ()  # all, unless some are named
 
     @property
     def is_bulk_read(self):
@@ -117,6 +123,8 @@ WORKLOADS = [
     Workload("read_packed", "read compressed chunks", bulk(1 / 4), whole(number_at), 4, ("netcdf4",), "packed",
              bulk(1 / 4)),
     Workload("read_text", "read text", bulk(1), whole(letter_at), 1, (), "text", bulk(1)),
+    Workload("read_strings", "strings", small(1000000), whole(string_at), formats=("netcdf4",), source="strings",
+             source_count=small(1000000), contenders=("c", "gridio", "python")),
     Workload("write_double", "write doubles", bulk(1 / 2), whole(number_at), 8, check="check_field"),
     Workload("write_without_fill", "write doubles, fill mode off", bulk(1 / 2), whole(number_at), 8,
              check="check_field"),

@@ -1,15 +1,14 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Copies a netCDF file with all that gridio's operations can express.
+% Copies a netCDF file: types, groups, dimensions, attributes, values and storage.
 %   copy.m IN OUT      OUT must not exist yet
 %   copy.m -f IN OUT   replaces OUT, once the copy is complete
 %
-% Kept are the format, groups, dimensions, attributes, values, and how each variable is stored:
-% chunks, deflate, shuffle, checksum, fill value or none. Values go through memory in slabs of
-% 16 MiB, or of one chunk where that is larger. What cannot be copied (variables of strings or
-% user-defined types, attributes of user-defined types) is named on stderr. Of the storage, the byte
-% order becomes the machine's, and filters other than these are left out: no operation knows them.
+% Kept are also the format and how each variable is stored: chunks, filters, byte order, fill value or
+% none. Values pass through memory in slabs of 16 MiB, or of one chunk where that is larger. What cannot
+% be kept is named on stderr: null strings, which become empty ones, and storage that the library can
+% read but not write.
 %
-% Exit status: 0 all is copied; 1 an error, and no OUT is left behind; 3 something was left out.
+% Exit status: 0 all is copied; 1 an error, and no OUT is left behind; 3 something could not be kept.
 1;
 if (! exist ("gridio"))
   pkg load gridio
@@ -70,9 +69,9 @@ function complete = copyFile (in, out)
     if (! netcdf4)  % each value will be written, so filling would write twice
       gridio ("setFill", target, gridio ("parameter", "NC_NOFILL"));
     endif
-    [variables, complete] = defineGroup (source, target, [], netcdf4);
+    [variables, complete] = define (source, target, netcdf4);
     gridio ("endDef", target);
-    copyValues (variables);
+    complete &= copyValues (variables);
     [closing, target] = deal (target, []);
     gridio ("close", closing);
     created = [];
@@ -104,162 +103,172 @@ function mode = creationMode (format)
   endif
 endfunction
 
-% Defines in TARGET what the group SOURCE holds. DIMIDS(i + 1) is the target's identifier of the
-% source's dimension i, for the dimensions of the groups above. VARIABLES lists what to copy.
-function [variables, complete] = defineGroup (source, target, dimids, netcdf4)
+% Defines in TARGET all that SOURCE holds. Groups come first, then types and dimensions, since those of
+% any group may be used in any other. VARIABLES lists what to copy.
+function [variables, complete] = define (source, target, netcdf4)
+  groups = struct ("source", source, "target", target);
+  if (netcdf4)
+    groups = defineGroups (groups);
+  endif
+  xtypes = 1:12;  % xtypes(t) is the target's number of the source's type t
+  if (netcdf4)
+    xtypes = copyTypes (groups);
+  endif
+  dimids = [];  % dimids(i + 1) is the target's identifier of the source's dimension i
+  for group = groups
+    dimids = defineDimensions (group, dimids);
+  endfor
   NC_GLOBAL = gridio ("parameter", "NC_GLOBAL");
-  unlimited = gridio ("inqUnlimDims", source);
-  for dimid = gridio ("inqDimIDs", source, false)
-    [name, len] = gridio ("inqDim", source, dimid);
+  [variables, complete] = deal ({}, true);
+  for group = groups
+    [~, ~, natts] = gridio ("inq", group.source);
+    copyAttributes (group, NC_GLOBAL, natts, NC_GLOBAL, xtypes);
+    for varid = gridio ("inqVarIDs", group.source)
+      [variables{end + 1}, kept] = defineVariable (group, varid, dimids, xtypes, netcdf4);
+      complete &= kept;
+    endfor
+  endfor
+endfunction
+
+% A list that grows takes the place of recursion, which the interpreter limits.
+function groups = defineGroups (groups)
+  next = 1;
+  while (next <= numel (groups))
+    for source = gridio ("inqGrps", groups(next).source)
+      target = gridio ("defGrp", groups(next).target, gridio ("inqGrpName", source));
+      groups(end + 1) = struct ("source", source, "target", target);
+    endfor
+    next += 1;
+  endwhile
+endfunction
+
+function dimids = defineDimensions (group, dimids)
+  unlimited = gridio ("inqUnlimDims", group.source);
+  for dimid = gridio ("inqDimIDs", group.source, false)
+    [name, len] = gridio ("inqDim", group.source, dimid);
     if (any (unlimited == dimid))
       len = gridio ("parameter", "NC_UNLIMITED");
     endif
-    dimids(dimid + 1) = gridio ("defDim", target, name, len);
+    dimids(dimid + 1) = gridio ("defDim", group.target, name, len);
   endfor
+endfunction
 
-  [~, ~, natts] = gridio ("inq", source);
-  complete = copyAttributes (source, NC_GLOBAL, natts, target, NC_GLOBAL, "");
-
-  variables = {};
-  for varid = gridio ("inqVarIDs", source)
-    [name, xtype, dims, natts] = gridio ("inqVar", source, varid);
-    type = elementType (xtype);
-    if (isempty (type.operation))
-      leaveOut ("variable %s", name, type);
-      complete = false;
-      continue;
-    endif
-    variable = struct ("name", name, "type", type, "source", source, "varid", varid, ...
-                       "target", target, "chunk", ones (1, numel (dims)));
-    variable.newid = gridio ("defVar", target, name, xtype, dimids(dims + 1));
-    variable.lengths = arrayfun (@(d) nthargout (2, @gridio, "inqDim", source, d), dims);
-    if (netcdf4)
-      variable.chunk = copyStorage (variable);
-    endif
-    complete &= copyAttributes (source, varid, natts, target, variable.newid, name);
-    variables{end + 1} = variable;
-  endfor
-
+function [variable, kept] = defineVariable (group, varid, dimids, xtypes, netcdf4)
+  [name, xtype, dims, natts] = gridio ("inqVar", group.source, varid);
+  type = typeTree (group.source, xtype);
+  variable = struct ("name", name, "type", type, "source", group.source, "varid", varid, ...
+                     "target", group.target, "chunk", ones (1, numel (dims)));
+  variable.newid = gridio ("defVar", group.target, name, xtypes(xtype), dimids(dims + 1));
+  variable.lengths = arrayfun (@(d) nthargout (2, @gridio, "inqDim", group.source, d), dims);
+  kept = true;
   if (netcdf4)
-    for group = gridio ("inqGrps", source)
-      copy = gridio ("defGrp", target, gridio ("inqGrpName", group));
-      [below, all] = defineGroup (group, copy, dimids, netcdf4);
-      variables = [variables, below];
-      complete &= all;
-    endfor
+    [variable.chunk, kept] = copyStorage (variable);
   endif
+  copyAttributes (group, varid, natts, variable.newid, xtypes);
 endfunction
 
 % The attribute _FillValue is among them, and sets the fill value of a netCDF-4 variable.
-function complete = copyAttributes (source, varid, natts, target, newid, variable)
-  complete = true;
+function copyAttributes (group, varid, natts, newid, xtypes)
   for attnum = 0:natts - 1
-    name = gridio ("inqAttName", source, varid, attnum);
-    xtype = gridio ("inqAtt", source, varid, name);
-    type = elementType (xtype);
-    if (isempty (type.operation) && ! strcmp (type.name, "string"))
-      leaveOut ("attribute %s", [variable ":" name], type);
-      complete = false;
+    name = gridio ("inqAttName", group.source, varid, attnum);
+    xtype = gridio ("inqAtt", group.source, varid, name);
+    if (xtype <= 12)
+      gridio ("copyAtt", group.source, varid, name, group.target, newid);
+      continue;
+    endif
+    values = gridio_any ("getAtt", group.source, varid, name);
+    if (strcmp (name, "_FillValue") && newid >= 0)
+      gridio_any ("defVarFill", group.target, newid, false, values);
     else
-      gridio ("copyAtt", source, varid, name, target, newid);
+      gridio_any ("putAtt", group.target, newid, name, xtypes(xtype), values);
     endif
   endfor
-endfunction
-
-function leaveOut (what, name, type)
-  fprintf (stderr, ["copy.m: not copied: " what ": no operation reads values of type %s\n"], ...
-           name, type.name);
 endfunction
 
 % Stores a new variable of a netCDF-4 file like its original. CHUNK is what to read and write at
 % once: the size of a chunk, or single values where there are no chunks.
-function chunk = copyStorage (variable)
+function [chunk, kept] = copyStorage (variable)
   from = {variable.source, variable.varid};
   to = {variable.target, variable.newid};
-  chunk = variable.chunk;
-  try
-    [storage, sizes] = gridio ("inqVarChunking", from{:});
-  catch failure
-    if (! strcmp (failure.identifier, "Ovard:gridio:netcdf:unrecognizedChunkingCode"))
-      rethrow (failure);
-    endif
-    fprintf (stderr, "copy.m: %s is contiguous in the copy: its storage has no name here\n", ...
-             variable.name);
-    [storage, sizes] = deal ("contiguous", []);
-  end_try_catch
-  gridio ("defVarChunking", to{:}, gridio ("parameter", ["NC_" upper(storage)]), sizes);
+  [chunk, kept] = deal (variable.chunk, true);
+  [storage, sizes] = gridio_any ("inqVarChunking", from{:});
+  if (any (strcmp (storage, {"virtual", "unknown"})))
+    fprintf (stderr, "copy.m: %s is contiguous in the copy: its storage is %s\n", variable.name, storage);
+    [storage, kept] = deal ("contiguous", false);
+  endif
+  gridio_any ("defVarChunking", to{:}, storage, sizes);
   if (! isempty (sizes))
     chunk = sizes;
   endif
-
-  [shuffle, deflate, level] = gridio ("inqVarDeflate", from{:});
-  if (shuffle || deflate)
-    gridio ("defVarDeflate", to{:}, shuffle, deflate, level);
+  [ids, parameters] = gridio_any ("inqVarFilters", from{:});
+  for k = 1:numel (ids)
+    copyFilter (to, ids(k), parameters{k});
+  endfor
+  order = gridio_any ("inqVarEndian", from{:});
+  if (any (strcmp (variable.type.class, {"number", "char"})) && ! strcmp (order, "native"))
+    gridio_any ("defVarEndian", to{:}, order);
   endif
-  if (strcmp (gridio ("inqVarFletcher32", from{:}), "FLETCHER32"))
-    gridio ("defVarFletcher32", to{:}, gridio ("parameter", "NC_FLETCHER32"));
-  endif
-  if (gridio ("inqVarFill", from{:}))
-    gridio ("defVarFill", to{:}, true, []);
+  if (gridio_any ("inqVarFill", from{:}))
+    gridio_any ("defVarFill", to{:}, true, []);
   endif
 endfunction
 
-function copyValues (variables)
+% The library sets the parameters of its own filters itself.
+function copyFilter (to, id, parameters)
+  if (id == 2)
+    gridio ("defVarDeflate", to{:}, true, false, 0);
+  elseif (id == 3)
+    gridio ("defVarFletcher32", to{:}, gridio ("parameter", "NC_FLETCHER32"));
+  else
+    gridio_any ("defVarFilter", to{:}, id, parameters);
+  endif
+endfunction
+
+function kept = copyValues (variables)
+  kept = true;
   total = sum (cellfun (@(v) prod (v.lengths) * v.type.bytes, variables));
   terminal = system ("test -t 2") == 0;
   interval = merge (terminal, 0.2, 5);  % seconds
   progress = struct ("total", total, "done", 0, "start", tic, "next", interval, ...
                      "interval", interval, "terminal", terminal);
   for i = 1:numel (variables)
-    progress = copyVariable (variables{i}, progress);
+    [progress, nulls] = copyVariable (variables{i}, progress);
+    if (nulls > 0)
+      fprintf (stderr, "copy.m: %s: null strings became empty ones: %d\n", variables{i}.name, nulls);
+      kept = false;
+    endif
   endfor
   fprintf (stderr, "copy.m: %d variables, %.1f MiB in %.1f s\n", numel (variables), total / 2^20, ...
            toc (progress.start));
 endfunction
 
-function progress = copyVariable (variable, progress)
+function [progress, nulls] = copyVariable (variable, progress)
   [lengths, type] = deal (variable.lengths, variable.type);
+  [from, to] = deal ({variable.source, variable.varid}, {variable.target, variable.newid});
   if (isempty (lengths))
-    value = gridio (["getVar" type.operation], variable.source, variable.varid);
-    gridio (["putVar" type.operation], variable.target, variable.newid, value);
+    values = gridio_any ("getVar", from{:});
+    gridio_any ("putVar", to{:}, values);
+    nulls = nullStrings (type, values);
     return;
   endif
-  slab = slabShape (lengths, variable.chunk, type.bytes);
+  nulls = 0;
+  % Of strings and vlens, whose size shows when they are read, few at first.
+  ownsMemory = ! any (strcmp (type.class, {"number", "char", "enum", "opaque"}));
+  chunk = merge (ownsMemory, ones (size (lengths)), min (variable.chunk, lengths));
+  bytes = merge (ownsMemory, 2^14, type.bytes);
   start = zeros (size (lengths));
   while (all (start < lengths))
+    slab = slabShape (start, lengths, chunk, bytes, 16 * 2^20);
     count = min (slab, lengths - start);
-    values = gridio (["getVara" type.operation], variable.source, variable.varid, start, count);
-    gridio (["putVara" type.operation], variable.target, variable.newid, start, count, values);
+    values = gridio_any ("getVara", from{:}, start, count);
+    gridio_any ("putVara", to{:}, start, count, values);
+    if (ownsMemory)
+      nulls += nullStrings (type, values);
+      bytes = max (bytes / 8, 128 + sizeof (values) / prod (count));
+    endif
     progress = showProgress (progress, prod (count) * type.bytes, variable.name);
     start = nextStart (start, slab, lengths);
   endwhile
-endfunction
-
-% The shape of the slabs to copy: whole chunks, so that each is packed and unpacked once, as many
-% of them as fit, along the fastest varying dimension first.
-function slab = slabShape (lengths, chunk, bytes)
-  limit = 16 * 2^20;
-  slab = min (chunk, lengths);
-  for d = 1:numel (lengths)
-    fit = floor (limit / (prod (slab) * bytes));
-    slab(d) = min (lengths(d), slab(d) * max (1, fit));
-    if (slab(d) < lengths(d))
-      return;
-    endif
-  endfor
-endfunction
-
-% Counts up like an odometer, the fastest varying dimension first; past the end after the last slab.
-function start = nextStart (start, slab, lengths)
-  for d = 1:numel (lengths)
-    start(d) += slab(d);
-    if (start(d) < lengths(d))
-      return;
-    endif
-    if (d < numel (lengths))
-      start(d) = 0;
-    endif
-  endfor
 endfunction
 
 % One line that is written over on a terminal, a line every few seconds elsewhere.

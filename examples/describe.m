@@ -1,12 +1,11 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % The header of a netCDF file as CDL, line by line what "ncdump -h" prints.
-%   describe.m FILE       groups, dimensions, variables and attributes
+%   describe.m FILE       types, groups, dimensions, variables and attributes
 %   describe.m FILE -s    also how the variables are stored, as special attributes (ncdump -hs)
 %
-% What no operation of gridio reads stands in a comment instead: the values of string attributes,
-% all that is of a user-defined type, and text behind a NUL. With -s, the byte order and filters
-% other than deflate, shuffle and checksum are not known. Control characters are escaped as ncdump
-% does, and those beyond ASCII (C1) too, which ncdump sends to the terminal.
+% It differs from ncdump where that prints what means something else: dimensions and types that nearer
+% ones of their name hide have their path, and within compound types "\v" and other control characters
+% stay what they are. Control characters beyond ASCII (C1), which ncdump sends to the terminal, are escaped.
 1;
 if (! exist ("gridio"))
   pkg load gridio
@@ -31,30 +30,46 @@ function printFile (ncid, file, withStorage)
   [~, name, extension] = fileparts (file);
   format = fileFormat (ncid);
   context = struct ("format", format, "netcdf4", strncmp (format, "netCDF-4", 8), ...
-                    "storage", withStorage);
+                    "storage", withStorage, "root", ncid);
   printf ("netcdf %s {\n", escapeName (name));
-  printGroup (ncid, 0, context);
+  printGroups (ncid, context);
   puts ("}\n");
-  if (withStorage && context.netcdf4)
-    puts ("// Not known: byte order, and filters other than deflate, shuffle and checksum.\n");
-  endif
+endfunction
+
+% The groups of a file, each with what it holds. A list of what is still to be printed takes the place
+% of recursion, which the interpreter limits: groups may lie deeper than that.
+function printGroups (root, context)
+  toPrint = {struct("ncid", root, "depth", 0, "ending", "")};
+  while (! isempty (toPrint))
+    [next, toPrint] = deal (toPrint{end}, toPrint(1:end - 1));
+    if (! isempty (next.ending))
+      puts (next.ending);
+      continue;
+    endif
+    if (next.depth > 0)
+      name = escapeName (gridio ("inqGrpName", next.ncid));
+      printf ("\n%sgroup: %s {\n", blanks (2 * next.depth - 2), name);
+      ending = sprintf ("%s} // group %s\n", blanks (2 * next.depth), name);
+      toPrint{end + 1} = struct ("ncid", [], "depth", [], "ending", ending);
+    endif
+    printGroup (next.ncid, next.depth, context);
+    if (context.netcdf4)
+      for group = fliplr (gridio ("inqGrps", next.ncid))
+        toPrint{end + 1} = struct ("ncid", group, "depth", next.depth + 1, "ending", "");
+      endfor
+    endif
+  endwhile
 endfunction
 
 % What a group holds; DEPTH is 0 for the root group.
 function printGroup (ncid, depth, context)
   indent = blanks (2 * depth);
+  if (context.netcdf4)
+    printTypes (ncid, indent, context.root);
+  endif
   printDimensions (ncid, indent);
   printVariables (ncid, indent, context);
   printGroupAttributes (ncid, depth, indent, context);
-  if (! context.netcdf4)
-    return;
-  endif
-  for group = gridio ("inqGrps", ncid)
-    name = escapeName (gridio ("inqGrpName", group));
-    printf ("\n%sgroup: %s {\n", indent, name);
-    printGroup (group, depth + 1, context);
-    printf ("%s  } // group %s\n", indent, name);
-  endfor
 endfunction
 
 function printDimensions (ncid, indent)
@@ -81,22 +96,16 @@ function printVariables (ncid, indent, context)
   for varid = varids
     [name, xtype, dimids, natts] = gridio ("inqVar", ncid, varid);
     name = escapeName (name);
-    type = elementType (xtype);
-    [comment, note] = deal ("");
-    if (isUserDefined (type))  % the type's own declaration is missing, so this cannot be CDL
-      comment = "// ";
-      note = " (a type that cannot be described)";
-    endif
     dimensions = "";
     if (! isempty (dimids))  % CDL lists the slowest varying dimension first, gridio last
       names = arrayfun (@(dimid) dimensionPath (ncid, dimid), fliplr (dimids), ...
                         "UniformOutput", false);
       dimensions = ["(" strjoin(names, ", ") ")"];
     endif
-    printf ("%s\t%s%s %s%s ;%s\n", indent, comment, type.name, name, dimensions, note);
-    printAttributes (ncid, varid, natts, [indent "\t\t"], comment, name, context);
+    printf ("%s\t%s %s%s ;\n", indent, typePath (ncid, xtype, context.root), name, dimensions);
+    printAttributes (ncid, varid, natts, indent, name, context);
     if (context.storage && context.netcdf4)
-      printStorage (ncid, varid, type, [indent "\t\t"], comment, name);
+      printStorage (ncid, varid, xtype, [indent "\t\t"], name);
     endif
   endfor
 endfunction
@@ -108,7 +117,7 @@ function printGroupAttributes (ncid, depth, indent, context)
     titles = {"global", "group"};
     printf ("\n%s// %s attributes:\n", indent, titles{1 + (depth > 0)});
   endif
-  printAttributes (ncid, NC_GLOBAL, natts, [indent "\t\t"], "", "", context);
+  printAttributes (ncid, NC_GLOBAL, natts, indent, "", context);
   if (! context.storage || depth > 0)
     return;
   endif
@@ -117,7 +126,7 @@ function printGroupAttributes (ncid, depth, indent, context)
     % that another library wrote lacks the first.
     try
       printf ("\t\t:_NCProperties = %s ;\n", ...
-              quoted (gridio ("getAttText", ncid, NC_GLOBAL, "_NCProperties"), context));
+              quotedText (gridio ("getAttText", ncid, NC_GLOBAL, "_NCProperties")));
     catch failure
       if (isempty (strfind (failure.message, "NC_ENOTATT")))
         rethrow (failure);
@@ -131,43 +140,68 @@ function printGroupAttributes (ncid, depth, indent, context)
 endfunction
 
 % The attributes of a variable, or of a group if VARID is NC_GLOBAL and VARIABLE is empty.
-function printAttributes (ncid, varid, natts, indent, comment, variable, context)
+function printAttributes (ncid, varid, natts, indent, variable, context)
+  if (any (strcmp (variable, {"variables", "dimensions", "data", "group", "types"})))
+    variable = [variable " "];  % a keyword of CDL
+  endif
   for attnum = 0:natts - 1
     attribute = gridio ("inqAttName", ncid, varid, attnum);
-    [xtype, len] = gridio ("inqAtt", ncid, varid, attribute);
-    type = elementType (xtype);
-    name = [variable ":" escapeName(attribute)];
-    if (isempty (type.operation))
-      printf ("%s// %s %s = ... ; (values that cannot be read)\n", indent, type.name, name);
-      continue;
+    [xtype, count] = gridio ("inqAtt", ncid, varid, attribute);
+    type = "";
+    if (xtype >= 12)  % of the others, the values show the type
+      type = [typePath(ncid, xtype, context.root) " "];
     endif
-    values = gridio (["getAtt" type.operation], ncid, varid, attribute);
-    note = "";
-    if (ischar (values) && len > numel (values) + 1)
-      note = sprintf (" // %d of %d bytes: text can be read up to its first NUL only", ...
-                      numel (values), len);
-    endif
-    printf ("%s%s%s = %s ;%s\n", indent, comment, name, valueText (values, type, context), note);
+    printf ("%s\t\t%s%s:%s = ", indent, type, variable, escapeName (attribute));
+    values = gridio_any ("getAtt", ncid, varid, attribute);
+    printValues (typeTree (ncid, xtype), values, count, indent, context);
+    puts (" ;\n");
   endfor
 endfunction
 
-% How a variable of a netCDF-4 file is stored.
-function printStorage (ncid, varid, type, indent, comment, variable)
-  start = [indent comment variable ":"];
-  try
-    [storage, sizes] = gridio ("inqVarChunking", ncid, varid);
-    printf ("%s_Storage = \"%s\" ;\n", start, storage);
-    if (! isempty (sizes))
-      sizes = arrayfun (@(n) sprintf ("%d", n), fliplr (sizes), "UniformOutput", false);
-      printf ("%s_ChunkSizes = %s ;\n", start, strjoin (sizes, ", "));
+% Several texts in a row are one text in the classic formats, but a list of strings in netCDF-4.
+function printValues (type, values, count, indent, context)
+  if (count == 0)
+    puts ("\"\"");  % as ncdump: an attribute without values, of whatever type
+  elseif (strcmp (type.class, "char"))
+    lineBreak = {"\\n\",\n\t\t\t\"", "\\n"}{1 + strcmp(context.format, "netCDF-4")};
+    puts (quotedText (values(1:max ([0, find(values != 0)])), lineBreak));
+  elseif (strcmp (type.class, "number"))
+    suffix = elementType (type.id).suffix;
+    puts (strjoin (arrayfun (@(v) numberText (v, suffix), values, "UniformOutput", false), ", "));
+  else
+    texts = valueTexts (type, values, count);
+    if (strcmp (type.class, "enum"))
+      texts = cellfun (@escapeName, texts, "UniformOutput", false);
     endif
-  catch failure
-    if (! strcmp (failure.identifier, "Ovard:gridio:netcdf:unrecognizedChunkingCode"))
-      rethrow (failure);
+    if (any (strcmp (type.class, {"compound", "vlen"})))
+      texts(1:end - 1) = strcat (texts(1:end - 1), {", "});
+      cellfun (@(text) putPiece (text, indent), texts);
+    else
+      puts (strjoin (texts, ", "));
     endif
-    printf ("%s// %s:_Storage = ... ; (neither chunked nor contiguous)\n", indent, variable);
-  end_try_catch
+  endif
+endfunction
 
+% How a variable of a netCDF-4 file is stored.
+function printStorage (ncid, varid, xtype, indent, variable)
+  start = [indent variable ":"];
+  [storage, sizes] = gridio_any ("inqVarChunking", ncid, varid);
+  printf ("%s_Storage = \"%s\" ;\n", start, storage);
+  if (! isempty (sizes))
+    sizes = arrayfun (@(n) sprintf ("%d", n), fliplr (sizes), "UniformOutput", false);
+    printf ("%s_ChunkSizes = %s ;\n", start, strjoin (sizes, ", "));
+  endif
+  printFilters (ncid, varid, start);
+  order = gridio_any ("inqVarEndian", ncid, varid);
+  if (typeTree (ncid, xtype).bytes > 1 && ! strcmp (order, "native"))
+    printf ("%s_Endianness = \"%s\" ;\n", start, order);
+  endif
+  if (gridio_any ("inqVarFill", ncid, varid))
+    printf ("%s_NoFill = \"true\" ;\n", start);
+  endif
+endfunction
+
+function printFilters (ncid, varid, start)
   if (strcmp (gridio ("inqVarFletcher32", ncid, varid), "FLETCHER32"))
     printf ("%s_Fletcher32 = \"true\" ;\n", start);
   endif
@@ -178,8 +212,13 @@ function printStorage (ncid, varid, type, indent, comment, variable)
   if (deflate)
     printf ("%s_DeflateLevel = %d ;\n", start, level);
   endif
-  if (! isempty (type.operation) && gridio ("inqVarFill", ncid, varid))
-    printf ("%s_NoFill = \"true\" ;\n", start);
+  [ids, parameters] = gridio_any ("inqVarFilters", ncid, varid);
+  others = find (ids > 3);  % the first three are deflate, shuffle and checksum
+  if (! isempty (others))
+    texts = arrayfun (@(k) strjoin (arrayfun (@(n) sprintf ("%d", n), [ids(k), parameters{k}], ...
+                                              "UniformOutput", false), ","), ...
+                      others, "UniformOutput", false);
+    printf ("%s_Filter = \"%s\" ;\n", start, strjoin (texts, "|"));
   endif
 endfunction
 
@@ -197,75 +236,6 @@ function path = dimensionPath (ncid, dimid)
   parents = strsplit (gridio ("inqGrpNameFull", group), "/");
   parents = parents(! cellfun (@isempty, parents));
   path = ["/" strjoin([cellfun(@escapeName, parents, "UniformOutput", false), {path}], "/")];
-endfunction
-
-function yes = isUserDefined (type)
-  yes = strncmp (type.name, "user_type_", 10);
-endfunction
-
-% A name as CDL writes it: special characters behind a backslash, control characters as numbers.
-function text = escapeName (name)
-  text = "";
-  control = isControl (name);
-  for k = 1:numel (name)
-    c = name(k);
-    if (control(k))
-      text = [text sprintf("\\%%%02x", c)];
-    elseif (any (c == " !\"#$&'()*,:;<=>?[\\]^`{|}~"))
-      text = [text "\\" c];
-    else
-      text = [text c];
-    endif
-  endfor
-  if (! isempty (name) && isdigit (name(1)))
-    text = ["\\" text];
-  endif
-endfunction
-
-function text = valueText (values, type, context)
-  if (ischar (values))
-    text = quoted (values, context);
-  elseif (isempty (values))
-    text = "\"\"";  % as ncdump: an attribute without values, of whatever type
-  else
-    texts = arrayfun (@numberText, values, "UniformOutput", false);
-    text = strjoin (strcat (texts, type.suffix), ", ");
-  endif
-endfunction
-
-function text = quoted (text, context)
-  text = strrep (text, "\\", "\\\\");
-  escapes = {"\b", "\\b"; "\f", "\\f"; "\r", "\\r"; "\t", "\\t"; "\v", "\\v"; "'", "\\'"; "\"", "\\\""};
-  for escape = escapes'
-    text = strrep (text, escape{1}, escape{2});
-  endfor
-  control = isControl (text) & text != "\n";
-  if (any (control))
-    pieces = num2cell (text);
-    pieces(control) = arrayfun (@(c) sprintf ("\\%03o", c), text(control), "UniformOutput", false);
-    text = [pieces{:}];
-  endif
-  % Several texts in a row are one text in the classic formats, but a list of strings in netCDF-4.
-  lineBreak = "\\n\",\n\t\t\t\"";
-  if (strcmp (context.format, "netCDF-4"))
-    lineBreak = "\\n";
-  endif
-  text = ["\"" strrep(text, "\n", lineBreak) "\""];
-endfunction
-
-function text = numberText (value)
-  if (isa (value, "int64") || isa (value, "uint64"))
-    text = strtrim (disp (value));  % exact; printf goes through double
-  elseif (isinteger (value))
-    text = sprintf ("%d", value);
-  elseif (isnan (value))
-    text = "NaN";
-  elseif (isinf (value))
-    text = {"Infinity", "-Infinity"}{1 + (value < 0)};
-  else
-    digits = merge (isa (value, "single"), 7, 15);
-    text = regexprep (sprintf ("%#.*g", digits, value), '\.(\d*?)0+(?=e|$)', '.$1');
-  endif
 endfunction
 
 % describe.m FILE [-s]: prints the header of a netCDF file as CDL, with -s also the storage.

@@ -78,6 +78,8 @@ constexpr Parameter wordMode{"mode", "quantize mode", ParameterKind::word};
 constexpr Parameter nsd{"nsd", "nsd", ParameterKind::integer};
 constexpr Parameter singlePreemption{"preemption", "preemption", ParameterKind::singleNumber};
 constexpr Parameter flagNoFill{"no_fill", "no_fill flag", ParameterKind::flag};
+constexpr Parameter wordStorage{"storage", "storage kind", ParameterKind::word};
+constexpr Parameter numbersSizes{"sizes", "chunk sizes", ParameterKind::numbers};
 constexpr Parameter path{"path", "group path", ParameterKind::text};
 
 constexpr OperationForm forms[] = {
@@ -284,6 +286,8 @@ constexpr OperationForm forms[] = {
     {"getVarChunkCache", "[size, nelems, preemption]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
     {"defVarFill", "", {ncid, varid, flagNoFill, valuesValue}, 4, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqVarFill", "[no_fill, value]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
+    {"defVarChunking", "", {ncid, varid, wordStorage, numbersSizes}, 4, vxUNKNOWN_CLASS, OperationTable::any},
+    {"inqVarChunking", "[storage, sizes]", {ncid, varid}, 2, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqFormatExtended", "[model, mode]", {ncid}, 1, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqPath", "path", {ncid}, 1, vxUNKNOWN_CLASS, OperationTable::any},
     {"inqGrpFullNcid", "grpid", {ncid, path}, 2, vxUNKNOWN_CLASS, OperationTable::any},

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Byte order, filters, quantisation, chunk caches and fill values of variables.
+// Storage, byte order, filters, quantisation, chunk caches and fill values of variables.
 #include "any/any_arguments.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
+#include "error_identifiers.h"
 #include "types/value_reading.h"
 #include "types/value_writing.h"
 #include "types/variable_values.h"
@@ -18,16 +19,25 @@ namespace {
 constexpr Word byteOrders[] = {
     {"native", NC_ENDIAN_NATIVE}, {"little", NC_ENDIAN_LITTLE}, {"big", NC_ENDIAN_BIG}};
 
+constexpr Word storages[] = {{"chunked", NC_CHUNKED},
+                             {"contiguous", NC_CONTIGUOUS},
+                             {"compact", NC_COMPACT},
+                             {"unknown", NC_UNKNOWN_STORAGE},
+                             {"virtual", NC_VIRTUAL}};
+
+constexpr std::size_t definableStorages = 3;
+
 constexpr Word quantizeModes[] = {{"none", NC_NOQUANTIZE},
                                   {"BitGroom", NC_QUANTIZE_BITGROOM},
                                   {"GranularBitRound", NC_QUANTIZE_GRANULARBR},
                                   {"BitRound", NC_QUANTIZE_BITROUND}};
 
-vxArray* numberRow(const std::vector<unsigned int>& numbers)
+template <class Number> vxArray* numberRow(const std::vector<Number>& numbers)
 {
     const std::size_t dims[] = {numbers.empty() ? std::size_t{0} : std::size_t{1}, numbers.size()};
     vxArray* row = vxCreateUninitNumericArray(2, dims, vxDOUBLE_CLASS, vxREAL);
-    std::copy(numbers.begin(), numbers.end(), static_cast<double*>(vxGetWritableData(row)));
+    std::transform(numbers.begin(), numbers.end(), static_cast<double*>(vxGetWritableData(row)),
+                   [](Number number) { return static_cast<double>(number); });
     return row;
 }
 
@@ -38,7 +48,47 @@ nc_type typeOf(int ncid, int varid, const OperationEntry* entry)
     return xtype;
 }
 
+std::size_t rankOf(int ncid, int varid, const OperationEntry* entry)
+{
+    int ndims = 0;
+    checkStatus(nc_inq_varndims(ncid, varid, &ndims), entry);
+    return static_cast<std::size_t>(ndims);
+}
+
 } // namespace
+
+void defVarChunking(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
+{
+    const int ncid = readNcid(args[0]);
+    const int varid = readIntScalar(args[1], "varid");
+    const int storage = readWord(args[2], "storage kind", storages, definableStorages);
+    const std::vector<unsigned int> given = readUintList(args[3], "chunk sizes");
+
+    const bool isChunked = storage == NC_CHUNKED;
+    const std::size_t rank = rankOf(ncid, varid, entry);
+    if (isChunked && given.size() != rank)
+        vxErrMsgId(netcdf::invalidChunkParameter(static_cast<long>(given.size()),
+                                                 static_cast<long>(rank)));
+    const std::vector<std::size_t> sizes(given.rbegin(), given.rend());
+    checkStatus(nc_def_var_chunking(ncid, varid, storage, isChunked ? sizes.data() : nullptr),
+                entry);
+}
+
+void inqVarChunking(int, vxArray* results[], int, const vxArray* args[],
+                    const OperationEntry* entry)
+{
+    const int ncid = readNcid(args[0]);
+    const int varid = readIntScalar(args[1], "varid");
+
+    int storage = NC_CONTIGUOUS;
+    std::vector<std::size_t> sizes(rankOf(ncid, varid, entry));
+    checkStatus(nc_inq_var_chunking(ncid, varid, &storage, sizes.data()), entry);
+    if (storage != NC_CHUNKED)
+        sizes.clear();
+    std::reverse(sizes.begin(), sizes.end());
+    results[0] = wordResult(storage, storages);
+    results[1] = numberRow(sizes);
+}
 
 void defVarEndian(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {

@@ -17,7 +17,8 @@ HandlerFunction defEnum, insertEnum, defCompound, insertCompound, insertArrayCom
     defOpaque;
 
 HandlerFunction defVarEndian, inqVarEndian, defVarFilter, inqVarFilters, inqFilterAvail, inqVarSzip,
-    defVarQuantize, inqVarQuantize, setVarChunkCache, getVarChunkCache, defVarFill, inqVarFill;
+    defVarQuantize, inqVarQuantize, setVarChunkCache, getVarChunkCache, defVarFill, inqVarFill,
+    defVarChunking, inqVarChunking;
 
 HandlerFunction inqFormatExtended, inqPath, inqGrpFullNcid, renameGrp, inqDimIDs;
 
@@ -78,6 +79,8 @@ constexpr OperationEntry rows[] = {
     {1039, "getVarChunkCache",    2, op::getVarChunkCache},    // ncid, varid -> size in bytes, slots, preemption (nc_get_var_chunk_cache)
     {1040, "defVarFill",          4, op::defVarFill},          // ncid, varid, no_fill flag, value (nc_def_var_fill)
     {1041, "inqVarFill",          2, op::inqVarFill},          // ncid, varid -> no_fill flag, value (nc_inq_var_fill)
+    {1047, "defVarChunking",      4, op::defVarChunking},      // ncid, varid, storage, chunk sizes (nc_def_var_chunking)
+    {1048, "inqVarChunking",      2, op::inqVarChunking},      // ncid, varid -> storage, chunk sizes (nc_inq_var_chunking)
 
     // Files, groups and dimensions
     {1042, "inqFormatExtended",   1, op::inqFormatExtended},   // ncid -> storage model, mode (nc_inq_format_extended)

@@ -62,14 +62,14 @@ vxArray* readCharacters(const ReadPlaces& places, const ValueShape& shape)
     return vxCreateCharArrayFromBytes(dims.size(), dims.data(), bytes.get());
 }
 
-// A row; 0-by-0 if there are no bytes.
+// A row; 0-by-0 for a null pointer.
 vxArray* textRow(std::string_view text)
 {
     const std::size_t dims[] = {1, text.size()};
-    return vxCreateCharArrayFromBytes(text.empty() ? 0 : 2, dims, text.data());
+    return vxCreateCharArrayFromBytes(text.data() == nullptr ? 0 : 2, dims, text.data());
 }
 
-// A string that was never written is a null pointer.
+// A string that was never written may be a null pointer.
 vxArray* readString(const char* place)
 {
     const char* text = copiedFrom<const char*>(place);

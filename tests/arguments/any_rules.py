@@ -8,7 +8,8 @@ import math
 
 from argument_values import INTEGER_RANGES, NUMERIC_CLASSES, Value, row, scalar, text, to_single
 
-WORDS = {"byte order": "native, little, big", "quantize mode": "none, BitGroom, GranularBitRound, BitRound"}
+WORDS = {"byte order": "native, little, big", "quantize mode": "none, BitGroom, GranularBitRound, BitRound",
+         "storage kind": "chunked, contiguous, compact"}
 ATOMIC = {1: "byte", 2: "char", 3: "short", 4: "int", 5: "float", 6: "double", 7: "ubyte", 8: "ushort", 9: "uint", 10: "int64",
           11: "uint64", 12: "string"}
 CLASSES = {"byte": "int8", "short": "int16", "int": "int32", "float": "single", "double": "double", "ubyte": "uint8",
@@ -53,7 +54,7 @@ class Rules:
         return read
 
     def numbers(self, name):
-        target = "uint32" if name == "filter parameters" else "int32"
+        target = "uint32" if name in ("filter parameters", "chunk sizes") else "int32"
 
         def read(value):
             if not value.is_numeric:
@@ -230,6 +231,7 @@ def number_text(element, host_class):
 
 # Valid values by the name in errors, then by the kind; others of an operation by the position of the argument.
 VALID = {
+    "storage kind": text("compact"), "chunk sizes": row("double", [3.0, 2.0]),
     "byte order": text("big"), "quantize mode": text("BitGroom"), "filter parameters": row("double", [5.0]),
     "field lengths": row("double", [1.0]), "type": text("new"), "member": text("new"), "field": text("new"),
     "group path": text("/g"), "field type": text("short"), "base": text("int"), "offset": scalar("double", 4.0),

@@ -17,7 +17,7 @@ GOOD = {"int": "0", "size": "1", "text": '"x"', "flag": "true", "mode": '"nowrit
         "int64": "0", "unsigned": "1", "single": "0.5", "type": "4", "word": '"none"', "numbers": "1", "values": "1"}
 
 # Words by the names of the arguments that take them.
-WORDS = {"byte order": '"big"', "quantize mode": '"none"'}
+WORDS = {"byte order": '"big"', "quantize mode": '"none"', "storage kind": '"compact"'}
 
 
 def good(argument):

@@ -43,6 +43,34 @@ def check_empty_attribute(folder):
         assert described == ncdump("-h", made)[:-1]
 
 
+def check_hidden_types(folder):
+    """ncdump prints a type that a nearer one hides without its path, which means the nearer one."""
+    made = os.path.join(folder, "hidden.nc")
+    ncid, group, sub, xtype, varid = (ctypes.c_int() for _ in range(5))
+    assert netcdf.nc_create(made.encode(), 0x1000, ctypes.byref(ncid)) == 0
+    assert netcdf.nc_def_opaque(ncid, ctypes.c_size_t(3), b"code t", ctypes.byref(xtype)) == 0
+    assert netcdf.nc_def_grp(ncid, b"g", ctypes.byref(group)) == 0
+    assert netcdf.nc_def_opaque(group, ctypes.c_size_t(5), b"code t", ctypes.byref(varid)) == 0
+    assert netcdf.nc_def_grp(group, b"h", ctypes.byref(sub)) == 0
+    assert netcdf.nc_def_var(sub, b"v", xtype, 0, None, ctypes.byref(varid)) == 0
+    assert netcdf.nc_close(ncid) == 0
+    described = output_of(DESCRIBE, made, cwd="/")
+    assert "    \t/code\\ t v ;" in described, described
+
+
+def check_deep_groups(folder):
+    """The interpreter ends after 256 levels of recursion."""
+    made = os.path.join(folder, "deep.nc")
+    ncid, group, varid = ctypes.c_int(), ctypes.c_int(), ctypes.c_int()
+    assert netcdf.nc_create(made.encode(), 0x1000, ctypes.byref(ncid)) == 0
+    group.value = ncid.value
+    for level in range(1000):
+        assert netcdf.nc_def_grp(group, b"g", ctypes.byref(group)) == 0
+        assert netcdf.nc_def_var(group, b"v%d" % level, 4, 0, None, ctypes.byref(varid)) == 0
+    assert netcdf.nc_close(ncid) == 0
+    assert output_of(DESCRIBE, made, cwd="/") == ncdump("-h", made)[:-1]
+
+
 def in_cdl(data):
     named = {8: "b", 9: "t", 10: "n", 11: "v", 12: "f", 13: "r", 34: '"', 39: "'", 92: "\\"}
     controls = controls_of(data)
@@ -123,6 +151,8 @@ def check_failure(arguments, expected, folder):
 
 with tempfile.TemporaryDirectory() as folder:
     check_paths(folder)
+    check_hidden_types(folder)
+    check_deep_groups(folder)
     check_empty_attribute(folder)
     check_texts_with_control_characters(folder)
     check_names_with_control_characters(folder)

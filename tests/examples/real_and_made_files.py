@@ -3,7 +3,6 @@
 import glob
 import os
 import pathlib
-import re
 import subprocess
 import sys
 import tempfile
@@ -12,7 +11,7 @@ HEADERS = pathlib.Path(__file__).resolve().parent / "headers"
 MADE = [("attributes", "classic"), ("attributes", "64-bit offset"), ("attributes", "cdf5"),
         ("attributes", "netCDF-4 classic model"), ("attributes", "netCDF-4"),
         ("wide_types", "cdf5"), ("wide_types", "netCDF-4"), ("storage", "netCDF-4"),
-        ("groups", "netCDF-4")]
+        ("groups", "netCDF-4"), ("types", "netCDF-4")]
 
 
 def ncgen(source, made, kind):
@@ -28,21 +27,6 @@ def ncdump(*args):
 
 def kind_of(path):
     return ncdump("-k", path)[0]
-
-
-def without_types(lines):
-    """The lines without the sections "types:", and the names that these declare."""
-    kept, names, inside = [], set(), False
-    for line in lines:
-        if re.fullmatch(r" *types:", line):
-            inside = True
-        elif re.match(r" *(dimensions:|variables:|// \w+ attributes:|group: )|$", line):
-            inside = False
-        if not inside:
-            kept.append(line)
-        else:
-            names.update(re.findall(r"(?:opaque\(\d+\)|\(\*\)|enum|compound) (\w+) [;{]", line))
-    return kept, names
 
 
 def made_files(folder):

@@ -75,6 +75,8 @@ std::vector<Value> anyArgumentsThatSucceed(const fuzz::Operation& operation,
 {
     static const std::map<std::string, int> settings = {
         {"inqEnumMember", 1}, {"inqEnumIdent", 1}, {"inqCompoundField", 4}, {"defVarQuantize", 3}};
+    static const std::map<std::string, const char*> words = {{"defVarEndian", "big"},
+                                                             {"defVarChunking", "contiguous"}};
     std::map<char, std::size_t> seen;
     std::vector<Value> arguments;
     for (const char kind : operation.parameters) {
@@ -93,7 +95,7 @@ std::vector<Value> anyArgumentsThatSucceed(const fuzz::Operation& operation,
             arguments.push_back(type(operation.name, before));
             break;
         case parameter::word:
-            arguments.emplace_back(operation.name == "defVarEndian" ? "big" : "BitGroom");
+            arguments.push_back(chosen(words, operation.name, "BitGroom"));
             break;
         case parameter::size: // also the offset of a field
             arguments.emplace_back(4);

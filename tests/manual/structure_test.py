@@ -16,14 +16,16 @@ sys.path.insert(0, str(ROOT / "docs"))
 import make_manual
 
 ERRORS = manual_source.CHAPTERS / "errors.texi"
+HEADERS = [ROOT / "include" / "error_identifiers.h", ROOT / "include" / "any_error_identifiers.h"]
 # Errors that no script can cause.
 UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
-               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath"}
+               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath",
+               "Ovard:gridio:any:foreignType"}  # raised for files of other programs
 
 
 def declared_errors():
     """{identifier: number of arguments} of the module, and of the host without the number."""
-    header = (ROOT / "include" / "error_identifiers.h").read_text()
+    header = "".join(path.read_text() for path in HEADERS)
     found = {}
     for name, constructor, identifier in re.findall(
             r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*:\s*BaseMsgID\("([\w:]+)"', header):
@@ -31,7 +33,8 @@ def declared_errors():
     assert len(found) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
     for source in [*(ROOT / "hosts" / "octave").rglob("*.cc"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
         code = "\n".join(line for line in source.read_text().splitlines() if not re.match(r"\s*(%|#|//)", line))
-        found.update((identifier, None) for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code))
+        for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code):
+            found.setdefault(identifier, None)
     return found
 
 
@@ -42,8 +45,10 @@ def entries():
     found = {}
     for head, body in re.findall(r"^@item (.+)\n((?:(?!@item |@end table).*\n)*)", text, re.M):
         name, _, arguments = head.partition(" (")
-        if ":" in name:
+        if ":" in name and not name.startswith("any:"):
             found[name] = (None, body)
+        elif ":" in name:
+            found[f"Ovard:gridio:{name}"] = (len(arguments.split(", ")), body)
         else:
             space = "validate" if name in ("wrongNumberOfInputs", "argumentOutOfBounds") else "netcdf"
             found[f"Ovard:gridio:{space}:{name}"] = (len(arguments.split(", ")) if arguments else 0, body)

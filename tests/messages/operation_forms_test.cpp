@@ -13,8 +13,7 @@ namespace {
 
 using namespace hosts::messages;
 
-template <std::size_t count>
-void expectFormsOf(const Ovard::gridio::OperationEntry (&rows)[count], OperationTable table)
+void expectFormsOf(const Ovard::gridio::OperationRows& rows, OperationTable table)
 {
     std::set<std::string> names;
     for (const auto& entry : rows) {

@@ -63,9 +63,10 @@ Value textOf(const std::string& bytes, const Dims& dims)
     return Value::text(dims, units);
 }
 
-Value textRow(const std::string& bytes)
+// A null string is 0-by-0.
+Value textRow(const std::optional<std::string>& bytes)
 {
-    return textOf(bytes, bytes.empty() ? Dims{0, 0} : Dims{1, bytes.size()});
+    return bytes ? textOf(*bytes, Dims{1, bytes->size()}) : textOf("", Dims{0, 0});
 }
 
 Value bytesOf(const Typed& type, const Pointers& data, std::vector<std::size_t> lengths)
@@ -77,13 +78,13 @@ Value bytesOf(const Typed& type, const Pointers& data, std::vector<std::size_t> 
     return Value::numeric<std::uint8_t>(dimsOf(lengths, false), bytes);
 }
 
-std::string labelOf(const Typed& type, const Datum& datum)
+std::optional<std::string> labelOf(const Typed& type, const Datum& datum)
 {
     for (const TypedMember& member : type.members) {
         if (member.bits == datum.bits)
             return member.name;
     }
-    return "";
+    return std::nullopt;
 }
 
 template <class Convert> Value cells(const Pointers& data, const Dims& dims, const Convert& convert)
@@ -108,7 +109,7 @@ private:
 bool areAllMembers(const Typed& type, const Pointers& data)
 {
     return std::none_of(data.begin(), data.end(),
-                        [&](const Datum* datum) { return labelOf(type, *datum).empty(); });
+                        [&](const Datum* datum) { return !labelOf(type, *datum); });
 }
 
 // The integers as doubles, where each is small enough.
@@ -166,9 +167,9 @@ Value convert(const Typed& type, const Pointers& data, const std::vector<std::si
     }
     case Kind::string:
         if (data.size() == 1 && !style.isOther(2))
-            return textRow(data[0]->text.value_or(""));
+            return textRow(data[0]->text);
         return cells(data, dims,
-                     [](const Datum& datum) { return textRow(datum.text.value_or("")); });
+                     [](const Datum& datum) { return textRow(datum.text); });
     case Kind::enumeration:
         if (labels || (style.isOther(2) && areAllMembers(type, data)))
             return cells(data, dims, label);
