@@ -11,8 +11,10 @@ import tempfile
 import time
 import unittest
 
+import interpreter
+
 SUPPORT = os.environ["GRIDIO_SUPPORT_DIR"]
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
+INTERACTIVE = ("--norc", "--quiet", "--interactive", "--no-line-editing")
 CHUNKS = 100000
 SUM = CHUNKS * 64 * (CHUNKS * 64 - 1) // 2
 
@@ -38,10 +40,9 @@ class Interrupts(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
-        own = {"HOME": folder.name, "TMPDIR": folder.name, "OCTAVE_HISTFILE": str(self.folder / "history")}
         self.session = subprocess.Popen(
-            [OCTAVE, "--norc", "--quiet", "--interactive", "--no-line-editing", "--path", SUPPORT], cwd=folder.name,
-            env={**os.environ, **own}, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            interpreter.command(None, folders=[SUPPORT], options=INTERACTIVE), cwd=folder.name,
+            env=interpreter.environment(folder.name), text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
         self.addCleanup(self.end)
         self.say('PS1 (""); PS2 ("");\n' + REPORT)
@@ -122,8 +123,8 @@ class Interrupts(unittest.TestCase):
             fputs (stderr, "went on\\n");
         """)
         session = subprocess.Popen(
-            [OCTAVE, "--norc", "--quiet", "--path", SUPPORT, str(script)], cwd=self.folder, text=True,
-            env={**os.environ, "HOME": str(self.folder), "OCTAVE_HISTFILE": str(self.folder / "history")},
+            interpreter.command(script, folders=[SUPPORT]), cwd=self.folder, text=True,
+            env=interpreter.environment(self.folder),
             stdout=subprocess.PIPE, stderr=subprocess.PIPE,
             preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
         while not (self.folder / "ready").exists() and session.poll() is None:
