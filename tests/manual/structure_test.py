@@ -29,7 +29,7 @@ def declared_errors():
             r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*:\s*BaseMsgID\("([\w:]+)"', header):
         found[identifier] = len([word for word in constructor.split(",") if word.strip()])
     assert len(found) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
-    for source in [*(ROOT / "hosts" / "octave").rglob("*.cc"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
+    for source in [*(ROOT / "hosts" / "octave").rglob("*.cpp"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
         code = "\n".join(line for line in source.read_text().splitlines() if not re.match(r"\s*(%|#|//)", line))
         found.update((identifier, None) for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code))
     return found
