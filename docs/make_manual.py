@@ -48,7 +48,7 @@ def statuses_texinfo():
 
 
 def write_sources(folder):
-    """The whole texinfo source, with the parts that are made from elsewhere."""
+    """The whole texinfo source, including the generated parts."""
     shutil.copytree(CHAPTERS, folder, dirs_exist_ok=True)
     version = (ROOT / "VERSION").read_text().strip()
     (folder / "version.texi").write_text(f"@set VERSION {version}\n")

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "hosts/messages/subjects.h"
 
-#include "hosts/messages/name_room.h"
+#include "hosts/messages/name_buffer.h"
 #include "hosts/messages/visible_text.h"
 
 #include "abandoned_files.h"
@@ -42,10 +42,11 @@ bool isUnlimited(int ncid, int dimid)
 std::optional<Dimension> readDimension(int ncid, int dimid)
 {
     Dimension dimension;
-    if (nameRoom() == nullptr || nc_inq_dim(ncid, dimid, nameRoom(), &dimension.length) != NC_NOERR)
+    if (nameBuffer() == nullptr ||
+        nc_inq_dim(ncid, dimid, nameBuffer(), &dimension.length) != NC_NOERR)
         return std::nullopt;
     dimension.id = dimid;
-    dimension.name = nameInRoom();
+    dimension.name = bufferedName();
     dimension.isUnlimited = isUnlimited(ncid, dimid);
     return dimension;
 }
@@ -117,14 +118,14 @@ std::optional<Variable> variableOf(int ncid, int varid)
 {
     Variable variable;
     int rank = 0;
-    if (!isOpen(ncid) || varid < 0 || nameRoom() == nullptr ||
+    if (!isOpen(ncid) || varid < 0 || nameBuffer() == nullptr ||
         nc_inq_varndims(ncid, varid, &rank) != NC_NOERR || rank < 0 || rank > NC_MAX_VAR_DIMS)
         return std::nullopt;
     std::vector<int> dimids(static_cast<std::size_t>(rank));
-    if (nc_inq_var(ncid, varid, nameRoom(), &variable.type, nullptr, dimids.data(), nullptr) !=
+    if (nc_inq_var(ncid, varid, nameBuffer(), &variable.type, nullptr, dimids.data(), nullptr) !=
         NC_NOERR)
         return std::nullopt;
-    variable.name = nameInRoom();
+    variable.name = bufferedName();
     std::reverse(dimids.begin(), dimids.end());
     for (const int dimid : dimids) {
         const std::optional<Dimension> dimension = readDimension(ncid, dimid);

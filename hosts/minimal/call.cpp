@@ -42,6 +42,15 @@ std::vector<Value> takeResults(vxArray* const* slots)
     return results;
 }
 
+hosts::messages::OperationTable tableOf(Entry entry)
+{
+    using hosts::messages::OperationTable;
+
+    if (entry == plugAnyFunction)
+        return OperationTable::any;
+    return entry == plugDatasetFunction ? OperationTable::datasets : OperationTable::first;
+}
+
 // The exception in flight, whatever it is, as an error of the script. The text of one of the
 // module's looks at the arguments of the call, which are still alive.
 [[noreturn]] void raise(const hosts::messages::CallContext& context)
@@ -75,9 +84,7 @@ std::vector<Value> call(Entry entry, const std::vector<Value>& arguments, int nl
         entry(nlhs, slots, static_cast<int>(seen.size()), seen.data());
         return takeResults(slots);
     } catch (...) {
-        raise({seen.data(), seen.size(),
-               entry == plugAnyFunction ? hosts::messages::OperationTable::any
-                                        : hosts::messages::OperationTable::first});
+        raise({seen.data(), seen.size(), tableOf(entry)});
     }
 }
 

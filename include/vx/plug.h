@@ -26,6 +26,10 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
 // from plugFunction only in that some results are set only if nlhs requests them.
 void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
+// Defined by the module: its third entry, for the operations that the host's dataset classes use.
+// In all else it is like plugAnyFunction.
+void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
 // Defined by the host: registers the function to be called once, when the host unloads the module
 // or ends, before the module's static objects are destroyed. The last registration replaces earlier
 // ones. It must be cheap: the module repeats it at every call.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Cell arrays and structures: what the module sees of those that a script passes, and those that it
-// makes.
+// Cell arrays and structures: the module's view of those that a script passes, and those that it
+// creates.
 #include "tests/standalone/stand_in_module.h"
 
 #include "vx/text.h"

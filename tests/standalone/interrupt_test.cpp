@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Asking whether to go on, and going no further.
+// Checking for an interrupt, and raising it.
 #include "tests/standalone/stand_in_module.h"
 
 #include "vx/interrupt.h"

@@ -149,7 +149,7 @@ TEST(MessageCatalogue, FallsBackOnTheIdentifierAndItsArguments)
               "other:unlisted: a, -5, \xC3\xA9");
 }
 
-TEST(StatusAdvice, IsOnlyForNamesItKnows)
+TEST(StatusAdvice, ExistsOnlyForKnownNames)
 {
     for (const char* codeName : {"2", "13", "NC_EHDFERR", "NC_ENOTNC", "NC_EINVALCOORDS"})
         EXPECT_NE(hosts::messages::statusAdvice(codeName), nullptr) << codeName;

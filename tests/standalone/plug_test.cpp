@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Entering the module and leaving it for good.
+// Calling the module and unloading it.
 #include "tests/standalone/stand_in_module.h"
 
 #include "error_identifiers.h"

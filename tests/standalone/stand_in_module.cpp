@@ -33,6 +33,11 @@ void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argu
     plugFunction(nlhs, results, nrhs, arguments);
 }
 
+void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    plugFunction(nlhs, results, nrhs, arguments);
+}
+
 void HostContract::moduleDoes(ModuleBody body) { moduleBody() = std::move(body); }
 
 standalone::Outcome HostContract::inCall(ModuleBody body,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A module whose every operation is what the test says.
+// A module whose operation is a function of the test.
 #pragma once
 
 #include "hosts/standalone/host.h"
@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-// What a call of plugFunction is made with.
+// The arguments of a call of plugFunction.
 struct Call {
     int nlhs;
     vxArray** results;
@@ -20,20 +20,20 @@ struct Call {
 
 using ModuleBody = std::function<void(const Call&)>;
 
-// A host with clean books for each test.
+// A host with empty records for each test.
 class HostContract : public testing::Test {
 protected:
-    // What plugFunction does from now on.
+    // Sets the function that plugFunction calls from now on.
     void moduleDoes(ModuleBody body);
 
     // The module's side of one call, with these arguments (the first names no operation here).
     standalone::Outcome inCall(ModuleBody body,
                                const std::vector<standalone::Value>& arguments = {}, int nlhs = 1);
 
-    // The array that create makes in a call, as the call's result.
+    // The array that create returns in a call, as the call's result.
     standalone::Value created(const std::function<vxArray*()>& create);
 
-    // The module did nothing against its side of the contract, and left nothing allocated.
+    // Checks that the module kept its side of the contract, and left nothing allocated.
     void TearDown() override;
 
     // Called by a test that breaks the contract on purpose.

@@ -17,7 +17,7 @@ protected:
 
 bool isSurrogate(unsigned unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
 
-TEST_F(Text, OfACharArrayIsItsUnitsInStorageOrderWhateverTheShape)
+TEST_F(Text, IsTheUnitsOfACharArrayInStorageOrder)
 {
     EXPECT_EQ(vxGetText(Value::text({2, 3}, u"adbecf").array()), u"adbecf");
     EXPECT_EQ(vxGetText(Value::text({1, 2, 2}, u"abcd").array()), u"abcd");
@@ -65,7 +65,7 @@ TEST_F(Text, ReplacesLoneSurrogates)
         EXPECT_EQ(narrow(c.units), c.narrow);
 }
 
-TEST_F(Text, OfAStringReplacesWhatIsMalformed)
+TEST_F(Text, ReplacesMalformedCharactersOfAString)
 {
     const char* malformed[] = {"\x80",         "\xC3",         "\xE2\x82",         "\xC0\xAF",
                                "\xED\xA0\x80", "\xF8\x88\x80", "\xF4\x90\x80\x80", "\xFF"};

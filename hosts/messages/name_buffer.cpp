@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "hosts/messages/name_room.h"
+#include "hosts/messages/name_buffer.h"
 
 #include <sys/mman.h>
 
@@ -42,12 +42,12 @@ Reservation reservation;
 
 } // namespace
 
-char* nameRoom() { return reservation.get(); }
+char* nameBuffer() { return reservation.get(); }
 
-std::string nameInRoom()
+std::string bufferedName()
 {
     constexpr std::size_t longestText = 1024;
-    const char* first = nameRoom();
+    const char* first = nameBuffer();
     return first == nullptr ? "" : std::string(first, strnlen(first, longestText));
 }
 

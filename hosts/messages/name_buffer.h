@@ -9,9 +9,9 @@ namespace hosts::messages {
 // A buffer for one name, shared by all calls; null if there is not enough address space. The
 // library copies names of classic files whole, without reporting their length first, and a hostile
 // file may have one of half a gibibyte. Only address space is reserved.
-char* nameRoom();
+char* nameBuffer();
 
 // The name that the library wrote there, cut to the length that a message may show.
-std::string nameInRoom();
+std::string bufferedName();
 
 } // namespace hosts::messages
