@@ -4,8 +4,9 @@
 
 Leaves html/index.html and gridio.info in the folder, and gridio.pdf where texi2pdf and a TeX are installed.
 """
+import functools
+import os
 import pathlib
-import re
 import shutil
 import subprocess
 import sys
@@ -16,21 +17,23 @@ import operation_entries
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CHAPTERS = ROOT / "docs" / "manual"
-ADVICE = ROOT / "hosts" / "messages" / "status_advice.cpp"
+ADVICE = ("docs/list_status_advice.cpp", "hosts/messages/status_advice.cpp")
 
 
+@functools.lru_cache(maxsize=None)
 def status_advice():
-    """[(heading, [(status, advice), ...]), ...], as in the error messages."""
-    source = ADVICE.read_text(encoding="ascii")
-    table = source[source.index("constexpr Advice advice[]"):]
+    """[(heading, [(status, advice), ...]), ...] as the error messages give it, printed by a program that is compiled with it."""
+    with tempfile.TemporaryDirectory() as folder:
+        program = os.path.join(folder, "list_status_advice")
+        subprocess.run([os.environ.get("CXX", "c++"), "-std=c++17", "-I", ".", "-o", program, *ADVICE], cwd=ROOT, check=True)
+        printed = subprocess.run([program], capture_output=True, text=True, check=True).stdout
     sections = []
-    for comment, status, text in re.findall(
-            r'^    // (.+)\.$|^    \{"(\w+)",((?:\s*"(?:[^"\\]|\\.)*")+)\}', table[:table.index("\n};")], re.M):
-        if comment:
-            sections.append((comment, []))
+    for line in printed.splitlines():
+        status, tab, text = line.partition("\t")
+        if tab:
+            sections[-1][1].append((status, text))
         else:
-            words = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', text))
-            sections[-1][1].append((status, words.replace('\\"', '"')))
+            sections.append((status, []))
     return sections
 
 

@@ -44,5 +44,6 @@ int main()
     } catch (const minimal::Error& error) {
         std::cout << error.identifier() << '\n';
     }
-    minimal::unload(); // warns on stderr, and closes the file that is still open
+    gridio("close", {ncid});
+    minimal::unload(); // would close files that are still open, with a warning
 }

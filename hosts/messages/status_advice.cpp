@@ -9,14 +9,9 @@ namespace hosts::messages {
 
 namespace {
 
-struct Advice {
-    const char* codeName;
-    const char* text;
-};
-
 // clang-format off
-constexpr Advice advice[] = {
-    // System errors.
+constexpr StatusAdvice advice[] = {
+    {nullptr, "System errors"},
     {"2", "There is no such file or folder: check the path, and that the folder to create a file in exists."},
     {"13", "The permissions of the file or its folder forbid it. Creating a netCDF-4 file also fails so if its "
            "folder does not exist or the path is a folder's, and if the same file is still open: in another "
@@ -31,7 +26,7 @@ constexpr Advice advice[] = {
     {"28", "The disk is full."},
     {"36", "The name of the file is too long for the file system: choose a shorter one."},
 
-    // Files and identifiers.
+    {nullptr, "Files and identifiers"},
     {"NC_EBADID", "ncid is not the identifier of an open file: the file was closed, or never opened. "
                   "gridio_open_files() lists those that are open. When opening or creating, the library has 65535 "
                   "files open, and cannot open more."},
@@ -57,14 +52,14 @@ constexpr Advice advice[] = {
     {"NC_ENOMEM", "There is not enough memory: read or write a part at a time."},
     {"NC_ETRUNC", "The file is shorter than it says: it was cut short, or not closed by the program that wrote it."},
 
-    // Define mode.
+    {nullptr, "Define mode"},
     {"NC_ENOTINDEFINE", "The file is in data mode, where definitions are not allowed: call gridio(\"redef\", ncid) first."},
     {"NC_EINDEFINE", "The file is in define mode, where data cannot be read or written: call gridio(\"endDef\", ncid) first."},
     {"NC_ELATEDEF", "A variable's storage settings and fill value are set right after \"defVar\", before the "
                     "definitions end and data are written."},
     {"NC_ELATEFILL", "A fill value is set right after \"defVar\", before the definitions end and data are written."},
 
-    // Names and identifiers inside a file.
+    {nullptr, "Names and identifiers inside a file"},
     {"NC_ENAMEINUSE", "A file or group has one dimension, variable, attribute or group of a name: choose another name, or "
                       "use the existing one (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find it)."},
     {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with "
@@ -95,7 +90,7 @@ constexpr Advice advice[] = {
                    "\"netcdf4\"."},
     {"NC_EBADCHUNK", "Chunk sizes go from 1 to the length of their dimension, fastest dimension first."},
 
-    // Data.
+    {nullptr, "Data"},
     {"NC_EINVALCOORDS", "START, or what STRIDE leads to from there, lies past the end of a dimension. START is "
                         "zero-based: it goes from 0 to the length less 1. Its order is that of the array, fastest "
                         "dimension first, as \"inqVar\" lists them; ncdump lists them the other way round."},
@@ -108,7 +103,7 @@ constexpr Advice advice[] = {
     {"NC_ECHAR", "Text and numbers are not converted into each other: text is read and written with the operations "
                  "that end in \"Text\", numbers with the others."},
 
-    // Remote access.
+    {nullptr, "Remote access"},
     {"NC_EDAP", "The remote server's answer was not understood: check the address."},
     {"NC_ECURL", "The remote server was not reached: check the address and the network."},
     {"NC_EIO", "The remote server was not reached, or there is no such data set there: check the address and the "
@@ -124,9 +119,13 @@ constexpr Advice advice[] = {
 
 const char* statusAdvice(const std::string& codeName)
 {
-    const auto found = std::find_if(std::begin(advice), std::end(advice),
-                                    [&](const Advice& row) { return codeName == row.codeName; });
+    const auto found =
+        std::find_if(std::begin(advice), std::end(advice), [&](const StatusAdvice& row) {
+            return row.codeName != nullptr && codeName == row.codeName;
+        });
     return found == std::end(advice) ? nullptr : found->text;
 }
+
+std::vector<StatusAdvice> everyStatusAdvice() { return {std::begin(advice), std::end(advice)}; }
 
 } // namespace hosts::messages

@@ -43,6 +43,15 @@ std::vector<Value> takeResults(vxArray* const* slots)
     return results;
 }
 
+hosts::messages::OperationTable tableOf(Entry entry)
+{
+    using hosts::messages::OperationTable;
+
+    if (entry == plugAnyFunction)
+        return OperationTable::any;
+    return entry == plugDatasetFunction ? OperationTable::datasets : OperationTable::first;
+}
+
 // The current exception, of any type, as an error of the script. The text of a module's error is
 // composed from the arguments of the call, which still exist.
 [[noreturn]] void raise(const hosts::messages::CallContext& context)
@@ -76,9 +85,7 @@ std::vector<Value> call(Entry entry, const std::vector<Value>& arguments, int nl
         entry(nlhs, slots, static_cast<int>(seen.size()), seen.data());
         return takeResults(slots);
     } catch (...) {
-        raise({seen.data(), seen.size(),
-               entry == plugAnyFunction ? hosts::messages::OperationTable::any
-                                        : hosts::messages::OperationTable::first});
+        raise({seen.data(), seen.size(), tableOf(entry)});
     }
 }
 

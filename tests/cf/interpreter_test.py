@@ -44,7 +44,7 @@ class Datenum(unittest.TestCase):
             rows = [" ".join(answer[:5]) + f" {int(answer[5]) + int(answer[6]) / 1e6!r}\n" for answer in answers]
             pathlib.Path(folder, "parts.txt").write_text("".join(rows))
             pathlib.Path(folder, "script.m").write_text(SCRIPT)
-            printed = lines_of([OCTAVE_CLI, "--norc", "--quiet", "script.m"], folder)
+            printed = lines_of([OCTAVE_CLI, "--norc", "--no-history", "--quiet", "script.m"], folder)
         theirs, texts = [float(line) for line in printed[:len(values)]], printed[len(values):]
 
         for answer, their in zip(answers, theirs, strict=True):

@@ -16,7 +16,7 @@ import print_signatures  # noqa: E402
 
 FUNCTIONS = ("gridio", "gridio_any")
 PROSE = ("README.md", "NEWS", "CONTRIBUTING.md", "docs/reliability.md", "docs/performance.md", "docs/operations/preface.txt",
-         "docs/manual/*.texi", "hosts/octave/package/DESCRIPTION.in", "hosts/octave/*.cc", "hosts/octave/inst/*.m", "src/*/*.h",
+         "docs/manual/*.texi", "hosts/octave/package/DESCRIPTION.in", "hosts/octave/*.cpp", "hosts/octave/inst/*.m", "src/*/*.h",
          "src/*/*.cpp", "include/*.h", "include/vx/*.h")
 
 

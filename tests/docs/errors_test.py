@@ -8,6 +8,7 @@ import unittest
 import interpreter
 import operation_entries
 
+HERE = pathlib.Path(__file__).resolve().parent
 COMMON = operation_entries.Common()
 ENTRIES = operation_entries.read_all_entries()
 
@@ -40,7 +41,7 @@ def errors_of(calls, setup=()):
     with tempfile.TemporaryDirectory() as folder:
         lines = pathlib.Path(folder, "calls.txt")
         lines.write_text("\n".join(calls) + "\n")
-        printed = interpreter.run(interpreter.HERE / "raise_errors.m", lines, *setup).splitlines()
+        printed = interpreter.text_of(HERE / "raise_errors.m", lines, *setup).splitlines()
     assert len(printed) == len(calls)
     return [line.split("\t") for line in printed]
 
@@ -83,7 +84,7 @@ class BadArguments(unittest.TestCase):
 
 
 class Refusals(unittest.TestCase):
-    setup = [interpreter.HERE / "refusals_setup.m"]
+    setup = [HERE / "refusals_setup.m"]
 
     def check(self, cases, setup):
         for (name, status, code), (raised, message) in zip(cases, errors_of([c[2] for c in cases], setup)):
@@ -114,7 +115,7 @@ class Refusals(unittest.TestCase):
     def test_bear_the_statuses_that_the_entries_name(self):
         generic = {"NC_EBADID", "NC_ENOTVAR"}
         for function, file in ((operation_entries.FIRST, "refusals.txt"), (operation_entries.ANY, "refusals_any.txt")):
-            lines = (interpreter.HERE / file).read_text().splitlines()
+            lines = (HERE / file).read_text().splitlines()
             cases = [line.split(" ", 2) for line in lines if not line.startswith("#")]
             named = {(e.name, status) for e in ENTRIES if e.function == function and self.is_shown(e)
                      for status, _ in e.statuses if status not in generic}

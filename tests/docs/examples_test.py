@@ -7,6 +7,7 @@ import unittest
 import interpreter
 import operation_entries
 
+HERE = pathlib.Path(__file__).resolve().parent
 ENTRIES = operation_entries.read_all_entries()
 
 
@@ -19,7 +20,7 @@ class EveryExample(unittest.TestCase):
             outputs.mkdir()
             for entry in ENTRIES:
                 (examples / f"{entry.title()}.txt").write_text("\n".join(entry.example) + "\n")
-            interpreter.run(interpreter.HERE / "run_examples.m", examples, outputs)
+            interpreter.text_of(HERE / "run_examples.m", examples, outputs)
             cls.printed = {path.stem: path.read_text().splitlines() for path in outputs.iterdir()}
 
     def test_prints_what_its_entry_says_and_leaves_no_file_open(self):

@@ -9,6 +9,7 @@ import interpreter
 import make_operations
 import operation_entries
 
+HERE = pathlib.Path(__file__).resolve().parent
 ENTRIES = operation_entries.read_all_entries()
 
 
@@ -16,7 +17,7 @@ def run_code(code):
     with tempfile.TemporaryDirectory() as folder:
         script = pathlib.Path(folder, "script.m")
         script.write_text(code)
-        return interpreter.run(script)
+        return interpreter.text_of(script)
 
 
 class Selftest(unittest.TestCase):
@@ -45,7 +46,7 @@ class Behaviour(unittest.TestCase):
             names = pathlib.Path(folder, "names.txt")
             every_name = list(dict.fromkeys(entry.name for entry in ENTRIES))
             names.write_text("\n".join(every_name) + "\n")
-            printed = interpreter.run(interpreter.HERE / "help_entries.m", names)
+            printed = interpreter.text_of(HERE / "help_entries.m", names)
         expected = ""
         for name in every_name:
             those = ["\n".join(make_operations.text_entry(entry)) + "\n" for entry in ENTRIES if entry.name == name]

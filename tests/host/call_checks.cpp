@@ -109,6 +109,7 @@ std::vector<CheckEntry> callChecks()
     return {
         {"CallsMayLeaveArraysBehind", 2, "returns", leaveArrays, anyResult},
         {"CallsReachTheSecondEntry", 2, "second", leaveArrays, anyResult},
+        {"CallsReachTheThirdEntry", 2, "third", leaveArrays, anyResult},
         {"CallsRaiseErrors", 2, "raises", raise},
         {"CallsUnwindForErrors", 1, "returns", unwoundBefore},
         {"CallsPassOutOfMemory", 2, "memory", memory},

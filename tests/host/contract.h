@@ -10,6 +10,7 @@
 //
 //     returns     with so many RESULTS
 //     second      the same, called by the second entry
+//     third       the same, called by the third entry
 //     warns       the same, with a warning of the identifier contract:warning
 //     raises      an error with the identifier contract:error
 //     memory      the host's out-of-memory error

@@ -21,7 +21,7 @@ template <class Value> struct Ended {
 //     std::vector<Value> samples                those of samples.txt
 //     Value text(std::string)                   a row of text
 //     std::string bytes(Value)                  and back
-//     Ended<Value> call(bool isSecond, std::vector<Value>)
+//     Ended<Value> call(std::string entry, std::vector<Value>)   "first", "second", "third"
 //     std::size_t warningCount()                warnings contract:warning so far
 //     memory, interrupt                         identifiers of the host's own errors
 //     void unload()
@@ -33,7 +33,7 @@ public:
 
     int run()
     {
-        std::istringstream list(script_.bytes(call(false, "checks", {}).results.at(0)));
+        std::istringstream list(script_.bytes(call("first", "checks", {}).results.at(0)));
         std::string name;
         std::string ending;
         std::size_t results = 0;
@@ -49,17 +49,18 @@ public:
     }
 
 private:
-    Ended<Value> call(bool isSecond, const std::string& name, std::vector<Value> arguments)
+    Ended<Value> call(const std::string& entry, const std::string& name,
+                      std::vector<Value> arguments)
     {
         arguments.insert(arguments.begin(), script_.text(name));
-        return script_.call(isSecond, arguments);
+        return script_.call(entry, arguments);
     }
 
     std::string runCheck(const std::string& name, std::size_t results, const std::string& ending)
     {
         const std::size_t warnings = script_.warningCount();
-        const bool isSecond = ending == "second";
-        const Ended<Value> ended = call(isSecond, name, script_.samples);
+        const std::string entry = ending == "second" || ending == "third" ? ending : "first";
+        const Ended<Value> ended = call(entry, name, script_.samples);
         if (ending == "raises" || ending == "memory" || ending == "interrupt" || ending == "fails")
             return checkRaised(ended, ending);
         if (!ended.identifier.empty())
@@ -72,7 +73,7 @@ private:
         if (!failures.empty() || results == 1)
             return failures;
         const Ended<Value> again =
-            call(isSecond, "again:" + name, {ended.results.begin() + 1, ended.results.end()});
+            call(entry, "again:" + name, {ended.results.begin() + 1, ended.results.end()});
         return again.identifier.empty() ? script_.bytes(again.results.at(0))
                                         : "raised " + again.identifier + " when passed back";
     }

@@ -71,6 +71,13 @@ private:
     std::streambuf* printed_;
 };
 
+minimal::Entry entryOf(const std::string& name)
+{
+    return name == "second"  ? plugAnyFunction
+           : name == "third" ? plugDatasetFunction
+                             : plugFunction;
+}
+
 struct Script {
     using Value = minimal::Value;
 
@@ -125,10 +132,11 @@ struct Script {
         return {units, units + value->count};
     }
 
-    static contract::Ended<Value> call(bool isSecond, const std::vector<Value>& arguments)
+    static contract::Ended<Value> call(const std::string& entry,
+                                       const std::vector<Value>& arguments)
     {
         try {
-            return {minimal::call(isSecond ? plugAnyFunction : plugFunction, arguments, 5), ""};
+            return {minimal::call(entryOf(entry), arguments, 5), ""};
         } catch (const minimal::Error& error) {
             return {{}, error.identifier()};
         }

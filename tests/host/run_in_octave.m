@@ -11,6 +11,8 @@ function failures = check(name, count, ending, samples)
     entry = @gridio;
     if strcmp(ending, 'second')
         entry = @gridio_any;
+    elseif strcmp(ending, 'third')
+        entry = @gridio_native;
     end
     lastwarn('', '');
     results = cell(1, count);
@@ -56,7 +58,7 @@ for i = 1:numel(list{1})
         printf('FAILED %s: %s\n', list{1}{i}, failures);
     end
 end
-clear gridio gridio_any
+clear gridio gridio_any gridio_native
 fflush(stdout);
 unwind_protect
     gridio('CallsPassInterrupts', samples{:});

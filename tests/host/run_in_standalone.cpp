@@ -13,6 +13,13 @@ namespace {
 using standalone::Host;
 using standalone::Outcome;
 
+standalone::Entry entryOf(const std::string& name)
+{
+    return name == "second"  ? plugAnyFunction
+           : name == "third" ? plugDatasetFunction
+                             : plugFunction;
+}
+
 struct Script {
     using Value = standalone::Value;
 
@@ -58,9 +65,9 @@ struct Script {
     static Value text(const std::string& bytes) { return {bytes}; }
     static std::string bytes(const Value& value) { return value.toText(); }
 
-    contract::Ended<Value> call(bool isSecond, const std::vector<Value>& arguments)
+    contract::Ended<Value> call(const std::string& entry, const std::vector<Value>& arguments)
     {
-        Outcome outcome = host.attemptRaw(arguments, 5, isSecond ? plugAnyFunction : plugFunction);
+        Outcome outcome = host.attemptRaw(arguments, 5, entryOf(entry));
         return {outcome.results, outcome.raised ? outcome.raised->identifier : ""};
     }
 

@@ -10,7 +10,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides the file's own folder
-SOURCES = {".h", ".cpp", ".cc"}
+SOURCES = {".h", ".cpp"}
 
 # From the lowest layer up. None is the layer of the operations: every other folder of src.
 LAYERS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
@@ -108,8 +108,8 @@ class IncludeEdges(unittest.TestCase):
             ("src/any/x.cpp", "src/types/x.h"),
             ("src/types/x.cpp", "src/data/elements/x.h"),
             ("src/gateway/x.cpp", "src/files/x.h"),
-            ("hosts/octave/x.cc", "hosts/messages/x.h"),
-            ("hosts/octave/x.cc", "include/x.h"),
+            ("hosts/octave/x.cpp", "hosts/messages/x.h"),
+            ("hosts/octave/x.cpp", "include/x.h"),
         ):
             self.assertTrue(may_include(includer, included), f"{includer} -> {included}")
 

@@ -10,7 +10,7 @@ import subprocess
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-SOURCES = {".cc", ".cpp", ".h", ".in", ".m", ".md", ".py", ".sh", ".texi", ".tst", ".txt"}
+SOURCES = {".cpp", ".h", ".in", ".m", ".md", ".py", ".sh", ".texi", ".tst", ".txt"}
 PHRASES = {
     r"\btold\b": "reported, given, distinguished",
     r"\bto be had\b": "available",

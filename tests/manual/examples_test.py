@@ -7,7 +7,6 @@ examples_test.py [--accept] [CHAPTER.texi...]   --accept writes what the example
 import os
 import pathlib
 import re
-import subprocess
 import sys
 import tempfile
 import textwrap
@@ -15,8 +14,9 @@ import textwrap
 import manual_source
 
 HERE = pathlib.Path(__file__).resolve().parent
-sys.path.insert(0, str(HERE.parent / "remote"))
+sys.path[:0] = [str(HERE.parent / "remote"), str(HERE.parent / "support")]
 import dap2_server
+import interpreter
 
 # The manual's name of the server for its examples on remote data.
 SERVER = "http://data.example.org"
@@ -76,12 +76,8 @@ def run(chains, server):
             steps.mkdir()
             for name, text in steps_of(chain, server):
                 (steps / name).write_text(text, encoding="utf-8")
-        command = [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
-                   "--path", os.path.abspath(os.environ["GRIDIO_OCT_DIR"]),
-                   "--path", os.path.abspath(os.environ["GRIDIO_INST_DIR"]),
-                   str(HERE / "run_chains.m"), folder]
-        done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=300,
-                              env={**os.environ, "OCTAVE_HISTFILE": os.devnull, "http_proxy": "", "no_proxy": "*"})
+        done = interpreter.run(HERE / "run_chains.m", folder, folders=(interpreter.oct_folder(), interpreter.INST), text=True,
+                               timeout=300)
         # The library itself reports on stderr that a server was not reached.
         if done.returncode != 0 or re.search("^error: ", done.stderr, re.M):
             sys.exit(f"the session failed: {done}")

@@ -5,7 +5,7 @@ import pathlib
 import re
 
 CHAPTERS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "manual"
-KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program")
+KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program", "commands")
 WIDTH = 80  # so that an example fits a page
 
 

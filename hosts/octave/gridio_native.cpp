@@ -15,7 +15,7 @@ void nothingBefore(const octave_value_list&) {}
 
 } // namespace
 
-// As in gridio.cc: the interpreter finds the function by this symbol.
+// As in gridio.cpp: the interpreter finds the function by this symbol.
 extern "C" __attribute__((visibility("default"))) octave_function*
 Ggridio_native(const octave::dynamic_library& library, bool isRelative);
 

@@ -88,7 +88,7 @@ octave_value answerTo(const std::string& question)
 
 } // namespace
 
-// As in gridio.cc: the interpreter finds the function by this symbol.
+// As in gridio.cpp: the interpreter finds the function by this symbol.
 extern "C" __attribute__((visibility("default"))) octave_function*
 G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 
