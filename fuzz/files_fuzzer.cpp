@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Opens the input as a file and reads all that it is said to hold.
+// Opens the input as a file and reads everything that its header declares.
 #include "fuzz/session.h"
 
 #include "fuzz/classic_header.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The kinds of failure that the operations on values of any type add to error_identifiers.h. A
-// place is where in the values something stands, such as "field 2 'depth', element 7": counted from
-// 1, in the order of storage.
+// place is a position within the values, such as "field 2 'depth', element 7", counted from 1 in
+// storage order.
 #pragma once
 
 #include "vx/error.h"
@@ -12,7 +12,7 @@ namespace Ovard::gridio::any {
 
 using msgcat::MessageText;
 
-// Values, or a part of them, are not of the class that their type needs.
+// Values, or a part of them, do not have the class that their type needs.
 struct badValueClass : msgcat::BaseMsgID {
     badValueClass(const std::string& place, const std::string& expected)
         : BaseMsgID("Ovard:gridio:any:badValueClass", {MessageText(place), MessageText(expected)})
@@ -37,7 +37,7 @@ struct valueDoesNotFit : msgcat::BaseMsgID {
     }
 };
 
-// A label is none of the enumeration's; members are listed with commas between them.
+// A label is not a member of the enumeration; members are listed with commas between them.
 struct unknownLabel : msgcat::BaseMsgID {
     unknownLabel(const std::string& place, const std::string& label, const std::string& type,
                  const std::string& members)
@@ -56,7 +56,7 @@ struct missingField : msgcat::BaseMsgID {
     }
 };
 
-// A structure has a field that its compound type has not.
+// A structure has a field that its compound type does not have.
 struct surplusField : msgcat::BaseMsgID {
     surplusField(const std::string& place, const std::string& field, const std::string& type)
         : BaseMsgID("Ovard:gridio:any:surplusField",
@@ -65,7 +65,7 @@ struct surplusField : msgcat::BaseMsgID {
     }
 };
 
-// A text that is to be stored as a string holds a NUL, where the string would end.
+// A text to be stored as a string contains a NUL, where the string would end.
 struct textHoldsNul : msgcat::BaseMsgID {
     explicit textHoldsNul(const std::string& place)
         : BaseMsgID("Ovard:gridio:any:textHoldsNul", {MessageText(place)})
@@ -81,8 +81,8 @@ struct damagedType : msgcat::BaseMsgID {
     }
 };
 
-// A compound type whose fields do not lie as in a C structure, in which the library reads and
-// writes them all the same.
+// A compound type whose fields are not laid out as in a C structure, although the library reads and
+// writes them so.
 struct unalignedType : msgcat::BaseMsgID {
     unalignedType(const std::string& type, const std::string& layout)
         : BaseMsgID("Ovard:gridio:any:unalignedType", {MessageText(type), MessageText(layout)})
@@ -90,8 +90,8 @@ struct unalignedType : msgcat::BaseMsgID {
     }
 };
 
-// A type whose values the file stores in another layout or byte order than this machine has them in
-// memory, which the library would write wrong.
+// A type whose values the file stores in another layout or byte order than this machine's memory:
+// the library would write them incorrectly.
 struct foreignType : msgcat::BaseMsgID {
     explicit foreignType(const std::string& type)
         : BaseMsgID("Ovard:gridio:any:foreignType", {MessageText(type)})
@@ -99,7 +99,7 @@ struct foreignType : msgcat::BaseMsgID {
     }
 };
 
-// A word is none of those that an argument takes; words are listed with commas between them.
+// A word is not one of those that an argument accepts; words are listed with commas between them.
 struct unrecognizedWord : msgcat::BaseMsgID {
     unrecognizedWord(const std::string& parameter, const std::string& word,
                      const std::string& words)

@@ -113,7 +113,7 @@ struct badModeDatatype : msgcat::BaseMsgID {
     badModeDatatype() : BaseMsgID("Ovard:gridio:netcdf:badModeDatatype") {}
 };
 
-// A mode word is not known; the word comes in upper case.
+// A mode word is not known; the argument is the word in upper case.
 struct unrecognizedFileMode : msgcat::BaseMsgID {
     explicit unrecognizedFileMode(const std::string& modeWord)
         : BaseMsgID("Ovard:gridio:netcdf:unrecognizedFileMode", {MessageText(modeWord)})
@@ -121,7 +121,7 @@ struct unrecognizedFileMode : msgcat::BaseMsgID {
     }
 };
 
-// There is no constant of that name; the name comes as it was looked up.
+// There is no constant of that name; the argument is the name as it was looked up.
 struct unrecognizedCharParameter : msgcat::BaseMsgID {
     explicit unrecognizedCharParameter(const std::string& constantName)
         : BaseMsgID("Ovard:gridio:netcdf:unrecognizedCharParameter", {MessageText(constantName)})
@@ -137,7 +137,7 @@ struct unknownNetCDFFormat : msgcat::BaseMsgID {
     }
 };
 
-// A variable inquiry was given the global pseudo-variable.
+// A variable inquiry was called with the global pseudo-variable (NC_GLOBAL).
 struct inqVarNcGlobal : msgcat::BaseMsgID {
     inqVarNcGlobal() : BaseMsgID("Ovard:gridio:netcdf:inqVarNcGlobal") {}
 };
@@ -187,7 +187,7 @@ struct attemptedChecksumInquiryOnNetcdf3File : msgcat::BaseMsgID {
     }
 };
 
-// A fill value was asked for a type that has none here.
+// A fill value was set or inquired for a type without fill values here.
 struct unhandledFillDatatype : msgcat::BaseMsgID {
     explicit unhandledFillDatatype(long externalType)
         : BaseMsgID("Ovard:gridio:netcdf:unhandledFillDatatype", {externalType})
@@ -224,7 +224,7 @@ struct countNotEqualToData : msgcat::BaseMsgID {
     }
 };
 
-// START, COUNT or STRIDE has not one element for each dimension of the variable.
+// START, COUNT or STRIDE does not have one element for each dimension of the variable.
 struct badIndexArgumentLength : msgcat::BaseMsgID {
     badIndexArgumentLength(const std::string& label, const std::string& variable,
                            long lengthRequired, long lengthGiven)

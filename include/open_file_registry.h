@@ -5,19 +5,19 @@
 
 namespace Ovard::gridio {
 
-// Adds a file identifier; one already held stays as it is. Called after the library opened the
-// file. Should memory run out, the file is closed again before std::bad_alloc leaves, so that it is
-// never lost.
+// Adds a file identifier; adding it twice has no effect. Called after the library opened the file.
+// If memory runs out, the file is closed before std::bad_alloc is thrown, so that it is never lost.
 void registerOpenFile(int ncid);
 
-// Removes a file identifier; one not held is no error. Called after the library closed the file.
+// Removes a file identifier; an unknown one is not an error. Called after the library closed the
+// file.
 void unregisterOpenFile(int ncid);
 
 bool isRegisteredFile(int ncid);
 
-// The unload handler: warns once with closingFileHandle when any file is held that this process
-// opened, then closes each of those with nc_close, in ascending order of identifier, whatever the
-// library answers. Raises nothing.
+// The unload handler: warns once with closingFileHandle if this process has opened a file that is
+// still registered, then closes each such file with nc_close, in ascending order of identifiers,
+// ignoring failures. Raises nothing.
 void closeRegisteredFiles();
 
 } // namespace Ovard::gridio

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One row of the operation table, and what a handler is.
+// One row of the operation table, and the type of its handler.
 #pragma once
 
 #include "vx/array.h"
@@ -18,7 +18,7 @@ using HandlerFunction = void(int nlhs, vxArray* plhs[], int nargs, const vxArray
 using Handler = HandlerFunction*;
 
 struct OperationEntry {
-    std::int32_t code;   // tells a handler that serves several names which one was called
+    std::int32_t code;   // identifies the operation to a handler that serves several
     const char* name;    // as scripts write it, case-sensitive
     std::uint32_t nargs; // arguments expected after the name
     Handler handler;

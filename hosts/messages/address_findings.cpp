@@ -26,7 +26,7 @@ bool holdsSomething(const std::string& folder)
     if (entries == nullptr)
         return false;
     int count = 0;
-    while (count <= 2 && readdir(entries) != nullptr) // itself and the folder around it are two
+    while (count <= 2 && readdir(entries) != nullptr) // "." and ".."
         ++count;
     closedir(entries);
     return count > 2;

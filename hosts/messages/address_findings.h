@@ -7,8 +7,8 @@
 
 namespace hosts::messages {
 
-// That the folder of a local address holds something that would be lost, or that the kind of store
-// is missing behind "zarr". Nothing when nothing was found.
+// Reports that the folder of a local address holds something that would be lost, or that the kind
+// of store is missing after "zarr". Empty if neither applies.
 std::string findAddressProblem(const std::string& address);
 
 } // namespace hosts::messages

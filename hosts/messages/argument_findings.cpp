@@ -118,7 +118,7 @@ struct Finder {
     std::string (*find)(const FailedCall& call);
 };
 
-// Those of the calls that are about an open file.
+// The errors of calls that concern an open file.
 constexpr Finder finders[] = {
     {"Ovard:gridio:validate:argumentOutOfBounds", findArgumentOutOfBounds},
     {"Ovard:gridio:netcdf:emptyVariableData", findSizeOfVariable},

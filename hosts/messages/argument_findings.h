@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What is found out about a call that gridio itself refused before it asked the library.
+// Findings about a call that gridio itself refused before it called the library.
 #pragma once
 
 #include "hosts/messages/call_context.h"
@@ -9,8 +9,8 @@
 
 namespace hosts::messages {
 
-// Sentences to be added to the message of the identifier, each line on its own: what was given, and
-// what the call is about. Empty when nothing was found.
+// Sentences to be added to the message of the identifier, each on its own line: the argument given,
+// and the file and variable of the call. Empty when nothing was found.
 std::string argumentFinding(std::string_view identifier, const FailedCall& call);
 
 } // namespace hosts::messages

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The call that failed, as the text of its error looks at it: by the names of its arguments.
+// The call that failed, with access to its arguments by name, for the text of its error.
 #pragma once
 
 #include "hosts/messages/operation_forms.h"
@@ -14,8 +14,8 @@
 
 namespace hosts::messages {
 
-// The arguments of plugFunction or plugAnyFunction, which are alive while the text is made. The
-// first names the operation of that table.
+// The arguments of plugFunction or plugAnyFunction, which must outlive this object. The first names
+// the operation of that table.
 struct CallContext {
     const vxArray* const* arguments;
     std::size_t count;
@@ -31,20 +31,21 @@ public:
     // Null without any argument.
     const vxArray* operationArgument() const;
 
-    // Up to its first NUL, as the module takes it; empty when it is no text.
+    // Up to its first NUL, as the module reads it; empty if it is not text.
     const std::string& operation() const { return operation_; }
 
     OperationTable table() const { return context_.table; }
 
-    // Null for an operation that does not exist, and for one that has another number of arguments.
+    // Null if the operation does not exist or has another number of arguments.
     const OperationForm* form() const { return form_; }
 
     // By the parameter's name in the form; null when the operation has no such parameter.
     const vxArray* argument(std::string_view parameter) const;
     bool has(std::string_view parameter) const { return argument(parameter) != nullptr; }
 
-    // What the argument holds; nothing when it is missing or holds something else. Numbers come as
-    // the module takes them: of any numeric class, and one that is no identifier gives nothing.
+    // The argument's value; nullopt if it is missing or of another kind. Numbers are read as the
+    // module reads them, from any numeric class; a number that cannot be an identifier gives
+    // nullopt.
     std::optional<double> number(std::string_view parameter) const;
     std::optional<int> identifier(std::string_view parameter) const;
     std::optional<std::string> text(std::string_view parameter) const;
@@ -56,12 +57,12 @@ private:
     const OperationForm* form_ = nullptr;
 };
 
-// The elements of an array of any numeric class, empty for all others and for more than mostNumbers
+// The elements of an array of any numeric class; empty for all others and for more than mostNumbers
 // elements.
 constexpr std::size_t mostNumbers = 4096;
 std::vector<double> numbersOf(const vxArray* array);
 
-// A char array in the narrow encoding, at most so much of it as a message may need; nothing for
+// A char array in the narrow encoding, cut to the length that a message may need; nullopt for
 // another class.
 std::optional<std::string> textOf(const vxArray* array);
 
@@ -69,7 +70,7 @@ std::optional<std::string> textOf(const vxArray* array);
 // double)".
 std::string describeValue(const vxArray* array);
 
-// "double", "char", "object or function" for a class that has no name here.
+// "double", "char"; "object or function" for a class without a name here.
 const char* className(vxClassID classId);
 
 } // namespace hosts::messages

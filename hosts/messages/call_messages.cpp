@@ -15,9 +15,9 @@ namespace hosts::messages {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Places = std::optional<Texts>; // nothing when the text does not apply
+using Places = std::optional<Texts>; // nullopt if the text does not apply
 
-// The argument that the error names; of several with that name, the first that is wrong.
+// The argument that the error names; if several have that name, the first that is wrong.
 template <class IsWrong>
 const vxArray* namedArgument(const FailedCall& call, const Texts& errorArguments,
                              const IsWrong& isWrong)
@@ -54,7 +54,7 @@ bool isNoCharacter(const vxArray* array)
     return vxGetClassID(array) != vxCHAR_CLASS || vxGetNumberOfElements(array) != 1;
 }
 
-// Where the number that an argument stands for comes from.
+// How a script gets the number that an argument needs.
 std::string sourceOf(const std::string& parameter, bool isGivenText)
 {
     struct Source {
@@ -203,11 +203,11 @@ Places indexOfScalar(const Texts& arguments, const FailedCall& call)
 
 struct CallMessage {
     std::string_view identifier;
-    const char* text; // {1}, {2}, ... are the places of what find gives
+    const char* text; // {1}, {2}, ... are replaced by the results of find
     Places (*find)(const Texts& errorArguments, const FailedCall& call);
 };
 
-// The first row that applies holds.
+// The first row that applies is used.
 // clang-format off
 constexpr CallMessage rows[] = {
     {"Ovard:gridio:netcdf:unrecognizedOperation",
@@ -230,8 +230,8 @@ constexpr CallMessage rows[] = {
     {"Ovard:gridio:netcdf:argumentWasNotChar",
      "The argument {1} must be text, a char array, and is {2}.", whatIsNoText},
     {"Ovard:gridio:netcdf:expectedLogicalType",
-     "The argument {1} must be a logical scalar, true or false, and is {2}. The numbers 1 and 0 are not taken for "
-     "them.", whatIsNoFlag},
+     "The argument {1} must be a logical scalar, true or false, and is {2}. The numbers 1 and 0 are not "
+     "accepted.", whatIsNoFlag},
     {"Ovard:gridio:netcdf:badModeDatatype",
      "The mode must be text, such as \"write\", or a number of class double or int32, and is {1}.", whatIsNoMode},
     {"Ovard:gridio:netcdf:badRowDatatype",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The texts of errors whose call is known, in place of the general ones of message_catalogue.cpp.
+// The texts of errors whose call is known, which replace the general ones of message_catalogue.cpp.
 #pragma once
 
 #include "hosts/messages/call_context.h"

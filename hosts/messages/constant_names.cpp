@@ -49,7 +49,7 @@ std::vector<std::string> constantNames()
     return std::vector<std::string>(std::begin(names), std::end(names));
 }
 
-// What all have in common says nothing about which is nearest.
+// A prefix that all names share does not help to find the nearest.
 std::vector<std::string> nearConstantNames(std::string_view name)
 {
     std::vector<std::string> others;

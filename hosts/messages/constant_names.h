@@ -11,7 +11,7 @@ namespace hosts::messages {
 // As "getConstantNames" lists them; a test compares both.
 std::vector<std::string> constantNames();
 
-// Those that a misspelt name may stand for, which may lack its "NC_".
+// The constants that a misspelt name may mean, with or without "NC_".
 std::vector<std::string> nearConstantNames(std::string_view name);
 
 } // namespace hosts::messages

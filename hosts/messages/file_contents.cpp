@@ -20,7 +20,7 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::string_view hdf5Signature = "\x89HDF\r\n\x1a\n"sv;
-constexpr long long lastSuperblock = 1 << 20; // a user block before it is seldom larger
+constexpr long long lastSuperblock = 1 << 20; // a user block before it is rarely larger
 
 struct Kind {
     std::string_view beginning;
@@ -55,10 +55,10 @@ std::uint64_t littleEndian(std::string_view bytes)
     return number;
 }
 
-// After the fixed fields stand the base address, another address, and the end of the file.
+// After the fixed fields come the base address, another address, and the end of the file.
 std::optional<Superblock> readSuperblock(std::string_view bytes)
 {
-    constexpr std::size_t shortest = 14; // up to the last of the widths of addresses
+    constexpr std::size_t shortest = 14; // up to and including the address widths
     if (bytes.size() < shortest || bytes.substr(0, hdf5Signature.size()) != hdf5Signature)
         return std::nullopt;
     const auto version = static_cast<unsigned char>(bytes[8]);
@@ -83,7 +83,7 @@ std::optional<Superblock> findSuperblock(const LookedAtFile& file)
 
 } // namespace
 
-// Only a regular file is opened: opening a pipe or a device may do something.
+// Only a regular file is opened: opening a pipe or a device may have side effects.
 LookedAtFile::LookedAtFile(const std::string& path)
 {
     struct stat status = {};
@@ -149,7 +149,7 @@ std::string findDamagedSuperblock(const LookedAtFile& file, const std::string& p
                ". It was copied incompletely, or the program that wrote it did not close it.";
     if (superblock->isBeingWritten)
         return what + " is marked as being written: by a program that has it open, or by one that "
-                      "ended without closing it (\"h5clear -s\" takes the mark off).";
+                      "ended without closing it (\"h5clear -s\" clears the mark).";
     return "";
 }
 

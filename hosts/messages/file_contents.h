@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the first bytes of a file say about it. Read with read(2) alone: opening a file with the
-// netCDF or HDF5 library a second time would disturb what they have open.
+// What the first bytes of a file show. They are read with read(2) only: opening a file a second
+// time with the netCDF or HDF5 library would disturb the files that they have open.
 #pragma once
 
 #include <string>
 
 namespace hosts::messages {
 
-// A file descriptor for looking at a file, closed at the end. Never blocks.
+// A file descriptor for inspecting a file, closed at the end of the scope. Opening never blocks.
 class LookedAtFile {
 public:
     explicit LookedAtFile(const std::string& path);
@@ -20,9 +20,9 @@ public:
     int error() const
     {
         return error_;
-    } // why it could not be opened: an errno, or 0 for what is no file
+    } // why it could not be opened: an errno, or 0 if it is not a regular file
 
-    // As many bytes as there are.
+    // Fewer bytes if the file is shorter.
     std::string bytes(long long offset, std::size_t count) const;
 
 private:
@@ -30,13 +30,13 @@ private:
     int error_ = 0;
 };
 
-// Whether the file begins as one that HDF5 wrote, whole or not.
+// Whether the file begins like an HDF5 file, complete or not.
 bool isHdf5(const LookedAtFile& file);
 
-// Sentences, or nothing when the file begins as a netCDF file does. path: as messages show it.
+// Sentences; empty if the file begins like a netCDF file. path: as messages show it.
 std::string findForeignContents(const LookedAtFile& file, const std::string& path);
 
-// That the file is shorter than its HDF5 superblock says, or is marked as being written.
+// Reports that the file is shorter than its HDF5 superblock says, or is marked as being written.
 std::string findDamagedSuperblock(const LookedAtFile& file, const std::string& path);
 
 } // namespace hosts::messages

@@ -23,7 +23,7 @@ bool isCreating(const FailedCall& call)
     return call.operation() == "create" || call.operation() == "pCreate";
 }
 
-// The flags that the mode argument stands for, as far as they matter here.
+// The flags of the mode argument, as far as they matter here.
 int flagsOf(const FailedCall& call)
 {
     if (const std::optional<double> number = call.number("mode"))
@@ -60,7 +60,7 @@ std::string findProblemOfOpenFile(const FailedCall& call)
     const std::optional<int> ncid = call.identifier(call.has("ncid_out") ? "ncid_out" : "ncid");
     if (ncid && Ovard::gridio::isAbandonedFile(*ncid))
         return "HDF5 could not close the file, which is abandoned: " + std::to_string(*ncid) +
-               " stands for no file any more. What was written before is in the file.";
+               " no longer identifies a file. What was written before is in the file.";
     const std::string path = ncid ? pathOf(*ncid) : "";
     if (path.empty() || isAddress(path))
         return "";
@@ -70,7 +70,7 @@ std::string findProblemOfOpenFile(const FailedCall& call)
     }
     if (access(path.c_str(), F_OK) != 0)
         return "There is no file " + inQuotes(path) + " any more.";
-    // Of a file that is being written, the superblock and the length are yet to come.
+    // While a file is being written, its superblock and length are not final.
     return isWritable(*ncid) ? ""
                              : findDamagedSuperblock(LookedAtFile(path), resolvedPathOf(*ncid));
 }

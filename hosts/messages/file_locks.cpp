@@ -31,7 +31,7 @@ bool isSameFile(const std::string& path, const struct stat& wanted)
            status.st_ino == wanted.st_ino;
 }
 
-// HDF5 takes no locks when this says so.
+// HDF5 takes no locks if this variable says so.
 bool areLocksUsed()
 {
     const char* setting = std::getenv("HDF5_USE_FILE_LOCKING");
@@ -65,12 +65,12 @@ long lockHolder(const struct stat& status)
     return 0;
 }
 
-// True when the lock could be had, or cannot be tried; it is given back at once.
+// True if the lock could be taken, or cannot be tried; it is released at once.
 bool canLock(int descriptor, int kind)
 {
     if (flock(descriptor, kind | LOCK_NB) != 0)
         return errno != EWOULDBLOCK;
-    static_cast<void>(flock(descriptor, LOCK_UN)); // closing would do it as well
+    static_cast<void>(flock(descriptor, LOCK_UN)); // closing would release it as well
     return true;
 }
 
@@ -84,8 +84,8 @@ std::string findOpenHere(const std::string& path, bool forCreating)
     for (int number = 1; number <= mostOpenFiles; ++number) {
         const int ncid = identifierOf(number);
         std::size_t length = 0;
-        if (Ovard::gridio::isAbandonedFile(ncid) || nc_inq_path(ncid, &length, nullptr) != NC_NOERR ||
-            !isSameFile(pathOf(ncid), wanted))
+        if (Ovard::gridio::isAbandonedFile(ncid) ||
+            nc_inq_path(ncid, &length, nullptr) != NC_NOERR || !isSameFile(pathOf(ncid), wanted))
             continue;
         if (!isHdf5(ncid) || (!forCreating && isWritable(ncid)))
             continue;

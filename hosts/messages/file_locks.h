@@ -8,16 +8,16 @@
 
 namespace hosts::messages {
 
-// That the library has the very file open in this process, as a netCDF-4 file, and so that it can
-// be opened neither for writing (it is open for reading) nor to be created anew.
+// Reports that this process has the same netCDF-4 file open, so that it can be neither opened for
+// writing (if it is open for reading) nor created anew.
 std::string findOpenHere(const std::string& path, bool forCreating);
 
-// That a lock is held which HDF5 would not share: for reading a writer's, for writing anyone's.
-// path: as messages show it. Tries the same lock for a moment, through a descriptor of its own, so
-// that no lock of this process is lost.
+// Reports that a lock is held with which HDF5's would conflict: for reading a writer's lock, for
+// writing any. path: as messages show it. Tries the same lock briefly, through its own descriptor,
+// so that no lock of this process is lost.
 std::string findLock(const LookedAtFile& file, const std::string& path, bool forWriting);
 
-// How many files the library has open. It has numbers for mostOpenFiles.
+// How many files the library has open; it can have at most mostOpenFiles.
 constexpr int mostOpenFiles = 65535;
 int openFileCount();
 

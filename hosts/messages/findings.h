@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What is found out about a call that the library refused, by the status that it gave: sentences
-// that name the things concerned, or nothing. Each looks and changes nothing.
+// Findings about a call that the library refused, by its status: sentences that name the objects
+// concerned, or nothing. Every function only inquires and changes nothing.
 #pragma once
 
 #include "hosts/messages/call_context.h"
@@ -9,17 +9,17 @@
 
 namespace hosts::messages {
 
-// A thing that is looked up by a name or an identifier, and is not there: the nearest name, what
-// there is, where else it is.
+// For an object that does not exist under the name or identifier given: the nearest name, the
+// existing names, and other groups that have it.
 std::string findMissingVariable(const FailedCall& call);
 std::string findMissingDimension(const FailedCall& call);
 std::string findMissingAttribute(const FailedCall& call);
 std::string findMissingGroup(const FailedCall& call);
 
-// Which of the identifiers is no open file's.
+// Which of the identifiers does not belong to an open file.
 std::string findClosedFile(const FailedCall& call);
 
-// What already has the name, and what is wrong with a name.
+// Which object already has the name, and what is wrong with a name.
 std::string findNameInUse(const FailedCall& call);
 std::string findBadName(const FailedCall& call);
 

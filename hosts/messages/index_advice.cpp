@@ -39,7 +39,7 @@ Block blockOf(const FailedCall& call)
     return block;
 }
 
-// Where the last element would lie, and one more.
+// One more than the position of the last element.
 double endOf(const Block& block, std::size_t i)
 {
     return block.count[i] < 1 ? block.start[i]
@@ -112,7 +112,7 @@ std::string describeExcess(const Block& block, std::size_t i, const Variable& va
     return past + ": positions go from 0 to " + numberText(length - 1) + ".";
 }
 
-// The first element of an index vector that is not as it should be.
+// The first invalid element of an index vector.
 template <class IsWrong> std::string findElement(const FailedCall& call, const IsWrong& isWrong)
 {
     for (const std::string_view label : {"START", "COUNT", "STRIDE"}) {

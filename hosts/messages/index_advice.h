@@ -9,7 +9,7 @@
 
 namespace hosts::messages {
 
-// Each of these gives sentences, or nothing when it finds nothing.
+// Each function returns sentences, or an empty text if it finds nothing.
 
 // Which of the dimensions START, COUNT and STRIDE reach past, and by how much; whether they would
 // fit in the reverse order.
@@ -25,7 +25,7 @@ std::string findIndexNotFinite(const FailedCall& call);
 // 'along dimension "time" (third of 3, length 12)'
 std::string describePlace(const Variable& variable, std::size_t dimension);
 
-// The variable that the call is about, if it has one.
+// The variable of the call, if it has one.
 std::optional<Variable> variableOfCall(const FailedCall& call);
 
 } // namespace hosts::messages

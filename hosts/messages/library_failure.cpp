@@ -19,7 +19,7 @@ enum class Advice { follows, isReplaced };
 struct Finder {
     const char* codeName;
     std::string (*find)(const FailedCall& call);
-    Advice advice; // the general advice for the status, once something was found
+    Advice advice; // whether the general advice follows a finding
 };
 
 // clang-format off
@@ -60,15 +60,15 @@ constexpr Finder finders[] = {
 };
 // clang-format on
 
-// Of a status without a row: anything may be wrong with a file that is to be opened, and a system
-// error is about the file, too.
+// For a status without a row: when a file is opened, anything about it may be wrong, and a system
+// error concerns the file, too.
 std::string findAnyCause(const std::string& codeName, const FailedCall& call)
 {
     const bool isSystemError = !codeName.empty() && codeName[0] >= '0' && codeName[0] <= '9';
     return call.has("file") || isSystemError ? findFileProblem(call) : findInvalidArgument(call);
 }
 
-// The library's table of open files is full: it then answers as if an identifier were bad.
+// The library's table of open files is full: it then reports a bad identifier.
 std::string findFullTable(const FailedCall& call)
 {
     if (!call.has("file") || openFileCount() < mostOpenFiles)
@@ -78,7 +78,7 @@ std::string findFullTable(const FailedCall& call)
            "gridio(\"close\", ncid); gridio_open_files() lists them.";
 }
 
-// A copy is refused for what it is written to, unless the attribute is missing where it is read.
+// A copy is refused because of its destination, unless the source lacks the attribute.
 std::string subjectOf(const std::string& codeName, const FailedCall& call)
 {
     const bool isOut = call.has("ncid_out") && codeName != "NC_ENOTATT";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The lines that follow the library's own words when it refused a call.
+// The lines that follow the library's own text when it refused a call.
 #pragma once
 
 #include "hosts/messages/call_context.h"
@@ -8,8 +8,8 @@
 
 namespace hosts::messages {
 
-// What was found out about the call, what to do, and what the call was about: each on a line of its
-// own, or left out. Without a call, what to do alone. Empty when there is nothing to say.
+// The findings, the advice, and the file and variable of the call, each on its own line or left
+// out. Without a call, only the advice. May be empty.
 std::string libraryFailureLines(const std::string& codeName, const FailedCall* call);
 
 } // namespace hosts::messages

@@ -22,7 +22,7 @@ namespace {
 
 struct Message {
     std::string_view identifier;
-    const char* text; // {1}, {2}, ... are the places of the arguments
+    const char* text; // {1}, {2}, ... are replaced by the arguments
 };
 
 // clang-format off
@@ -47,7 +47,7 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:netcdf:argumentWasNotChar",
      "The argument \"{1}\" must be text: a char array."},
     {"Ovard:gridio:netcdf:expectedLogicalType",
-     "The argument \"{1}\" must be a logical scalar: true or false. The numbers 1 and 0 are not taken for them."},
+     "The argument \"{1}\" must be a logical scalar: true or false. The numbers 1 and 0 are not accepted."},
     {"Ovard:gridio:netcdf:emptyVariableData",
      "The values to write are empty: give as many as the variable, or the part of it, holds."},
     {"Ovard:gridio:netcdf:argumentIsEmpty",
@@ -130,13 +130,18 @@ constexpr Message catalogue[] = {
      "The description of the type \"{1}\" contradicts itself or is incomplete: the file is damaged, or a compound type "
      "has no fields yet."},
     {"Ovard:gridio:any:unalignedType",
-     "The fields of the compound type \"{1}\" do not lie as in a C structure, and the library would read them wrong. "
-     "Define them so: {2}."},
+     "The fields of the compound type \"{1}\" are not laid out as in a C structure: the library would misread them. "
+     "Define them like this: {2}."},
     {"Ovard:gridio:any:foreignType",
-     "The file stores values of the type \"{1}\" in a form of its own (packed, with a fixed length, or in another byte "
-     "order), and the library would write them wrong. They can be read: copy them to a new file, and write there."},
+     "The file stores values of the type \"{1}\" in a form (packed, with a fixed length, or in another byte "
+     "order) that the library would write incorrectly. They can be read: copy them to a new file, and write there."},
     {"Ovard:gridio:any:unrecognizedWord",
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
+
+    // Datasets.
+    {"Ovard:gridio:datasets:unreadableTime", "The {1} {2} cannot be used: {3}."},
+    {"Ovard:gridio:datasets:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
+    {"Ovard:gridio:datasets:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on
 
@@ -150,7 +155,7 @@ struct AsText : boost::static_visitor<std::string> {
     }
 };
 
-// A script may pass anything for a name.
+// A script may pass a text of any length as a name.
 std::string shortened(std::string text)
 {
     constexpr std::size_t mostBytes = 100000;
@@ -183,7 +188,7 @@ bool isLibraryFailure(std::string_view identifier)
            identifier == "Ovard:gridio:netcdf:librarydapFailure";
 }
 
-// A look at the call must not cost the message: of an error in making it, nothing is shown.
+// An inquiry about the call must not prevent the message: if it fails, its finding is left out.
 template <class Look> auto lookedUp(const Look& look) -> decltype(look())
 {
     try {
@@ -201,7 +206,7 @@ std::string generalText(std::string_view identifier, const std::vector<std::stri
                                       : fillPlaces(row->text, arguments);
 }
 
-// What stands below the first lines: on lines of its own, so that the first stay as they are.
+// The lines below the message; the message itself stays unchanged.
 std::string linesBelow(std::string_view identifier, const std::vector<std::string>& arguments,
                        const FailedCall* call)
 {

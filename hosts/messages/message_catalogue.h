@@ -11,9 +11,9 @@
 namespace hosts::messages {
 
 // The text of an identifier with its arguments filled in, in the narrow encoding, with control
-// characters spelled out. With the call that raised it, the text names what it is about and what
-// was found out about it; that look changes nothing, and when it fails the general text remains. An
-// identifier without a text of its own gives the identifier followed by its arguments.
+// characters escaped. If the call that raised it is given, the text also names its file and
+// variable and the findings; these inquiries change nothing, and if they fail the general text
+// remains. An identifier without a text gives the identifier followed by its arguments.
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* call = nullptr);
 
 } // namespace hosts::messages

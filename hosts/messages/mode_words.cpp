@@ -12,7 +12,7 @@ struct ForeignWord {
     const char* meaning;
 };
 
-// Of other programs and of the interpreter's own fopen.
+// Modes of other programs and of the interpreter's fopen.
 constexpr ForeignWord foreignWords[] = {
     {"r", "nowrite"},        {"rb", "nowrite"},        {"read", "nowrite"},
     {"readonly", "nowrite"}, {"read-only", "nowrite"}, {"read_only", "nowrite"},

@@ -8,8 +8,8 @@
 
 namespace hosts::messages {
 
-// Those that a word may stand for that is none: a misspelt one, or one of another program, such as
-// "r" or "read".
+// The mode words that an unknown word may mean: it may be misspelt, or a mode of another program,
+// such as "r" or "read".
 std::vector<std::string> nearModeWords(std::string_view word);
 
 } // namespace hosts::messages

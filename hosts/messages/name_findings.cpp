@@ -79,7 +79,7 @@ std::string describeIdentifiers(const std::vector<std::string>& names, const std
            quotedNames(names, mostListed, "and") + ".";
 }
 
-// An identifier one beyond the last was counted from 1.
+// An identifier one beyond the last was probably counted from 1.
 std::string findMissingIdentifier(const std::string& what, double id,
                                   const std::vector<std::string>& names, int ncid)
 {
@@ -92,7 +92,7 @@ bool isAmong(const std::vector<std::string>& names, const std::string& name)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// The name that the call gives to something; the second of two.
+// The new name that the call gives; of two names, the second.
 std::optional<std::string> newName(const FailedCall& call)
 {
     return call.has("new_name") ? call.text("new_name") : call.text("name");

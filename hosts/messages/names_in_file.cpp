@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The names of subjects.h: of what a file holds, and of types.
-#include "hosts/messages/name_room.h"
+// The names that subjects.h declares: of objects in a file, and of types.
+#include "hosts/messages/name_buffer.h"
 #include "hosts/messages/subjects.h"
 #include "hosts/messages/visible_text.h"
 
@@ -10,12 +10,11 @@ namespace hosts::messages {
 
 namespace {
 
-// A library call for each name while a message is made: enough to find a misspelt one, and never a
-// long wait.
+// Each name takes a library call: enough to find a misspelt one without a noticeable delay.
 constexpr int mostNames = 2000;
 constexpr std::size_t mostGroups = 500;
 
-// The identifiers that such a call lists: nc_inq_varids and others.
+// The identifiers that a call such as nc_inq_varids lists.
 template <class Inquire> std::vector<int> identifiers(const Inquire& inquire)
 {
     int count = 0;
@@ -28,14 +27,14 @@ template <class Inquire> std::vector<int> identifiers(const Inquire& inquire)
     return ids;
 }
 
-// The name of each identifier of which there is one.
+// The names of the identifiers that have one.
 template <class Inquire>
 std::vector<std::string> namesOf(const std::vector<int>& ids, const Inquire& inquire)
 {
     std::vector<std::string> names;
     for (const int id : ids)
-        if (nameRoom() != nullptr && inquire(id, nameRoom()) == NC_NOERR)
-            names.push_back(nameInRoom());
+        if (nameBuffer() != nullptr && inquire(id, nameBuffer()) == NC_NOERR)
+            names.push_back(bufferedName());
     return names;
 }
 
@@ -122,15 +121,15 @@ std::string typeName(int ncid, nc_type type)
         return names[type];
 
     int kind = 0;
-    if (!isOpen(ncid) || nameRoom() == nullptr ||
-        nc_inq_user_type(ncid, type, nameRoom(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
+    if (!isOpen(ncid) || nameBuffer() == nullptr ||
+        nc_inq_user_type(ncid, type, nameBuffer(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
         return "number " + std::to_string(type);
     const char* word = kind == NC_ENUM       ? "enum"
                        : kind == NC_VLEN     ? "variable-length"
                        : kind == NC_COMPOUND ? "compound"
                        : kind == NC_OPAQUE   ? "opaque"
                                              : "user-defined";
-    return std::string("the ") + word + " type " + inQuotes(nameInRoom());
+    return std::string("the ") + word + " type " + inQuotes(bufferedName());
 }
 
 std::string describeType(int ncid, nc_type type)

@@ -9,7 +9,7 @@ namespace hosts::messages {
 namespace {
 
 constexpr std::size_t mostNames = 3;
-constexpr std::size_t longestName = 256; // longer ones are not compared: the effort is quadratic
+constexpr std::size_t longestName = 256; // longer ones are not compared: the cost is quadratic
 constexpr std::size_t shortestPart = 3;
 
 std::string inLowerCase(std::string_view text)
@@ -76,7 +76,7 @@ std::vector<std::string> nearNames(std::string_view word, const std::vector<std:
             found.emplace_back(difference, &name);
     }
 
-    std::sort(found.begin(), found.end()); // of the same difference in the order of the names
+    std::sort(found.begin(), found.end()); // names of equal distance stay in order
     std::vector<std::string> nearest;
     for (const auto& [difference, name] : found) {
         const bool isAlone = !found.empty() && found.front().first == 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where an open file lies. The library keeps its path as it was given, which a change of the
-// session's folder makes useless.
+// The path of an open file. The library keeps it as it was given, so a relative path becomes wrong
+// when the session changes its folder.
 #include "hosts/messages/subjects.h"
 
 #include <sys/stat.h>
@@ -13,7 +13,7 @@ namespace hosts::messages {
 
 namespace {
 
-// Whether one of this process's descriptors is of that file: one of the first, as a rule.
+// Whether one of this process's descriptors refers to that file; usually one of the first.
 bool isOpenFile(const struct stat& wanted)
 {
     constexpr int mostDescriptors = 1024;

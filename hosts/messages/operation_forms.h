@@ -23,7 +23,7 @@ enum class ParameterKind {
     rawSingle,
     fillValue,
     data,
-    integer64, // and those below: of gridio_any alone
+    integer64, // and those below: of gridio_any only
     unsigned32,
     singleNumber,
     type,
@@ -33,19 +33,20 @@ enum class ParameterKind {
 };
 
 struct Parameter {
-    std::string_view name;      // as the form of the call shows it: "ncid", "START"
-    std::string_view errorName; // as the module's errors call it: "deflate level"
+    std::string_view name;      // in the form of the call: "ncid", "START"
+    std::string_view errorName; // in the module's errors: "deflate level"
     ParameterKind kind;
 };
 
-// The module's two tables of operations: that of gridio, and that of gridio_any.
-enum class OperationTable { first, any };
+// The module's tables of operations: that of gridio, that of gridio_any, and that of the dataset
+// classes, whose operations have no forms.
+enum class OperationTable { first, any, datasets };
 
 struct OperationForm {
     static constexpr std::size_t mostParameters = 6;
 
     std::string_view name;
-    std::string_view results; // "[name, dim_length]", "varid"; empty without results
+    std::string_view results; // "[name, dim_length]", "varid"; empty if there are none
     Parameter parameters[mostParameters];
     std::size_t parameterCount;
     vxClassID dataClass; // of the values that it writes; vxUNKNOWN_CLASS if it writes none
@@ -55,7 +56,7 @@ struct OperationForm {
 const OperationForm* beginOperationForms();
 const OperationForm* endOperationForms();
 
-// Null for a name that is no operation's of that table.
+// Null if that table has no operation of the name.
 const OperationForm* findOperationForm(std::string_view name,
                                        OperationTable table = OperationTable::first);
 

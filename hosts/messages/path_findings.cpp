@@ -42,7 +42,7 @@ std::string folderOf(const std::string& path)
 
 std::string nameOf(const std::string& path)
 {
-    const std::size_t end = path.find_last_not_of('/') + 1; // 0 when there are slashes only
+    const std::size_t end = path.find_last_not_of('/') + 1; // 0 if there are only slashes
     const std::size_t slash = end == 0 ? std::string::npos : path.rfind('/', end - 1);
     return path.substr(slash + 1, end - slash - 1);
 }
@@ -62,7 +62,7 @@ std::vector<std::string> filesIn(const std::string& folder)
     return names;
 }
 
-// The uppermost folder of the path that does not exist, or is none.
+// The uppermost folder of the path that does not exist or is not a folder.
 std::string findMissingFolder(const std::string& path, Purpose purpose)
 {
     const std::string folder = folderOf(path);
@@ -73,7 +73,7 @@ std::string findMissingFolder(const std::string& path, Purpose purpose)
         return inQuotes(resolvedPath(folder)) + " is a file, not a folder: check the path.";
     }
     if (errno == EACCES)
-        return "You may not look into the folder " + inQuotes(folderOf(folder)) + ".";
+        return "You have no permission to search the folder " + inQuotes(folderOf(folder)) + ".";
     if (folder != "/" && folder != ".") {
         const std::string above = findMissingFolder(folder, purpose);
         if (!above.empty())
@@ -215,7 +215,8 @@ std::string findPathProblem(const std::string& path, Purpose purpose)
         return "The name of the file is too long: it has " + std::to_string(nameOf(path).size()) +
                " bytes. Choose a shorter one.";
     if (errno == EACCES)
-        return "You may not look into the folder " + inQuotes(resolvedPath(folderOf(path))) + ".";
+        return "You have no permission to search the folder " +
+               inQuotes(resolvedPath(folderOf(path))) + ".";
     if (errno != ENOENT)
         return "";
     if (purpose != Purpose::creating)
@@ -235,10 +236,10 @@ std::string findNoSpace(const std::string& path)
         const auto blocks = geteuid() == 0 ? system.f_bfree : system.f_bavail;
         const unsigned long long bytes = static_cast<unsigned long long>(blocks) * system.f_frsize;
         if (bytes < littleSpace && system.f_blocks > 0)
-            return "The disk that " + shown + " lies on is full: " + std::to_string(bytes) +
+            return "The disk of " + shown + " is full: " + std::to_string(bytes) +
                    " bytes are left.";
         if (system.f_files > 0 && system.f_ffree == 0)
-            return "The disk that " + shown + " lies on has no room for another file.";
+            return "The disk of " + shown + " has no space for another file.";
     }
     struct rlimit limit = {};
     struct stat status = {};

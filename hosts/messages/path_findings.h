@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Why a path cannot be opened or created, as far as the operating system tells.
+// Why a path cannot be opened or created, as far as the operating system shows.
 #pragma once
 
 #include <string>
@@ -8,17 +8,17 @@ namespace hosts::messages {
 
 enum class Purpose { reading, writing, creating };
 
-// Sentences that name the path as it was resolved, or nothing when nothing was found. Writes
-// nothing.
+// Sentences that name the resolved path, or an empty text if nothing was found. Writes nothing.
 std::string findPathProblem(const std::string& path, Purpose purpose);
 
-// That the file system of the path is full, or the session may not write so large a file.
+// Reports that the file system of the path is full, or that the session may not write such a large
+// file.
 std::string findNoSpace(const std::string& path);
 
-// That the session may not open any more descriptors.
+// Reports that the session may not open any more descriptors.
 std::string findNoDescriptors();
 
-// With the folder resolved: "/home/me/data/field.nc" for "data/field.nc". The path itself when its
+// The path with its folder resolved: "/home/me/data/field.nc" for "data/field.nc"; unchanged if its
 // folder does not exist.
 std::string resolvedPath(const std::string& path);
 

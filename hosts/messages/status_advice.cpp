@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Advice by status, from the causes that the library was seen to answer with it.
+// Advice by status, from the causes for which the library was observed to report it.
 #include "hosts/messages/status_advice.h"
 
 #include <algorithm>
@@ -18,8 +18,8 @@ struct Advice {
 constexpr Advice advice[] = {
     // System errors.
     {"2", "There is no such file or folder: check the path, and that the folder to create a file in exists."},
-    {"13", "The permissions of the file or its folder forbid it. Creating a netCDF-4 file also ends so when its "
-           "folder does not exist or the path is a folder's, and when the same file is still open: in another "
+    {"13", "The permissions of the file or its folder forbid it. Creating a netCDF-4 file also fails so if its "
+           "folder does not exist or the path is a folder's, and if the same file is still open: in another "
            "program, or here (gridio_open_files() lists those)."},
     {"20", "A part of the path that should be a folder is a file: check the path."},
     {"21", "The path is that of a folder: add the name of a file."},
@@ -45,7 +45,7 @@ constexpr Advice advice[] = {
                   "storage). When opening, the file may have been cut short."},
     {"NC_EPERM", "The file is open for reading only: open it with the mode \"write\"."},
     {"NC_ENOTNC", "This is not a netCDF file, or it is empty or a folder: check the path."},
-    {"NC_EHDFERR", "The HDF5 library refused. When opening, the file is usually locked: another program is writing "
+    {"NC_EHDFERR", "The HDF5 library failed. When opening, the file is usually locked: another program is writing "
                    "it (or reading it, if it is opened for writing here), so wait until that has closed it, or "
                    "close it there. Otherwise the file is damaged, perhaps cut short while it was copied or "
                    "written. When reading or writing, the file is damaged or the disk full."},
@@ -66,7 +66,7 @@ constexpr Advice advice[] = {
 
     // Names and identifiers inside a file.
     {"NC_ENAMEINUSE", "A file or group has one dimension, variable, attribute or group of a name: choose another name, or "
-                      "use what is there (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find it)."},
+                      "use the existing one (\"inqDimID\", \"inqVarID\" and \"inqNcid\" find it)."},
     {"NC_EBADNAME", "A name must not be empty, hold a slash, begin with a blank or a special character, or end with "
                     "a blank."},
     {"NC_EMAXNAME", "A name may have at most 256 bytes."},
@@ -105,7 +105,7 @@ constexpr Advice advice[] = {
     {"NC_ESTRIDE", "Each element of STRIDE must be 1 or more."},
     {"NC_ERANGE", "Some values do not fit the type that they were converted to; the others were converted. Use an "
                   "operation of a wider type, or give the variable one."},
-    {"NC_ECHAR", "Text and numbers are not converted to one another: text is read and written with the operations "
+    {"NC_ECHAR", "Text and numbers are not converted into each other: text is read and written with the operations "
                  "that end in \"Text\", numbers with the others."},
 
     // Remote access.

@@ -6,8 +6,8 @@
 
 namespace hosts::messages {
 
-// One or two sentences for the name of a status ("NC_EEDGE", or "2" for a system error); null when
-// there is nothing to say beyond the library's own message.
+// One or two sentences for the name of a status ("NC_EEDGE", or "2" for a system error); null if
+// there is nothing to add to the library's own message.
 const char* statusAdvice(const std::string& codeName);
 
 } // namespace hosts::messages

@@ -4,7 +4,6 @@
 #include "hosts/messages/index_advice.h"
 #include "hosts/messages/subjects.h"
 #include "hosts/messages/visible_text.h"
-#include "hosts/messages/where_to_read.h"
 
 #include <algorithm>
 #include <cctype>
@@ -33,7 +32,7 @@ constexpr Range ranges[] = {
 
 bool begins(const std::string& text, const char* start) { return text.rfind(start, 0) == 0; }
 
-// "getVara" of "getVaraDouble": what the operations of one family share.
+// "getVara" for "getVaraDouble": the name of the family.
 std::string familyOf(const std::string& operation)
 {
     constexpr std::size_t shortest = 6; // "getVar"
@@ -42,7 +41,7 @@ std::string familyOf(const std::string& operation)
     return operation.substr(0, hasForm ? shortest + 1 : shortest);
 }
 
-// Two names of the family putVar1 have a capital letter more.
+// Two names of the family putVar1 have one more capital letter.
 bool isSameButForCase(std::string_view a, std::string_view b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
@@ -62,6 +61,18 @@ std::string operationFor(const std::string& operation, nc_type type)
             return isSameButForCase(form.name, wanted);
         });
     return found == end ? "" : std::string(found->name);
+}
+
+// Advice for values that are neither numbers nor characters: strings, and those of an enum,
+// variable-length, compound or opaque type. operation: the one of the first table that failed.
+std::string anyTypeAdvice(const std::string& operation)
+{
+    const std::string every = "which reads and writes values of every type.";
+    if (begins(operation, "getAtt") || begins(operation, "putAtt"))
+        return "Use gridio_any (\"" + operation.substr(0, 6) + "\", ...), " + every;
+    if (begins(operation, "getVar") || begins(operation, "putVar"))
+        return "Use gridio_any (\"" + familyOf(operation) + "\", ...), " + every;
+    return "Use gridio_any, " + every;
 }
 
 struct Values {
@@ -89,12 +100,13 @@ std::optional<Values> valuesOfCall(const FailedCall& call)
     return Values{"The attribute " + inQuotes(*name), type};
 }
 
-std::string findUnreadable(const Values& values, int ncid)
+std::string findUnreadable(const Values& values, int ncid, const std::string& operation)
 {
     if (operationSuffix(values.type) != nullptr)
         return "";
     return values.what + " is of " + describeType(ncid, values.type) +
-           (values.type == NC_STRING ? " (text of any length)" : "") + ". " + whereToReadOtherTypes;
+           (values.type == NC_STRING ? " (text of any length)" : "") + ". " +
+           anyTypeAdvice(operation);
 }
 
 } // namespace
@@ -118,7 +130,8 @@ std::string findOtherKindOfValues(const FailedCall& call)
     const std::optional<Values> values = valuesOfCall(call);
     if (!values)
         return "";
-    const std::string unreadable = findUnreadable(*values, call.identifier("ncid").value_or(-1));
+    const std::string unreadable =
+        findUnreadable(*values, call.identifier("ncid").value_or(-1), call.operation());
     if (!unreadable.empty())
         return unreadable;
     const std::string fitting = operationFor(call.operation(), values->type);
@@ -136,7 +149,7 @@ std::string findUnfitType(const FailedCall& call)
         return "";
     if (!xtype) {
         const std::optional<Values> values = valuesOfCall(call);
-        return values ? findUnreadable(*values, *ncid) : "";
+        return values ? findUnreadable(*values, *ncid, call.operation()) : "";
     }
     if (!(*xtype >= NC_BYTE && *xtype <= NC_STRING))
         return "There is no type " + numberText(*xtype) +

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Names and texts of scripts and files as a message may show them.
+// Safe display of names and texts from scripts and files in messages.
 #pragma once
 
 #include <string>
@@ -7,15 +7,15 @@
 
 namespace hosts::messages {
 
-// Control characters spelled out, so that none reaches a terminal: NUL as \0, the others of ASCII
-// and DEL as \x1B, and those from U+0080 to U+009F, in UTF-8 or as single bytes, as \x9B. All else,
-// UTF-8 or not, stays as it is.
+// Control characters escaped, so that none reaches a terminal: NUL as \0, the others of ASCII and
+// DEL as \x1B, and those from U+0080 to U+009F, in UTF-8 or as single bytes, as \x9B. Everything
+// else, UTF-8 or not, is unchanged.
 std::string visible(std::string_view text);
 
-// The same in quotation marks; a text of more than a line's length is cut and ends in "...".
+// The same in quotation marks; a text longer than a line is cut and ends in "...".
 std::string inQuotes(std::string_view text);
 
-// '"a", "b" and "c"'; with more than most elements, the first ones and how many more there are.
+// '"a", "b" and "c"'; for more than most elements, the first ones and the number of the others.
 template <class Names>
 std::string quotedNames(const Names& names, std::size_t most, const char* last)
 {

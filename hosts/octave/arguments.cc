@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From the interpreter's values to what the module asks of its arguments, each step taken once and
-// only when it is asked for.
+// The module's access to arguments, which are values of the interpreter. Each conversion is made
+// once, on demand.
 #include "array.h"
 #include "call.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t oneByOne[] = {1, 1};
 
-// An object counts as one, whatever a method of its own would say.
+// An object counts as one element, whatever its own method would return.
 bool isCounted(const ElementClass& kind) { return kind.id != vxUNKNOWN_CLASS; }
 
 } // namespace
@@ -63,7 +63,7 @@ void loadElements(vxArray& array)
     const octave_value* value = array.source;
     const void* elements = array.kind->share(*value);
     if (!elements && !value->is_scalar_type()) {
-        // A single element comes back as a scalar.
+        // The interpreter returns a single element as a scalar.
         value = &array.held.emplace(array.kind->full(*value));
         elements = array.kind->share(*value);
     }
@@ -71,7 +71,7 @@ void loadElements(vxArray& array)
         array.kind->readScalar(*value, array.element);
         elements = array.element;
     }
-    // An argument's elements are handed out as const only.
+    // The elements of an argument are accessible only as const.
     array.data = const_cast<void*>(elements);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The host's array: a view of one of the interpreter's values, looked at no further than the module
-// asks, or a new array on its way to the interpreter.
+// The host's array: a lazy view of one of the interpreter's values, or a new array that will be
+// passed to the interpreter.
 #pragma once
 
 #include "element_classes.h"
@@ -22,10 +22,10 @@ struct DeleteContents {
 } // namespace hosts::oct
 
 struct vxArray {
-    // An argument. The value outlives the array.
+    // An argument. The value must outlive the array.
     explicit vxArray(const octave_value& argument) : source(&argument) {}
 
-    // A new array, whose storage the caller adds.
+    // A new array; the caller adds the storage.
     vxArray(const hosts::oct::ElementClass& newKind, size_t newCount)
         : kind(&newKind), count(newCount)
     {
@@ -34,25 +34,27 @@ struct vxArray {
     vxArray(const vxArray&) = delete;
     vxArray& operator=(const vxArray&) = delete;
 
-    // The value that is looked at; null for a new array that is not yet one of the interpreter's.
+    // The value behind the view; null for a new array that is not yet a value of the interpreter.
     const octave_value* source = nullptr;
 
-    // Null until something is asked of an argument; count is then known as well.
+    // Null until an argument is first inspected; then count is set as well.
     const hosts::oct::ElementClass* kind = nullptr;
     size_t count = 0;
 
-    // Null until asked for; two lengths lie in the array itself.
+    // Null until requested; two lengths are stored in the array itself.
     const size_t* dims = nullptr;
     size_t rank = 0;
     size_t twoDims[2];
 
-    // What vxGetData hands out; null until asked for. Text has its 16-bit units here.
+    // The result of vxGetData; null until requested. For text, its 16-bit units.
     void* data = nullptr;
 
-    // A value that only this array holds: elements spelled out, or a result's own storage.
+    // A value that only this array holds: the elements of an argument as a full array, or the
+    // storage of a result.
     std::optional<octave_value> held;
 
-    // What a cell array or a structure holds; null for an argument that nobody has looked into.
+    // The contents of a cell array or a structure; null for an argument that has not been looked
+    // into.
     std::unique_ptr<hosts::oct::Contents, hosts::oct::DeleteContents> contents;
 
     // The one element of a scalar.
@@ -61,8 +63,8 @@ struct vxArray {
 
 namespace hosts::oct {
 
-// The array with its class and count known. The module's arrays are const; what is filled in here
-// is what they always were, only not yet looked at.
+// The array after its class and count were determined. The module's arrays are const; this only
+// completes the lazy view.
 vxArray& examined(const vxArray* array);
 
 // Memory for that many dimensions.
@@ -72,8 +74,8 @@ size_t* dimensionStorage(vxArray& array, size_t rank);
 void loadDimensions(vxArray& array);
 void loadElements(vxArray& array);
 
-// The characters of a char array as the interpreter holds them, one byte each; null for one that
-// has only its 16-bit units.
+// The characters of a char array as the interpreter stores them, one byte each; null for an array
+// that has only its 16-bit units.
 const char* textBytes(vxArray& array);
 
 // The units of a char array.
@@ -85,7 +87,7 @@ void narrowText(const char16_t* units, size_t count, char* bytes);
 // A new array with its dimensions: rank 0 is 0-by-0, rank 1 a column.
 vxArray* addArray(const ElementClass& kind, size_t rank, const size_t* dims);
 
-// Dimensions that are known, in the interpreter's form.
+// Known dimensions, in the interpreter's form.
 dim_vector dimensions(const vxArray& array);
 
 // The finished array as a value of the interpreter, and that of a cell array or a structure.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What lives for one call of gridio: every array that the module sees or creates, and small memory.
-// A usual call finds room for all of it in the object itself, on the stack.
+// The resources of one call of gridio: every array that the module sees or creates, and small
+// memory blocks. In most calls they all fit into the object itself, on the stack.
 #pragma once
 
 #include "array.h"
@@ -22,11 +22,11 @@ public:
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
-    // The call that is running, the innermost should a warning's handler have called again.
+    // The running call; the innermost one if a warning's handler has called again.
     static Call& current() { return *current_; }
     static bool isRunning() { return current_ != nullptr; }
 
-    // A new array, which ends with the call.
+    // A new array, released at the end of the call.
     template <class... Arguments> vxArray* add(Arguments&&... arguments)
     {
         if (arrayCount_ == inlineArrays)
@@ -37,8 +37,8 @@ public:
         return array;
     }
 
-    // Ends an array now, if it is the newest: of a million of them that are put into a cell array
-    // one after the other, none is kept.
+    // Releases an array now, if it is the newest, so that a million arrays put into a cell array
+    // one after the other do not accumulate.
     void drop(vxArray* array)
     {
         if (!moreArrays_.empty() && &moreArrays_.front() == array) {
@@ -49,15 +49,15 @@ public:
         }
     }
 
-    // Memory that ends with the call, aligned for any element, holding anything or zeros. Much
-    // zeroed memory costs nothing until it is written to.
+    // Memory released at the end of the call, aligned for any element, uninitialised or zeroed.
+    // Large zeroed memory costs nothing until it is written to.
     void* allocate(size_t bytes);
     void* allocateZeros(size_t count, size_t size);
 
-    // The same when there is room in the object itself, null otherwise.
+    // The same if it fits into the object itself, null otherwise.
     void* allocateInline(size_t bytes);
 
-    // True for memory of allocateInline, which is then used again if nothing followed it.
+    // True for memory from allocateInline, which is then reused if it was the last.
     bool releaseInline(void* memory);
 
 private:

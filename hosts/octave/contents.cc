@@ -42,7 +42,7 @@ const vxArray* look(const vxArray* array, size_t index)
 void put(vxArray* array, size_t index, vxArray* value)
 {
     octave_value& place = array->contents->values.xelem(static_cast<octave_idx_type>(index));
-    // Nobody else holds what was made by bytes or as numbers.
+    // Values made from bytes or numbers are not shared.
     const bool isWhole = value->held && (value->kind->id != vxCHAR_CLASS || !value->data);
     if (isWhole)
         place = std::move(*value->held);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a cell array or a structure holds.
+// The contents of a cell array or a structure.
 #pragma once
 
 #include "array.h"
@@ -13,18 +13,18 @@
 namespace hosts::oct {
 
 struct Contents {
-    // Of a cell array, its cells; of a structure of one element, its fields.
+    // The cells of a cell array, or the fields of a structure of one element.
     Cell values;
 
     // The names of the fields.
     std::vector<std::string> names;
 
-    // What the module looks at: one of the values at a time, so that as much memory is used for a
-    // million of them as for one.
+    // The module's view of one value at a time, so that a million of them take no more memory than
+    // one.
     std::optional<vxArray> seen;
 };
 
-// Those of an argument are filled in when they are first asked for.
+// The names of an argument are determined when they are first requested.
 Contents& contents(const vxArray* array);
 
 } // namespace hosts::oct

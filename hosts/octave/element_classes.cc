@@ -21,8 +21,8 @@ namespace hosts::oct {
 
 namespace {
 
-// A typed array taken from a value would do as well, but costs an allocation each: the storage is
-// reached through the object itself, the type of which the interpreter's type number vouches for.
+// A typed array taken from a value would work as well, but costs an allocation: the storage is
+// accessed through the object itself, whose type is certain from the interpreter's type number.
 template <class Matrix> const void* shareOne(const octave_value& value)
 {
     const octave_base_value& rep = value.get_rep();
@@ -48,7 +48,7 @@ void readScalar(const octave_value& value, void* element)
 template <auto arrayOf, auto... force> octave_value full(const octave_value& value)
 {
     octave_value spelled = value.full_value();
-    // Asking a complex array for its real elements fails for some types.
+    // For some types the interpreter fails to return the real elements of a complex array.
     if (spelled.iscomplex())
         spelled = spelled.real();
     return octave_value((spelled.*arrayOf)(force...));

@@ -14,7 +14,7 @@ namespace hosts::oct {
 
 namespace {
 
-// Never fails: an error without its text is better than none.
+// Never fails: an error without a text is better than no error.
 std::string textOf(const msgcat::BaseMsgID& id, const messages::CallContext* call)
 {
     try {
@@ -51,6 +51,6 @@ void vxWarningMsgId(const msgcat::BaseMsgID& id)
         const std::string text = hosts::messages::messageText(id);
         warning_with_id(id.identifier(), "%s", text.c_str());
     } catch (...) {
-        // The script may have turned the warning into an error: the module must go on all the same.
+        // The script may have turned the warning into an error, but the module must continue.
     }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From the module's failures to the interpreter's errors.
+// Conversion of the module's failures to errors of the interpreter.
 #pragma once
 
 #include "hosts/messages/call_context.h"
@@ -8,11 +8,11 @@
 
 namespace hosts::oct {
 
-// Raises the identifier, with its text of the catalogue, as an error of the interpreter. The call's
-// arguments are looked at for the text.
+// Raises the identifier, with its text from the catalogue, as an error of the interpreter. The text
+// is composed from the call's arguments.
 [[noreturn]] void raiseMessage(const msgcat::BaseMsgID& id, const messages::CallContext& call);
 
-// Raises what should not have happened: a foreign exception that left the module.
+// Raises an internal error: a foreign exception has left the module.
 [[noreturn]] void raiseInternal(const char* what);
 
 } // namespace hosts::oct

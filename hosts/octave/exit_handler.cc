@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The module's farewell. The interpreter unloads the function at "clear gridio", and at its own end
-// while it can still show a warning: a static object's destructor is then the right moment.
+// Runs the unload handler. The interpreter unloads the function at "clear gridio", and at its own
+// end while it can still show a warning: both times the destructor of a static object runs at the
+// right moment.
 #include "vx/plug.h"
 
 namespace {
@@ -16,7 +17,7 @@ public:
             if (handler_)
                 handler_();
         } catch (...) {
-            // There is no one left to tell, and the session must go on.
+            // The error can no longer be reported, and the session must continue.
         }
     }
 
@@ -30,8 +31,8 @@ private:
 
 void plugAtExit(void (*handler)())
 {
-    // Made at the first call, after every static object of the module, and so destroyed before
-    // them.
+    // Constructed at the first call, after every static object of the module, and so destroyed
+    // before them.
     static ExitHandler exitHandler;
     exitHandler.set(handler);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// gridio_any (OPNAME, ...): the second entry from the interpreter. It lives in gridio.oct, since
-// both functions know the same open files; the interpreter is told so where the folder of
-// gridio.oct comes on the load path.
+// gridio_any (OPNAME, ...): the second function that the interpreter calls. It is in gridio.oct,
+// since both functions share the open files; the autoload command below is run when the folder of
+// gridio.oct is added to the load path.
 #include "module_call.h"
 
 #include <octave/oct.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-// Values are converted: there is nothing to warn about.
+// Values are converted, so there is no warning about raw bytes.
 void nothingBefore(const octave_value_list&) {}
 
 } // namespace
@@ -25,7 +25,7 @@ DEFUN_DLD(gridio_any, args, nargout, R"(-*- texinfo -*-
 Read and write values of every type that a netCDF file can hold, by an operation of the netCDF library without a type in its
 name.
 
-It works on the files that @code{gridio} opens or creates, under the same conventions: the operations bear the names of
+It works on the files that @code{gridio} opens or creates, under the same conventions: the operations have the names of
 the library's functions without @qcode{"nc_"}, take their arguments in the same order, count from 0, and list dimensions
 in the order of the array.  @code{gridio_help ("getVar")} explains one.
 
@@ -59,7 +59,9 @@ gridio ("close", ncid);
 Files that are still open when @code{clear gridio gridio_any} or the end of the session unloads the functions are closed with
 a warning.
 
-@seealso{gridio, gridio_help, gridio_open_files}
+Large blocks of chunked and compressed variables are read and written by several threads: see @code{gridio_threads}.
+
+@seealso{gridio, gridio_help, gridio_open_files, gridio_threads}
 @end deftypefn)")
 {
     return hosts::oct::callGuarded<plugAnyFunction, nothingBefore>(args, nargout);

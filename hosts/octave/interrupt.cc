@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The interpreter notes a signal when it comes and acts upon it when it is safe to.
+// The interpreter records a signal when it arrives and acts on it when it is safe.
 #include "vx/interrupt.h"
 
 #include <octave/quit.h>
@@ -10,5 +10,5 @@ bool vxContinue() { return octave_signal_caught == 0 || octave_interrupt_state <
 void vxRaiseInterrupt()
 {
     octave_quit();
-    throw octave::interrupt_exception(); // the signal was seen to meanwhile
+    throw octave::interrupt_exception(); // the signal was handled in the meantime
 }

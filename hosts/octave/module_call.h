@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A call of one of the module's entries from the interpreter, which no foreign exception ever
-// leaves.
+// A call of one of the module's entries from the interpreter. No foreign exception leaves it.
 #pragma once
 
 #include "call.h"
@@ -27,12 +26,13 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
     try {
         entry(nargout, results, static_cast<int>(count), arguments);
     } catch (const fnd::except::IMsgIDException& failure) {
-        constexpr auto table = entry == plugAnyFunction ? messages::OperationTable::any
-                                                        : messages::OperationTable::first;
+        constexpr auto table = entry == plugAnyFunction       ? messages::OperationTable::any
+                               : entry == plugDatasetFunction ? messages::OperationTable::datasets
+                                                              : messages::OperationTable::first;
         raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count), table});
     }
 
-    // All of them, whatever the script asked for: the interpreter drops what is too much.
+    // All results, whatever the script requested: the interpreter drops surplus ones.
     octave_idx_type used = 0;
     while (used < plugResultSlots && results[used])
         ++used;
@@ -42,7 +42,7 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
     return values;
 }
 
-// before: what is done with the arguments first, such as a warning.
+// before: called with the arguments first, for instance to warn.
 template <auto entry, auto before>
 octave_value_list callGuarded(const octave_value_list& args, int nargout)
 {

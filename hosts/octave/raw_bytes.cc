@@ -19,9 +19,9 @@ namespace {
 using messages::className;
 using messages::OperationForm;
 
-constexpr octave_idx_type fewestArguments = 4; // of a write: its name, ncid, varid, values
+constexpr octave_idx_type fewestArguments = 4; // of a write: its name, ncid, varid, and the values
 
-// The bytes of the name of a write; empty for any other operation.
+// The name of a write, as bytes; empty for any other operation.
 std::string_view nameOfWrite(const octave_value_list& args)
 {
     const octave_base_value& rep = args(0).get_rep();
@@ -34,8 +34,8 @@ std::string_view nameOfWrite(const octave_value_list& args)
     return name.size() > 6 && std::memcmp(name.data(), "put", 3) == 0 ? name : std::string_view();
 }
 
-// How the name of an operation for values of that type ends; empty when this is not for the quick
-// answer.
+// The ending of the name of an operation for values of that type; empty if the quick check cannot
+// decide.
 std::string_view suffixFor(builtin_type_t type)
 {
     // clang-format off
@@ -56,7 +56,8 @@ std::string_view suffixFor(builtin_type_t type)
     // clang-format on
 }
 
-// Of nearly every write. The names that end in "UInt" and "UInt64" are those of another class.
+// The quick check, for nearly every write. The names that end in "UInt" and "UInt64" take the slow
+// one.
 bool isOfFittingClass(std::string_view name, builtin_type_t type)
 {
     const std::string_view suffix = suffixFor(type);
@@ -69,7 +70,7 @@ bool isOfFittingClass(std::string_view name, builtin_type_t type)
 
 bool isNumberTextOrLogical(vxClassID id) { return id >= vxCHAR_CLASS && id != vxSTRUCT_CLASS; }
 
-// What to write in place of the values x.
+// The expression to write instead of the values x.
 std::string advice(const OperationForm& form, vxClassID given)
 {
     if (form.dataClass == vxCHAR_CLASS)

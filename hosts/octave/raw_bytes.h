@@ -9,10 +9,10 @@
 namespace hosts::oct {
 
 // Warns, with the identifier Ovard:gridio:octave:rawBytes, when the call is a write whose values
-// are of another class, or complex. Leaves with the interpreter's exception when the script has
-// turned that warning into an error. Says nothing of a call that is refused in any case: of an
-// operation that does not exist or takes another number of arguments, and of values that are empty
-// or neither numbers nor text nor logical.
+// are of another class, or complex. Throws the interpreter's exception if the script has turned
+// that warning into an error. Does not warn about a call that is refused anyway: an operation that
+// does not exist or takes another number of arguments, or values that are empty or neither numeric
+// nor text nor logical.
 void warnOfRawBytes(const octave_value_list& args);
 
 } // namespace hosts::oct

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Creating arrays, and handing them to the interpreter.
+// Creating arrays, and passing them to the interpreter.
 #include "array.h"
 #include "call.h"
 #include "result_memory.h"
@@ -56,11 +56,11 @@ dim_vector dimensions(const vxArray& array)
 
 namespace {
 
-// A scalar's element stays in the array; more become the interpreter's at once, so that an error
-// can not leak them.
+// The element of a scalar stays in the array; larger storage belongs to the interpreter from the
+// start, so that an error cannot leak it.
 vxArray* addNumeric(size_t rank, const size_t* dims, vxClassID classId)
 {
-    // An array without elements needs no class; it is then the interpreter's usual one.
+    // An array without elements needs no class; it gets the interpreter's default.
     const ElementClass& asked = elementClass(classId);
     const ElementClass& kind = asked.scalar ? asked : elementClass(vxDOUBLE_CLASS);
     vxArray* array = addArray(kind, rank, dims);
@@ -75,8 +75,8 @@ vxArray* addNumeric(size_t rank, const size_t* dims, vxClassID classId)
     return array;
 }
 
-// Of a million short rows, what the interpreter allocates for each is most of their cost: this way
-// it is the least.
+// For a million short rows, the interpreter's allocations are most of the cost; this way makes the
+// fewest.
 constexpr size_t shortRow = 4096;
 
 octave_value shortTextRow(const char* bytes, size_t length)

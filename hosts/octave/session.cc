@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What gridio_open_files and gridio_version report. It lives in gridio.oct since only this knows
-// its open files; both functions let go of it after each call, so that "clear gridio" unloads
-// gridio.oct as ever.
+// The data that gridio_open_files, gridio_version and gridio_threads report. The function is in
+// gridio.oct, which alone knows its open files; its callers clear it after each call, so that
+// "clear gridio" still unloads gridio.oct.
 #include "errors.h"
 #include "session_report.h"
 
 #include <octave/Cell.h>
 #include <octave/oct-map.h>
+#include <octave/interpreter.h>
 #include <octave/oct.h>
 
 #include <exception>
@@ -64,6 +65,27 @@ octave_value versions()
     return all;
 }
 
+// Whether an error is on its way through the interpreter, and whether the session ends: a destructor
+// of a class learns neither otherwise.
+octave_scalar_map state()
+{
+    octave_scalar_map all;
+    all.assign("isUnwinding", std::uncaught_exceptions() > 0);
+    all.assign("isExiting", !octave::interpreter::the_interpreter()->initialized());
+    return all;
+}
+
+octave_value answerTo(const std::string& question)
+{
+    if (question == "files")
+        return openFiles();
+    if (question == "versions")
+        return versions();
+    if (question == "state")
+        return state();
+    return static_cast<double>(Ovard::gridio::threadCount());
+}
+
 } // namespace
 
 // As in gridio.cc: the interpreter finds the function by this symbol.
@@ -73,15 +95,17 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
-Undocumented internal function of @code{gridio_open_files} and @code{gridio_version}.
+@deftypefnx {} {@var{state} =} __gridio_session__ (@qcode{"state"})
+@deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version}, @code{gridio_threads} and the dataset classes.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions")
+    if (wanted != "files" && wanted != "versions" && wanted != "state" && wanted != "threads")
         print_usage();
     try {
-        return ovl(wanted == "files" ? openFiles() : versions());
+        return ovl(answerTo(wanted));
     } catch (const octave::execution_exception&) {
         throw;
     } catch (const octave::interrupt_exception&) {

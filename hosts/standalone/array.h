@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a vxArray is in this host: a class, dimensions, and a block of elements or a row of arrays.
+// The definition of vxArray in this host: a class, dimensions, and a block of elements or a list of
+// arrays.
 #pragma once
 
 #include "vx/array.h"
@@ -17,7 +18,7 @@ struct FreeElements {
 };
 using Elements = std::unique_ptr<void, FreeElements>;
 
-// Shared, because a Value may be copied; the array itself is never changed once it has an owner.
+// Shared, because a Value may be copied; an array never changes once it has an owner.
 using ArrayOwner = std::shared_ptr<vxArray>;
 
 // 8 for double, 2 for char, 1 for logical, 0 for cells, structures and anything else.
@@ -27,8 +28,8 @@ bool isNumericClass(vxClassID classId) noexcept;
 
 enum class Contents { zeros, anything };
 
-// An array of that class and those dimensions, made rank 2 at least. Throws OutOfMemory when the
-// number of bytes overflows, is past the ledger's limit, or is not to be had.
+// An array of that class and those dimensions, extended to rank 2. Throws OutOfMemory if the number
+// of bytes overflows, exceeds the ledger's limit, or cannot be allocated.
 ArrayOwner makeArray(vxClassID classId, std::size_t rank, const std::size_t* dims,
                      Contents contents);
 
@@ -40,11 +41,11 @@ struct vxArray {
     std::size_t count = 0;         // product of dims
     standalone::Elements elements; // count times the element size; null when that is zero bytes
     standalone::Elements imaginary;
-    // Of a cell array, or of the fields of a structure of one element; null stands for an empty
-    // one.
+    // The contents of a cell array, or of the fields of a structure of one element; null for an
+    // empty one.
     std::vector<standalone::ArrayOwner> cells;
     std::vector<std::string> fieldNames; // of a structure
-    bool writable = false;               // made by the module in the call that is under way
+    bool writable = false;               // created by the module in the running call
 
     vxArray();
     ~vxArray();

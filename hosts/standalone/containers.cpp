@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Cell arrays and structures: looking into them, and making them.
+// Cell arrays and structures: inspection and creation.
 #include "hosts/standalone/creation.h"
 
 #include <cstddef>
@@ -8,7 +8,7 @@ namespace standalone {
 
 namespace {
 
-// What an empty cell or field holds. Neither destroyed nor counted.
+// The content of an empty cell or field. Never destroyed and not counted.
 const vxArray* emptyArray()
 {
     static const vxArray* const array = [] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What every vxCreate function comes down to.
+// The common part of every vxCreate function.
 #pragma once
 
 #include "hosts/standalone/array.h"
@@ -10,7 +10,7 @@
 
 namespace standalone {
 
-// Makes an array and leaves it with the call that is under way.
+// Creates an array that belongs to the running call.
 template <class Make> vxArray* createForCall(const Make& make)
 {
     Ledger& books = ledger();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From what the module raises, and from anything else that it lets out, to an error of a script.
+// Conversion of the module's exceptions, and of any other that leaves it, to errors of a script.
 #include "hosts/standalone/errors.h"
 
 #include "hosts/standalone/ledger.h"
@@ -102,6 +102,6 @@ void vxWarningMsgId(const msgcat::BaseMsgID& id)
     try {
         standalone::ledger().warnings.push_back(standalone::describe(id));
     } catch (const std::exception&) {
-        standalone::ledger().noteBreach(id.identifier()); // no memory for it: at least not silent
+        standalone::ledger().noteBreach(id.identifier()); // no memory for it, but not silent
     }
 }

@@ -17,7 +17,7 @@ using Argument = std::variant<std::string, long>; // texts in UTF-8
 
 // An error, or a warning.
 struct Raised {
-    std::string identifier; // "Ovard:gridio:netcdf:libraryFailure", or "standalone:..." of our own
+    std::string identifier; // "Ovard:gridio:netcdf:libraryFailure", or our own "standalone:..."
     std::vector<Argument> arguments;
     std::string message;
 
@@ -25,23 +25,23 @@ struct Raised {
     std::string name() const;
 };
 
-// What "standalone:outOfMemory" and "standalone:internal" stand for: no memory left, and an
-// exception that the module should not have let out.
+// "standalone:outOfMemory": no memory is left. "standalone:internal": an exception left the module
+// that should not.
 extern const char* const outOfMemoryIdentifier;
 extern const char* const internalErrorIdentifier;
 
-// That of what an interrupt raises.
+// The identifier of an interrupt.
 extern const char* const interruptIdentifier;
 
-// Its text looks at the call that is under way, if there is one.
+// Its text is composed from the running call, if there is one.
 Raised describe(const msgcat::BaseMsgID& id);
 
-// The exception in flight, whatever it is. Called in a catch block.
+// The current exception, of any type. Called in a catch block.
 Raised describeCurrentException() noexcept;
 
 std::ostream& operator<<(std::ostream& out, const Raised& raised);
 
-// Thrown at the caller of Host::call, and by a raiser that throws.
+// Thrown by Host::call, and by a raiser that throws.
 class RaisedError : public std::exception {
 public:
     explicit RaisedError(Raised raised) : raised_(std::move(raised)) {}
@@ -53,8 +53,8 @@ private:
     Raised raised_;
 };
 
-// This host's own out-of-memory error. Deliberately unrelated to std::bad_alloc: the module is to
-// let it pass without knowing it.
+// This host's own out-of-memory error. Deliberately unrelated to std::bad_alloc: it must pass
+// through a module that does not know it.
 class OutOfMemory : public std::exception {
 public:
     const char* what() const noexcept override { return "out of memory"; }

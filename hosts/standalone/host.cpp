@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One call of the module: arguments in, results or an error out, and nothing else.
+// One call of the module, with results or an error as its outcome.
 #include "hosts/standalone/host.h"
 
 #include "vx/plug.h"
@@ -14,7 +14,7 @@ namespace standalone {
 
 namespace {
 
-// The results become the caller's, in order, up to the first slot that was left null.
+// The results up to the first null slot pass to the caller, in order.
 std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
 {
     std::vector<Value> results;
@@ -24,6 +24,14 @@ std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
     if (std::any_of(firstUnset, slots.end(), [](const vxArray* a) { return a != nullptr; }))
         ledger().noteBreach("a result slot was left out");
     return results;
+}
+
+hosts::messages::OperationTable tableOf(Entry entry)
+{
+    using hosts::messages::OperationTable;
+    if (entry == plugAnyFunction)
+        return OperationTable::any;
+    return entry == plugDatasetFunction ? OperationTable::datasets : OperationTable::first;
 }
 
 std::vector<Value> resultsOf(Outcome outcome)
@@ -51,16 +59,14 @@ Host::~Host()
 Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entry entry)
 {
     Outcome outcome;
-    std::vector<const vxArray*> arguments; // outlive the call: an error's text looks at them
+    std::vector<const vxArray*> arguments; // outlive the call: an error's text uses them
     hosts::messages::CallContext context{};
     try {
         arguments.reserve(everyArgument.size());
         for (const Value& argument : everyArgument)
             arguments.push_back(argument.array());
         std::vector<vxArray*> slots(static_cast<std::size_t>(std::max(nlhs, plugResultSlots)));
-        context = {arguments.data(), arguments.size(),
-                   entry == plugAnyFunction ? hosts::messages::OperationTable::any
-                                            : hosts::messages::OperationTable::first};
+        context = {arguments.data(), arguments.size(), tableOf(entry)};
         books_.call = &context;
 
         entry(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
@@ -69,7 +75,7 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entr
         outcome.raised = describeCurrentException();
     }
     books_.call = nullptr;
-    books_.created.clear(); // what was not returned ends with the call
+    books_.created.clear(); // releases what was not returned
     return outcome;
 }
 
@@ -107,6 +113,18 @@ std::vector<Value> Host::callAny(const std::string& operation, const std::vector
                                  int nlhs)
 {
     return resultsOf(attemptAny(operation, arguments, nlhs));
+}
+
+Outcome Host::attemptDataset(const std::string& operation, const std::vector<Value>& arguments,
+                             int nlhs)
+{
+    return attemptNamed(operation, arguments, nlhs, plugDatasetFunction);
+}
+
+std::vector<Value> Host::callDataset(const std::string& operation,
+                                     const std::vector<Value>& arguments, int nlhs)
+{
+    return resultsOf(attemptDataset(operation, arguments, nlhs));
 }
 
 void Host::failAllocation(std::size_t n)

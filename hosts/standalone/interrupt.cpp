@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The user of this host is a test.
+// Interrupts, which tests simulate.
 #include "hosts/standalone/errors.h"
 #include "hosts/standalone/ledger.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Keeping the books, and the end of the module.
+// Allocation records, and unloading the module.
 #include "hosts/standalone/ledger.h"
 
 #include "vx/plug.h"
@@ -16,8 +16,8 @@ namespace standalone {
 
 namespace {
 
-// More could not be held, though an overcommitting system would promise it and end the process
-// later, when the pages are touched.
+// An overcommitting system would grant more than this, and kill the process later, when the pages
+// are touched.
 std::size_t memoryOfMachine()
 {
     const long pages = sysconf(_SC_PHYS_PAGES);
@@ -27,8 +27,8 @@ std::size_t memoryOfMachine()
     return static_cast<std::size_t>(pages) * static_cast<std::size_t>(pageSize);
 }
 
-// Unloads when the process ends. Thread-local, since those objects of the main thread go before
-// all static ones, those that the module makes later included.
+// Unloads the module when the process ends. Thread-local, since thread-local objects of the main
+// thread are destroyed before all static ones, including those that the module constructs later.
 struct EndOfProcess {
     ~EndOfProcess()
     {
@@ -44,7 +44,7 @@ struct EndOfProcess {
 
 Ledger& ledger()
 {
-    // Never destroyed: arrays of static storage still count themselves out.
+    // Never destroyed: arrays of static storage duration still report their release.
     static Ledger& books = *new Ledger;
     return books;
 }
@@ -81,7 +81,7 @@ void Ledger::noteBreach(const char* what) noexcept
     try {
         breaches.emplace_back(what);
     } catch (const std::exception&) {
-        std::cerr << "breach: " << what << std::endl; // no memory to keep it
+        std::cerr << "breach: " << what << std::endl; // no memory to record it
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Blocks of memory that the module asks for and releases by itself.
+// Memory blocks that the module allocates and releases itself.
 #include "hosts/standalone/ledger.h"
 #include "hosts/standalone/text.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Text between UTF-16 and UTF-8, and the vx functions that hand it out.
+// Conversion between UTF-16 and UTF-8, and the vx functions for text.
 #include "hosts/standalone/text.h"
 
 #include "hosts/standalone/array.h"
@@ -53,7 +53,7 @@ struct Decoded {
     std::size_t bytes;
 };
 
-// The character that begins the text. A malformed one takes a single byte.
+// The first character of the text. A malformed one takes a single byte.
 Decoded decodeFirst(std::string_view text)
 {
     const auto byte = [text](std::size_t i) -> char32_t {
@@ -73,7 +73,7 @@ Decoded decodeFirst(std::string_view text)
         c = (c << 6) | (byte(i) & 0x3F);
     }
 
-    constexpr char32_t lowest[] = {0, 0, 0x80, 0x800, 0x10000}; // of each length
+    constexpr char32_t lowest[] = {0, 0, 0x80, 0x800, 0x10000}; // lowest code point of each length
     const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
     if (c < lowest[length] || c > 0x10FFFF || surrogate)
         return {replacement, 1};

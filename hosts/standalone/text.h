@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// UTF-16, the text of arrays, and UTF-8, this host's narrow encoding. Neither direction ever fails:
-// what is malformed becomes U+FFFD.
+// UTF-16, the text of arrays, and UTF-8, this host's narrow encoding. Neither conversion ever
+// fails: malformed input becomes U+FFFD.
 #pragma once
 
 #include <string>

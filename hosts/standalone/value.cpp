@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Making and reading values.
+// Creating and reading values.
 #include "hosts/standalone/value.h"
 
 #include "hosts/standalone/ledger.h"
@@ -91,7 +91,7 @@ void writeNumbers(std::ostream& out, const Value& value)
     }
 }
 
-// What a cell array or a structure holds.
+// The contents of a cell array or a structure.
 void writeContents(std::ostream& out, const vxArray& array)
 {
     const std::size_t shown = std::min(array.cells.size(), elementsDescribed);

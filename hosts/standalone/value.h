@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A value of a script: an array that owns itself. Argument of a call, and result of one.
+// A value of a script: an array with shared ownership. Arguments and results of calls are Values.
 #pragma once
 
 #include "hosts/standalone/array.h"
@@ -19,19 +19,18 @@ namespace standalone {
 
 using Dims = std::vector<std::size_t>;
 
-// The class that holds elements of a C type: double for double, char for char16_t, logical for
-// bool.
+// The class for elements of a C type: double for double, char for char16_t, logical for bool.
 template <class T> constexpr vxClassID classOf();
 
-// The word of a script for a class: "double", "char"; "something" for what is of no class.
+// The name of a class in scripts: "double", "char"; "something" for an unknown class.
 const char* classWord(vxClassID classId);
 
 // Immutable, so that copies share one array. The dimensions of a constructor must multiply to the
 // number of elements given (std::invalid_argument otherwise).
 class Value {
 public:
-    // As a script writes them: any number is a double scalar, true and false are logical scalars,
-    // text is a char row (UTF-8 here).
+    // As in scripts: any number is a double scalar, true and false are logical scalars, text is a
+    // char row (UTF-8 here).
     template <class T, class = std::enable_if_t<std::is_arithmetic_v<T>>> Value(T value);
     Value(const char* text) : Value(Value::text(std::string_view(text))) {}
     Value(const std::string& text) : Value(Value::text(std::string_view(text))) {}
@@ -45,7 +44,7 @@ public:
     static Value complex(const Dims& dims, const std::vector<T>& real,
                          const std::vector<T>& imaginary);
 
-    // No elements, in any class and shape that has a zero.
+    // An empty array, of any class and of a shape with a zero.
     static Value empty(vxClassID classId = vxDOUBLE_CLASS, const Dims& dims = {0, 0});
 
     // 1-by-n; 0-by-0 when there is no character, as a script's ''.
@@ -67,7 +66,7 @@ public:
     // An object, a function handle: of vxUNKNOWN_CLASS, without storage.
     static Value anythingElse(const Dims& dims = {1, 1});
 
-    // Takes over what a vxCreate function returned outside a call.
+    // Takes over an array that a vxCreate function returned outside a call.
     static Value adopt(vxArray* created);
 
     explicit Value(ArrayOwner array);
@@ -79,7 +78,7 @@ public:
     bool isComplex() const { return array_->imaginary != nullptr; }
     const vxArray* array() const { return array_.get(); }
 
-    // All of these throw std::logic_error when the value is not what they ask for.
+    // All of these throw std::logic_error if the value is of another kind.
     template <class T> std::vector<T> elements() const; // of exactly that class
     template <class T> const T* data() const;           // the same, in place
     double toDouble() const;                            // of a double scalar

@@ -3,13 +3,14 @@
 // module never looks inside a vxArray.
 //
 // Ownership. Arguments belong to the host and stay unchanged during the call. An array that a
-// vxCreate function returns belongs to the host from its creation: put into a result slot it is
-// handed to the script, put into a cell or a field it belongs to that, and the module uses its
-// pointer no longer; left anywhere else (also when an error passes) it ends with the call.
+// vxCreate function returns belongs to the host from its creation: in a result slot it is returned
+// to the script; put into a cell or a field it belongs to that array, and the module no longer uses
+// its pointer; otherwise (also when an exception leaves the module) it is released at the end of
+// the call.
 //
-// Failure. A function that allocates never returns null: on exhaustion, or when the dimensions are
-// larger than the host can hold, the host raises an out-of-memory error of its own, as a C++
-// exception that passes through the module. So may the functions that look into cells and
+// Failure. A function that allocates never returns null: when memory is exhausted, or the
+// dimensions are larger than the host supports, the host raises its own out-of-memory error, as a
+// C++ exception that passes through the module. So may the functions that look into cells and
 // structures. No other function here raises anything.
 //
 // Order. Elements are stored column-major: the first dimension varies fastest. Dimensions are
@@ -22,8 +23,7 @@ extern "C" {
 
 struct vxArray;
 
-// The class of an array. A value of a class that is not listed (a function handle, an object) is of
-// vxUNKNOWN_CLASS.
+// The class of an array. Any other value (a function handle, an object) is of vxUNKNOWN_CLASS.
 enum vxClassID {
     vxUNKNOWN_CLASS = 0,
     vxCELL_CLASS = 1,
@@ -46,7 +46,6 @@ enum vxClassID {
 enum vxComplexity { vxREAL = 0, vxCOMPLEX = 1 };
 
 // --- Looking at an array
-// -------------------------------------------------------------------------------------
 
 vxClassID vxGetClassID(const vxArray* array);
 
@@ -55,22 +54,21 @@ bool vxIsEmpty(const vxArray* array);
 
 size_t vxGetNumberOfElements(const vxArray* array);
 
-// The rank, at least 2, and that many lengths, valid as long as the array.
+// The rank, at least 2, and that many lengths. The pointer is valid as long as the array.
 size_t vxGetNumberOfDimensions(const vxArray* array);
 const size_t* vxGetDimensions(const vxArray* array);
 
-// The number of bytes that each element takes behind vxGetData: 8 for double, 2 for char (one
-// UTF-16 unit), 1 for logical; 0 for a class whose storage is not handed out (vxCELL_CLASS,
+// The size in bytes of an element in the storage that vxGetData returns: 8 for double, 2 for char
+// (one UTF-16 unit), 1 for logical; 0 for a class whose storage is not accessible (vxCELL_CLASS,
 // vxSTRUCT_CLASS, vxUNKNOWN_CLASS).
 size_t vxGetElementSize(const vxArray* array);
 
 // The elements, in storage order: vxGetNumberOfElements times vxGetElementSize bytes, aligned for
-// the element. The real part only, of a complex array; every element, of a sparse one. Valid as
-// long as the array. Null or not to be followed when there are no bytes.
+// the element. For a complex array the real part only; for a sparse array every element. Valid as
+// long as the array. Null, or not to be dereferenced, if there are no bytes.
 const void* vxGetData(const vxArray* array);
 
-// The same storage of an array that the module created and has not yet returned from the call with,
-// for filling.
+// The same storage, writable, of an array that the module has created in the present call.
 void* vxGetWritableData(vxArray* array);
 
 // True for a logical array of exactly one element.
@@ -90,19 +88,19 @@ bool vxIsInf(double value);
 // An array that vxGetCell or vxGetField returns belongs to the host. It is valid until the function
 // is called with the same array again, and at the latest until the end of the call.
 
-// What is in the cell of that zero-based index in storage order: a 0-by-0 double in an empty cell.
+// The content of the cell with that zero-based index in storage order: a 0-by-0 double for an empty
+// cell.
 const vxArray* vxGetCell(const vxArray* cells, size_t index);
 
-// The fields of a structure, by zero-based numbers, and their names: narrow and NUL-terminated,
-// valid as long as the array.
+// The number of fields of a structure, and the name of a field by its zero-based number: narrow and
+// NUL-terminated, valid as long as the array.
 size_t vxGetNumberOfFields(const vxArray* structure);
 const char* vxGetFieldName(const vxArray* structure, size_t field);
 
-// What is in the field of a structure of one element.
+// The content of a field of a structure of one element.
 const vxArray* vxGetField(const vxArray* structure, size_t field);
 
 // --- Text and memory of the host's allocator
-// -----------------------------------------------------------------
 
 // The characters of a char array in storage order, in the narrow encoding, NUL-terminated; null
 // when the array is not of class char. Released with vxFree.
@@ -111,7 +109,7 @@ char* vxArrayToString(const vxArray* array);
 // The low byte of each unit of a char array, in storage order: vxGetNumberOfElements bytes.
 void vxGetCharBytes(const vxArray* array, char* bytes);
 
-// count times size bytes, all zero, aligned for any element; never null, also for zero bytes.
+// count times size bytes, all zero, aligned for any element; never null, not even for zero bytes.
 // Raises the host's out-of-memory error. Released with vxFree.
 void* vxCalloc(size_t count, size_t size);
 
@@ -119,9 +117,9 @@ void* vxCalloc(size_t count, size_t size);
 void vxFree(void* memory);
 
 // --- Creating arrays
-// ----------------------------------------------------------------------------------------- rank
-// and dims: rank 0 makes a 0-by-0 array (dims may then be null), rank 1 a column, any other what it
-// says.
+//
+// rank and dims: rank 0 creates a 0-by-0 array (dims may then be null), rank 1 a column, any other
+// an array of these dimensions.
 
 // A 1-by-1 double.
 vxArray* vxCreateDoubleScalar(double value);
@@ -142,7 +140,7 @@ vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char*
 vxArray* vxCreateNumericArray(size_t rank, const size_t* dims, vxClassID classId,
                               vxComplexity complexity);
 
-// A numeric array whose elements hold anything. vxUNKNOWN_CLASS is allowed for an array without
+// A numeric array with uninitialised elements. vxUNKNOWN_CLASS is allowed for an array without
 // elements.
 vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID classId,
                                     vxComplexity complexity);
@@ -150,7 +148,7 @@ vxArray* vxCreateUninitNumericArray(size_t rank, const size_t* dims, vxClassID c
 // A cell array of empty cells.
 vxArray* vxCreateCellArray(size_t rank, const size_t* dims);
 
-// Puts value, which the cell array then owns, into the cell of that zero-based index in storage
+// Puts value, which the cell array then owns, into the cell with that zero-based index in storage
 // order.
 void vxSetCell(vxArray* cells, size_t index, vxArray* value);
 
@@ -158,7 +156,7 @@ void vxSetCell(vxArray* cells, size_t index, vxArray* value);
 // different. Each field holds a 0-by-0 double.
 vxArray* vxCreateStruct(size_t fieldCount, const char* const* names);
 
-// Puts value, which the structure then owns, into the field of that zero-based number.
+// Puts value, which the structure then owns, into the field with that zero-based number.
 void vxSetField(vxArray* structure, size_t field, vxArray* value);
 
 } // extern "C"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // How the module raises errors and warnings. An identifier object names the kind of failure and
-// carries its arguments; the message text belongs to the host's catalogue. Header-only but for the
-// two functions that the host defines.
+// carries its arguments; the message text belongs to the host's catalogue. Header-only except for
+// the two functions that the host defines.
 #pragma once
 
 #include <boost/variant.hpp>
@@ -45,7 +45,7 @@ private:
 
 namespace fnd::except {
 
-// What the host's raiser takes.
+// The type that the host's raiser takes.
 class IUserException {
 public:
     virtual ~IUserException() = default;
@@ -71,15 +71,14 @@ private:
 
 } // namespace fnd::except
 
-// Defined by the host: may raise the exception in the host's own way, by throwing; may also just
-// return.
+// Defined by the host: may raise the exception in the host's own way, by throwing, or may return.
 void vxRaiseException(const fnd::except::IUserException& exception);
 
 // Defined by the host: issues the identifier as a warning and returns; never throws.
 void vxWarningMsgId(const msgcat::BaseMsgID& id);
 
-// Raises id as an error of the host. Never returns: a raiser that returns leaves the throwing to
-// us.
+// Raises id as an error of the host. Never returns: if the host's raiser returns, this function
+// throws.
 template <class Id> [[noreturn]] void vxErrMsgId(const Id& id)
 {
     const fnd::except::Exception<Id, std::exception> exception(id);

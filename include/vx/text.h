@@ -13,8 +13,8 @@ std::u16string_view vxGetText(const vxArray* array);
 
 namespace fnd::filesystem {
 
-// UTF-16 to the host's narrow encoding: the one in which it names files. Never fails: what has no
-// counterpart becomes a replacement of the host's choice.
+// UTF-16 to the host's narrow encoding: the one in which it names files. Never fails: a character
+// without a counterpart becomes a replacement of the host's choice.
 struct codecvt_ustring_to_narrow_string {
     std::string operator()(std::u16string_view text) const;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Arguments that only the operations on any type take.
+// Argument readers that only the operations on values of any type use.
 #pragma once
 
 #include "operation_entry.h"
@@ -13,15 +13,15 @@
 namespace Ovard::gridio {
 
 // A type: its number, or its name as "string" or that of a type of the file, which is looked up
-// from the group. Raises badScalarArgument, the library's failures.
+// from the group. Raises badScalarArgument and the library's failures.
 nc_type readType(const vxArray* a, int ncid, std::string_view name, const OperationEntry* entry);
 
-// Numbers of any numeric class, in the order of storage; none is allowed. Raises badRowDatatype for
-// another class, throws a Boost overflow for what does not fit.
+// Numbers of any numeric class, in storage order; the array may be empty. Raises badRowDatatype for
+// another class, throws a Boost overflow for a number that does not fit.
 std::vector<unsigned int> readUintList(const vxArray* a, std::string_view name);
 std::vector<int> readIntList(const vxArray* a, std::string_view name);
 
-// A word that stands for a number of the library.
+// A word for one of the library's numbers.
 struct Word {
     const char* text;
     int number;
@@ -32,7 +32,7 @@ struct Word {
 template <std::size_t count>
 int readWord(const vxArray* a, std::string_view name, const Word (&words)[count]);
 
-// The word of a number; its digits if there is none.
+// The word for a number; its digits if there is none.
 template <std::size_t count> vxArray* wordResult(int number, const Word (&words)[count]);
 
 int readWord(const vxArray* a, std::string_view name, const Word* words, std::size_t count);

@@ -17,7 +17,8 @@ constexpr Word storageModels[] = {
     {"FORMATX_DAP2", NC_FORMATX_DAP2},       {"FORMATX_DAP4", NC_FORMATX_DAP4},
     {"FORMATX_NCZARR", NC_FORMATX_NCZARR}};
 
-// The length is asked first; a name that may be absent at the library's end has a NUL of its own.
+// The length is inquired first. The buffer has its own NUL at the end, since the library may write
+// none.
 template <class InquireLength, class InquireText>
 vxArray* inquireText(const OperationEntry* entry, const InquireLength& inquireLength,
                      const InquireText& inquireText)
@@ -38,7 +39,7 @@ std::vector<int> idsOf(const OperationEntry* entry, int ncid, int (*inquire)(int
     return ids;
 }
 
-// The unlimited dimensions of a group and, if asked for, of those around it.
+// The unlimited dimensions of a group and, on request, of its parents.
 std::vector<int> unlimitedDimensions(int group, bool includeParents, const OperationEntry* entry)
 {
     std::vector<int> all = idsOf(entry, group, nc_inq_unlimdims);

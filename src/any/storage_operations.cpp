@@ -172,7 +172,7 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
     const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
     const bool noFill = readFlag(args[2], "no_fill flag");
-    if (noFill) { // the value is deliberately not looked at: it may be anything
+    if (noFill) { // deliberately ignores the value, which may be anything
         checkStatus(nc_def_var_fill(ncid, varid, NC_NOFILL, nullptr), entry);
         return;
     }

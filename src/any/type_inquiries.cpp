@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What types there are, and what they are made of.
+// Listing and describing types.
 #include "any/any_arguments.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
@@ -32,7 +32,7 @@ void inqType(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const int ncid = readNcid(args[0]);
     const nc_type xtype = readType(args[1], ncid, "xtype", entry);
 
-    checkStatus(nc_inq_format(ncid, nullptr), entry); // not looked at for types of the library's own
+    checkStatus(nc_inq_format(ncid, nullptr), entry); // ignored for the library's own types
     char* name = nameBuffer();
     std::size_t size = 0;
     checkStatus(nc_inq_type(ncid, xtype, name, &size), entry);
@@ -134,7 +134,7 @@ void inqEnum(int, vxArray* results[], int, const vxArray* args[], const Operatio
     results[3] = sizeResult(members);
 }
 
-// The value comes in the class of the enumeration's integers.
+// The value has the class of the enumeration's integers.
 void inqEnumMember(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);

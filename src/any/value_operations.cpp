@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing values of variables of any type.
 #include "check_status.h"
+#include "chunks/chunk_reads.h"
+#include "chunks/chunk_writes.h"
 #include "convert/argument_readers.h"
 #include "data/elements/block_arguments.h"
 #include "data/elements/element_storage.h"
@@ -29,7 +31,7 @@ struct TypedVariable {
     TypeTree types;
 
 private:
-    // What is inquired of NC_GLOBAL is no failure, but there is nothing to read.
+    // Inquiring NC_GLOBAL does not fail, but it has no values.
     static int requireVariable(int varid, const OperationEntry* entry)
     {
         if (varid == NC_GLOBAL)
@@ -43,33 +45,37 @@ ValueShape shapeOf(const Block& block)
     return {{block.count.rbegin(), block.count.rend()}, false};
 }
 
-// There is nothing to read of a whole variable with a dimension of length 0.
-void requireRead(int status, const Block& block, std::size_t count, const OperationEntry* entry)
+// A whole variable with a dimension of length 0 has no values to read.
+void readStored(Variable& variable, const ElementType& element, const Block& block,
+                std::size_t count, void* destination)
 {
-    if (status != NC_EINVALCOORDS || !block.isWhole || count > 0)
-        checkStatus(status, entry);
+    if (count > 0 || !block.isWhole) {
+        readValues(variable, block, {destination, nullptr});
+        return;
+    }
+    const int status = readBlock(variable, element, block, destination);
+    if (status != NC_EINVALCOORDS)
+        checkStatus(status, variable.entry());
 }
 
-// Numbers are read where they are to stay, characters by way of bytes.
+// Numbers are read directly into the result, characters through a buffer of bytes.
 vxArray* readElements(TypedVariable& typed, const Block& block)
 {
     const ElementType& element = *typed.type().element;
     const std::size_t count = productOf(block.count);
-    const OperationEntry* entry = typed.variable.entry();
     const SizeVector dims = hostDimensions({}, shapeOf(block));
     if (typed.type().kind == TypeKind::character) {
         const HostMemory<char> bytes = zeroedValues(typed.type(), count);
-        requireRead(readBlock(typed.variable, element, block, bytes.get()), block, count, entry);
+        readStored(typed.variable, element, block, count, bytes.get());
         return vxCreateCharArrayFromBytes(dims.size(), dims.data(), bytes.get());
     }
     vxArray* array =
         vxCreateUninitNumericArray(dims.size(), dims.data(), element.hostClass, vxREAL);
-    requireRead(readBlock(typed.variable, element, block, vxGetWritableData(array)), block, count,
-                entry);
+    readStored(typed.variable, element, block, count, vxGetWritableData(array));
     return array;
 }
 
-// The values and, if they are asked for, the labels of enumerations.
+// The values and, if requested, the labels of enumerations.
 void readResults(TypedVariable& typed, const Block& block, int nlhs, vxArray* results[])
 {
     const TypeKind kind = typed.type().kind;
@@ -90,15 +96,16 @@ void write(TypedVariable& typed, const Block& block, const vxArray* data)
     const Type& type = typed.type();
     const OutgoingValues values(type, data, productOf(block.count));
     if (type.kind == TypeKind::number || type.kind == TypeKind::character) {
-        checkStatus(writeBlock(typed.variable, *type.element, block, values.get()),
-                    typed.variable.entry());
+        if (!writeChunked(typed.variable, block, values.get()))
+            checkStatus(writeBlock(typed.variable, *type.element, block, values.get()),
+                        typed.variable.entry());
         return;
     }
     writeValues(typed.variable, type, block, values.get());
 }
 
-// Raises emptyVariableData for no values. Those of a structure are counted field by field when they
-// are converted.
+// Raises emptyVariableData if there are no values. The values of a structure are counted field by
+// field when they are converted.
 std::size_t countGiven(const Type& type, const vxArray* data)
 {
     const std::size_t given = countValues(type, data);
@@ -131,14 +138,14 @@ void getVarSubset(int nlhs, vxArray* results[], int nargs, const vxArray* args[]
     readResults(typed, block, nlhs, results);
 }
 
-// The whole variable as it is now: a write of this kind never adds records.
+// The whole variable at its present size: such a write never adds records.
 void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
 
     TypedVariable typed(ncid, varid, entry);
-    static_cast<void>(countGiven(typed.type(), args[2])); // compared when they are converted
+    static_cast<void>(countGiven(typed.type(), args[2])); // checked when they are converted
     write(typed, wholeBlock(typed.variable), args[2]);
 }
 

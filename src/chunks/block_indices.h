@@ -9,7 +9,7 @@
 
 namespace Ovard::gridio {
 
-// None if the library is to refuse the block, or has nothing to read of it.
+// None if the library must report an error for the block, or the block has no elements.
 std::optional<BlockIndices> blockIndices(Variable& variable, const Block& block);
 
 } // namespace Ovard::gridio

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Memory for bytes that are about to be written: not set to anything.
+// Uninitialised memory for bytes that are about to be written.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ namespace Ovard::gridio {
 
 class ByteBuffer {
 public:
-    // At least that many bytes, aligned for any number. What they held is lost when they grow.
+    // At least that many bytes, aligned for any number. Growing discards their content.
     unsigned char* reserve(std::size_t size)
     {
         if (size > size_) {

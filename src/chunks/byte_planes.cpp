@@ -11,17 +11,17 @@
 namespace Ovard::gridio {
 namespace {
 
-// Any other size is not that of a number.
+// No number has any other size.
 constexpr std::size_t largestSize = 8;
 
 #ifdef __SSE2__
 
-constexpr std::size_t width = 16; // elements that are done at once, and bytes of a vector
+constexpr std::size_t width = 16; // elements that are processed at once, and bytes of a vector
 
-// Of 16 elements, as one row of bytes: the first half of the row and the second one are
-// interleaved. That rotates the bits of each byte's position by one. Of its 4 + log2(size) bits, a
-// byte's number in its element are the upper ones in planes and the lower ones in elements:
-// log2(size) steps lead from planes to elements, 4 more lead back.
+// Takes 16 elements as one row of bytes, and interleaves the two halves of the row. That rotates
+// the bits of each byte's position by one. A position has 4 + log2(size) bits; the byte's number
+// within its element is the upper log2(size) bits in planes and the lower ones in elements. So
+// log2(size) steps convert planes to elements, and 4 more convert back.
 template <std::size_t size, std::size_t steps> void rotatePositions(__m128i (&row)[size])
 {
     for (std::size_t step = 0; step < steps; ++step) {
@@ -39,7 +39,7 @@ constexpr std::size_t logarithm(std::size_t size)
     return size == 1 ? 0 : 1 + logarithm(size / 2);
 }
 
-// Returns how many elements were done.
+// Returns how many elements were processed.
 template <std::size_t size>
 std::size_t joinVectors(const unsigned char* const planes[], std::size_t count,
                         unsigned char* elements)

@@ -8,7 +8,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// What is in a chunk as it is may be used as elements.
+// The bytes of such a chunk can be used as elements directly.
 constexpr std::size_t alignment = 16;
 
 std::size_t aligned(std::size_t offset) { return (offset + alignment - 1) / alignment * alignment; }
@@ -53,7 +53,7 @@ void ChunkReader::run()
     pool.finishAll();
 }
 
-// Whether the slot takes one more chunk of that size in the file.
+// Whether one more chunk of that size in the file fits into the slot.
 bool ChunkReader::fits(const Slot& slot, std::size_t size) const
 {
     return slot.count == 0 || (slot.count < chunksInSlot_ && slot.used + size <= slot.bytes.size());

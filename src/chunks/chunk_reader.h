@@ -16,8 +16,8 @@ namespace Ovard::gridio {
 
 class ChunkReader {
 public:
-    // The block lies within the dataset's extents. blockLengths are those of the result, of which
-    // the block may be the beginning along each dimension.
+    // The block must be within the dataset's extents. blockLengths are those of the result; the
+    // block may cover only its beginning along each dimension.
     ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
                 const SizeVector& blockLengths, const ResultBlock& result);
 

@@ -5,6 +5,7 @@
 #include "chunks/block_indices.h"
 #include "chunks/chunk_reader.h"
 #include "chunks/library_verdict.h"
+#include "chunks/thread_count.h"
 #include "chunks/work_sizes.h"
 #include "data/elements/shapes.h"
 
@@ -13,17 +14,17 @@
 namespace Ovard::gridio {
 namespace {
 
-// What the library makes of elements beyond what was written of a variable.
+// The value that the library returns for elements beyond the written part of a variable.
 cf::StoredValue unwrittenValue(const Variable& variable)
 {
     cf::StoredValue value{};
-    int isOff = 0; // deliberately not minded: the library fills all the same
+    int isOff = 0; // ignored: the library returns fill values nevertheless
     checkStatus(nc_inq_var_fill(variable.ncid(), variable.varid(), &isOff, value.data()),
                 variable.entry());
     return value;
 }
 
-// Fills what of the block lies beyond the written extents, dimension by dimension.
+// Fills the part of the block beyond the written extents, dimension by dimension.
 void fillUnwritten(const BlockIndices& written, const SizeVector& lengths,
                    const cf::StoredValue& value, const ResultBlock& result)
 {
@@ -48,13 +49,13 @@ void fillUnwritten(const BlockIndices& written, const SizeVector& lengths,
     }
 }
 
-// Measured where one thread takes as long as the library, which a read of ours costs some 8
-// microseconds more: with one chunk and deflate, below 8 KiB of values, and without filters below
-// 128 KiB.
+// Measured: the size at which one thread takes as long as the library, although our reads take some
+// 8 microseconds longer to start: with one chunk and deflate 8 KiB of values, without filters 128
+// KiB.
 constexpr std::size_t smallestBlock = std::size_t{8} << 10;
 constexpr std::size_t smallestPlainBlock = std::size_t{128} << 10;
 
-// A block that takes less than half of its chunks may be followed by others of the same chunks,
+// A block that covers less than half of its chunks may be followed by reads of the same chunks,
 // which the library then has in its cache, if they fit.
 bool isLikelyCached(const Variable& variable, const ChunkedDataset& dataset,
                     const BlockIndices& block)
@@ -74,7 +75,7 @@ bool isFaster(const Variable& variable, const ChunkedDataset& dataset, const Blo
             countOf(block) * dataset.elementSize() >= smallestPlainBlock);
 }
 
-// What of the block is in the file.
+// The part of the block that is in the file.
 BlockIndices writtenPart(const BlockIndices& block, const SizeVector& extents)
 {
     BlockIndices written(block.size());
@@ -111,7 +112,7 @@ bool readChunked(Variable& variable, const Block& block, const ReadTarget& targe
     const bool canLibrary = status != NC_ENOFILTER;
     const bool isChoice = canLibrary && reads == Reads::whereFaster;
     if ((canLibrary && status != NC_NOERR) ||
-        (isChoice && countOf(*indices) * element->size < smallestBlock))
+        (isChoice && (isLibraryChosen() || countOf(*indices) * element->size < smallestBlock)))
         return false;
     const auto dataset = ChunkedDataset::open(variable);
     if (!dataset || (isChoice && !isFaster(variable, *dataset, *indices)))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Reads of blocks that use every core: of chunked variables of netCDF-4 files, whose chunks are
-// read raw by HDF5 and unpacked here, several at a time; and of all others, decoded here. The same
-// values and the same errors as the library's own read of the stored type.
+// Reads of blocks that use every core. Chunks of netCDF-4 variables are read raw by HDF5 and
+// unpacked here, several at a time; other variables are read by the library and decoded here.
+// Values and errors are those of the library's own read of the stored type.
 #pragma once
 
 #include "cf/decoding.h"
@@ -9,27 +9,28 @@
 
 namespace Ovard::gridio {
 
-// Where a block is read to: all its elements one after the other, in the library's order. As they
-// are stored, in native byte order, without a decoder.
+// The destination of a block: all its elements contiguously, in the library's order; without a
+// decoder as they are stored, in native byte order.
 struct ReadTarget {
     void* values = nullptr;
     const cf::Decoder* decoder = nullptr;
 };
 
-// Reads a block of any variable of numbers or characters, by the fastest way. Raises the library's
+// Reads a block of any variable of numbers or characters, in the fastest way. Raises the library's
 // failures as those of the variable's entry, NC_EBADTYPE for other types, and the host's interrupt.
 void readValues(Variable& variable, const Block& block, const ReadTarget& target);
 
 // The two ways.
 
-// Which reads readChunked takes on.
+// Which reads readChunked accepts.
 enum class Reads { whereFaster, wherePossible };
 
-// False, with nothing of use read, for what is left to the library: anything but chunks of numbers
-// or characters, filters that are unknown here, blocks that the library is to refuse, reads that
-// fail, since it says best why, and those that it makes faster. What the library cannot read for
-// want of a filter is not left to it: where that fails, NC_EHDFERR is raised. Elements of chunks
-// that were never written, of variables without filling, are zero.
+// Returns false, with the destination undefined, for reads that are left to the library: anything
+// but chunks of numbers or characters, filters that are unknown here, blocks that the library must
+// refuse, reads that fail, since the library reports the best reason, reads that it makes faster,
+// and, if the user has chosen one thread, all that it can read. Variables that the library cannot
+// read because it lacks a filter are not left to it: if such a read fails, NC_EHDFERR is raised.
+// Elements of unwritten chunks of variables without filling are zero.
 bool readChunked(Variable& variable, const Block& block, const ReadTarget& target,
                  Reads reads = Reads::whereFaster);
 

@@ -49,7 +49,7 @@ void ChunkWalk::next()
     isDone_ = true;
 }
 
-// The chunk that holds the index of that number of the block.
+// The chunk that holds the block's index of that number.
 void ChunkWalk::enter(std::size_t dimension, std::size_t target)
 {
     const Indices& indices = block_[dimension];
@@ -63,8 +63,8 @@ void ChunkWalk::enter(std::size_t dimension, std::size_t target)
 
 RunWalk::RunWalk(const Spans& spans, const SizeVector& chunkLengths, const SizeVector& blockLengths)
 {
-    // From the innermost dimension outwards. One that is taken whole, in the chunk as in the block,
-    // is joined with the next.
+    // From the innermost dimension outwards. A dimension that is covered completely, both in the
+    // chunk and in the block, is joined with the next.
     std::size_t chunkStep = 1;
     std::size_t blockStep = 1;
     bool isJoined = false;

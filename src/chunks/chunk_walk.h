@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The chunks that a block of a variable meets, and the runs of elements in each. In the library's
-// order of dimensions.
+// The chunks that a block of a variable touches, and the runs of elements in each. Dimensions are
+// in the library's order.
 #pragma once
 
 #include "data/elements/index_vectors.h"
@@ -9,7 +9,7 @@
 
 namespace Ovard::gridio {
 
-// What a block takes of a chunk along one dimension.
+// The part of a chunk that a block covers along one dimension.
 struct Span {
     std::size_t first = 0; // index in the chunk
     std::size_t count = 0;
@@ -18,7 +18,7 @@ struct Span {
 };
 using Spans = DimensionVector<Span>;
 
-// How many elements they are.
+// The number of elements.
 std::size_t countOf(const Spans& spans);
 
 // The indices start, start + step, ... of a variable.
@@ -36,7 +36,7 @@ struct Indices {
         const std::size_t below = (end - 1 - start) / step + 1;
         return below < count ? below : count;
     }
-    // How many chunks of that length they meet.
+    // How many chunks of that length they touch.
     std::size_t chunksMet(std::size_t length) const
     {
         if (step >= length)
@@ -48,10 +48,10 @@ using BlockIndices = DimensionVector<Indices>;
 
 std::size_t countOf(const BlockIndices& block);
 
-// How many chunks the block meets.
+// How many chunks the block touches.
 std::size_t chunksMet(const BlockIndices& block, const SizeVector& chunkLengths);
 
-// Goes through the chunks in the order in which they would lie in memory. None of the counts is 0.
+// Iterates over the chunks in the order that they would have in memory. No count may be 0.
 class ChunkWalk {
 public:
     ChunkWalk(const BlockIndices& block, const SizeVector& chunkLengths);
@@ -59,7 +59,7 @@ public:
     bool isDone() const { return isDone_; }
     void next();
 
-    // Of the chunk in the variable: the index of its first element.
+    // The index in the variable of the chunk's first element.
     const SizeVector& origin() const { return origin_; }
     const Spans& spans() const { return spans_; }
 
@@ -73,12 +73,13 @@ private:
     bool isDone_ = false;
 };
 
-// Runs of elements that lie, with a step, in a chunk and one after the other in a block.
+// Runs of elements that are equally spaced in a chunk and contiguous in a block.
 class RunWalk {
 public:
     RunWalk(const Spans& spans, const SizeVector& chunkLengths, const SizeVector& blockLengths);
 
-    // Whether all of so many elements of a chunk are one run, and where it begins in the block.
+    // Whether all elements of a chunk, of which there are so many, are one run, and where it begins
+    // in the block.
     bool isOneRun(std::size_t elements) const
     {
         return rank_ == 1 && spans_[0].step == 1 && spans_[0].count == elements;
@@ -100,7 +101,7 @@ public:
 private:
     bool next();
 
-    Spans spans_; // of the dimensions that could not be joined, the innermost last
+    Spans spans_; // for the dimensions that could not be joined, the innermost last
     SizeVector chunkSteps_;
     SizeVector blockSteps_;
     SizeVector position_;

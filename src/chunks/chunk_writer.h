@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One write of whole chunks: all threads pack them, and the calling thread hands them to HDF5 in
-// their order, so that the same data make the same file.
+// One write of whole chunks: all threads pack them, and the calling thread passes them to HDF5 in
+// order, so that equal data give equal files.
 #pragma once
 
 #include "chunks/chunk_walk.h"
@@ -13,7 +13,7 @@
 
 namespace Ovard::gridio {
 
-// Values in memory, one after the other, that are a block of a variable.
+// The values of a block of a variable, contiguous in memory.
 struct SourceBlock {
     const unsigned char* values;
     BlockIndices indices; // in the variable, without steps
@@ -22,8 +22,8 @@ struct SourceBlock {
 
 class ChunkWriter {
 public:
-    // whole: the part of the source that is whole chunks, as indices of the variable. Beyond the
-    // dataset's extents, chunks at its edges are filled with the fill value.
+    // whole: the part of the source that consists of whole chunks, as indices of the variable.
+    // Chunks at the dataset's edges are completed with the fill value.
     ChunkWriter(const ChunkedDataset& dataset, const SourceBlock& source,
                 const BlockIndices& whole);
 

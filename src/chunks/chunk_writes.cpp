@@ -6,6 +6,7 @@
 #include "chunks/element_copies.h"
 #include "chunks/library_verdict.h"
 #include "chunks/slabs.h"
+#include "chunks/thread_count.h"
 #include "chunks/work_sizes.h"
 
 #include <algorithm>
@@ -14,12 +15,12 @@
 namespace Ovard::gridio {
 namespace {
 
-// Fewer bytes of whole chunks are packed by one thread as fast by the library.
+// With fewer bytes of whole chunks the library is as fast.
 constexpr std::size_t smallestWrite = std::size_t{8} << 10;
 
 constexpr std::size_t slabSize = std::size_t{4} << 20;
 
-// None for steps, for no elements, and for indices beyond any number.
+// None for strides, for empty blocks, and for indices that overflow.
 std::optional<BlockIndices> plainIndices(const Block& block)
 {
     std::optional<BlockIndices> indices(std::in_place, block.start.size());
@@ -35,7 +36,7 @@ std::optional<BlockIndices> plainIndices(const Block& block)
 
 std::size_t endOf(const Indices& indices) { return indices.start + indices.count; }
 
-// Whether the block lies where the variable is, or may grow to.
+// Whether the block is within the extents that the variable has or may grow to.
 bool isInReach(const ChunkedDataset& dataset, const BlockIndices& block)
 {
     for (std::size_t i = 0; i < block.size(); ++i) {
@@ -54,8 +55,8 @@ bool isWithin(const BlockIndices& block, const SizeVector& extents)
     return true;
 }
 
-// The part of the block that is whole chunks, or all of a chunk that lies within the extents, which
-// the block is about to enlarge; with a count of 0 if there is none.
+// The part of the block that consists of whole chunks, where a chunk counts as whole if the block
+// covers all of it within the extents, which the block may enlarge. A count is 0 if there is none.
 BlockIndices wholeChunks(const ChunkedDataset& dataset, const BlockIndices& block)
 {
     BlockIndices whole(block.size());
@@ -71,8 +72,8 @@ BlockIndices wholeChunks(const ChunkedDataset& dataset, const BlockIndices& bloc
     return whole;
 }
 
-// The library enlarges the variable and its unlimited dimensions, and keeps its own books of them,
-// when it writes the element that is farthest out.
+// Writing the block's last element makes the library enlarge the variable and its unlimited
+// dimensions, and its own records of them.
 void growTo(Variable& variable, const ElementType& element, const BlockIndices& block,
             const unsigned char* values)
 {
@@ -84,10 +85,10 @@ void growTo(Variable& variable, const ElementType& element, const BlockIndices& 
                 variable.entry());
 }
 
-// Writes what is not in whole chunks, chunk by chunk in the cache of HDF5: for each dimension what
-// lies before and behind them, where all earlier dimensions are within. Not by the netCDF library,
-// of which release 4.9.0 reverses the bytes of variables in the other byte order when their file
-// was opened again.
+// Writes the elements outside whole chunks, chunk by chunk through the cache of HDF5: for each
+// dimension those before and after the whole chunks, where all earlier dimensions are within them.
+// The netCDF library is not used, since release 4.9.0 reverses the bytes of variables in the other
+// byte order when their file was opened again.
 class RestWriter {
 public:
     RestWriter(const ChunkedDataset& dataset, const SourceBlock& source)
@@ -144,7 +145,8 @@ private:
 
 bool isFaster(const ChunkedDataset& dataset, const BlockIndices& whole)
 {
-    return dataset.pipeline().codec() != nullptr && dataset.chunkSize() <= memoryBound &&
+    return !isLibraryChosen() && dataset.pipeline().codec() != nullptr &&
+           dataset.chunkSize() <= memoryBound &&
            countOf(whole) * dataset.elementSize() >= smallestWrite;
 }
 

@@ -22,14 +22,14 @@ struct ElementOrder {
 
 bool isEqual(hid_t a, hid_t b) { return H5Tequal(a, b) > 0; }
 
-// The type that the library stores characters as. Others would be converted.
+// The type as which the library stores characters. Other types would be converted.
 bool isCharacter(hid_t type)
 {
     const Hdf5Id character(H5Tcopy(H5T_C_S1));
     return H5Tset_strpad(character.get(), H5T_STR_NULLTERM) >= 0 && isEqual(type, character.get());
 }
 
-// HDF5's identifiers of types are variables, which have values once HDF5 has been started.
+// HDF5's type identifiers are variables, which are set when HDF5 is initialised.
 std::optional<ElementOrder> elementOrder(nc_type external, hid_t stored)
 {
     struct Row {
@@ -85,8 +85,8 @@ std::optional<std::vector<Filter>> filtersOf(hid_t settings)
     return filters;
 }
 
-// What HDF5 fills missing chunks with, in the order of the file. None when it fails. With filling
-// off HDF5 leaves the memory as it was; it becomes zero here.
+// The value that HDF5 fills missing chunks with, in the byte order of the file. None if HDF5 fails.
+// With filling off HDF5 leaves the memory unchanged; here it is zero.
 std::optional<cf::StoredValue> fillValueOf(hid_t settings, hid_t stored)
 {
     cf::StoredValue value{};
@@ -101,7 +101,7 @@ std::optional<cf::StoredValue> fillValueOf(hid_t settings, hid_t stored)
     return value;
 }
 
-// The product with the size of an element; none if it is larger than HDF5 allows.
+// The chunk's size in bytes; none if it is larger than HDF5 allows.
 std::optional<std::size_t> chunkSizeOf(const SizeVector& lengths, std::size_t elementSize)
 {
     constexpr std::size_t limit = 0xFFFFFFFF;
@@ -207,9 +207,8 @@ StoredChunk ChunkedDataset::read(const SizeVector& origin, std::size_t size,
     return chunk;
 }
 
-// Release 1.10.8 fails for missing chunks, too: in the function itself, called by that of the
-// interface, and not further down as in all other cases. An element of a missing chunk is the fill
-// value.
+// Release 1.10.8 fails for missing chunks, too, but in the function directly below the interface's,
+// not further down as in all other cases. An element of a missing chunk is the fill value.
 void ChunkedDataset::requireMissing(const SizeVector& origin) const
 {
     constexpr ssize_t depth = 2;
@@ -247,7 +246,7 @@ void ChunkedDataset::write(const Block& block, const void* values) const
 {
     const QuietHdf5 quiet;
     const Hdf5Id stored(H5Dget_type(dataset_.get()));
-    // That of characters would become a number.
+    // The type of characters would become a number.
     const Hdf5Id native(isSwapped_ ? H5Tget_native_type(stored.get(), H5T_DIR_DEFAULT)
                                    : H5Tcopy(stored.get()));
     const auto counts = toHdf5(block.count);

@@ -20,10 +20,10 @@ struct StoredChunk {
 
 class ChunkedDataset {
 public:
-    // None if the variable is not in the file yet, not chunked, or stored in some way that is left
-    // to the library: virtual or external storage, types other than the ten of numbers and
-    // characters of one byte, filters that are unknown here. The library has no definitions pending
-    // (isInFile).
+    // None if the variable is not in the file yet, not chunked, or stored in a way that is left to
+    // the library: virtual or external storage, types other than the ten numeric ones and
+    // characters of one byte, filters that are unknown here. The library must have no pending
+    // definitions (isInFile).
     static std::optional<ChunkedDataset> open(Variable& variable);
 
     const SizeVector& chunkLengths() const { return chunkLengths_; }
@@ -37,7 +37,7 @@ public:
     bool isUnlimited(std::size_t dimension) const { return isUnlimited_[dimension]; }
     void updateExtents();
 
-    // The value of elements of missing chunks.
+    // The value of the elements of missing chunks.
     const cf::StoredValue& fillValue() const { return fillValue_; }
 
     // origin is the index of the chunk's first element. Chunks in the library's cache are written

@@ -7,7 +7,8 @@
 namespace Ovard::gridio {
 
 // Copies count of them: the first, and others step elements apart. isSwapped reverses the bytes of
-// each. Source and destination may be the same without a step; they may not overlap otherwise.
+// each. Source and destination may be the same if there is no step; otherwise they must not
+// overlap.
 void copyElements(const unsigned char* source, std::size_t size, std::size_t step,
                   std::size_t count, bool isSwapped, unsigned char* destination);
 

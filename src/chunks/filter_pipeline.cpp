@@ -19,7 +19,8 @@ bool isValidShuffle(const Filter& filter)
 
 std::size_t shuffledSize(const Filter& filter) { return filter.parameters.front(); }
 
-// HDF5 leaves those as they are, and what follows the last whole element.
+// HDF5 leaves elements of one byte and single elements unchanged, and the bytes after the last
+// whole element.
 bool hasPlanes(std::size_t elementSize, std::size_t size)
 {
     return elementSize > 1 && size / elementSize > 1;
@@ -96,7 +97,7 @@ bool ChunkDecoder::isApplied(std::size_t filter, std::uint32_t skipped) const
     return (skipped >> filter & 1) == 0;
 }
 
-// Whether none is undone after it.
+// Whether no other filter is undone after it.
 bool ChunkDecoder::isLast(std::size_t filter, std::uint32_t skipped) const
 {
     for (std::size_t i = 0; i < filter; ++i) {
@@ -106,7 +107,7 @@ bool ChunkDecoder::isLast(std::size_t filter, std::uint32_t skipped) const
     return true;
 }
 
-// How many bytes the filter was applied to, if it compresses.
+// The size that the filter was applied to, if it compresses.
 std::size_t ChunkDecoder::sizeBefore(std::size_t filter, std::uint32_t skipped) const
 {
     std::size_t size = pipeline_.chunkSize();
@@ -158,7 +159,7 @@ ChunkEncoder::ChunkEncoder(const FilterPipeline& pipeline) : pipeline_(pipeline)
 
 std::size_t ChunkEncoder::encode(ByteBuffer& stored)
 {
-    // Shuffled to and fro between the two buffers, and compressed into stored.
+    // Filters alternate between the two buffers; compression writes into stored.
     unsigned char* data = elements();
     std::size_t size = pipeline_.chunkSize();
     for (const Filter& filter : pipeline_.filters()) {

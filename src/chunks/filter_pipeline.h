@@ -14,22 +14,22 @@
 
 namespace Ovard::gridio {
 
-// The bytes in the file do not give the elements of a chunk.
+// The bytes in the file cannot be decoded to the elements of a chunk.
 class DamagedChunk : public std::exception {
 public:
     const char* what() const noexcept override { return "a chunk is damaged"; }
 };
 
-// Elements in the byte order of the file: one after the other, or as planes of their bytes.
+// Elements in the byte order of the file: contiguous, or as planes of their bytes.
 struct ChunkElements {
     const unsigned char* bytes = nullptr;
-    std::size_t planeLength = 0; // 0: one after the other
+    std::size_t planeLength = 0; // 0: contiguous
 };
 
 class FilterPipeline {
 public:
     // The filters in the order in which they were applied to chunks of that size. None if one is
-    // unknown here, or has parameters that only HDF5 could judge, or if two compress.
+    // unknown here or has parameters that only HDF5 can interpret, or if two compress.
     static std::optional<FilterPipeline> make(std::vector<Filter> filters, std::size_t chunkSize,
                                               std::size_t elementSize);
 
@@ -52,15 +52,15 @@ private:
     std::size_t elementSize_;
 };
 
-// Undoes the filters. For one thread at a time.
+// Undoes the filters. Not thread-safe.
 class ChunkDecoder {
 public:
     explicit ChunkDecoder(const FilterPipeline& pipeline);
 
-    // The elements of a chunk from its bytes in the file. A set bit of skipped says that the filter
-    // of that number was not applied. They are valid until the next call, and lie in stored, in
-    // memory of the decoder, or at direct, if that is not null: it has memory for a chunk, and
-    // saves a copy. Throws DamagedChunk.
+    // The elements of a chunk from its bytes in the file. A set bit of skipped means that the
+    // filter of that number was not applied. The elements are valid until the next call, and are in
+    // stored, in the decoder's memory, or at direct, if that is not null: it must have space for a
+    // chunk, and saves a copy. Throws DamagedChunk.
     ChunkElements decode(const unsigned char* stored, std::size_t size, std::uint32_t skipped,
                          unsigned char* direct = nullptr);
 
@@ -82,7 +82,7 @@ private:
     ByteBuffer buffers_[2];
 };
 
-// Applies the filters. For one thread at a time.
+// Applies the filters. Not thread-safe.
 class ChunkEncoder {
 public:
     // Whether each filter can be applied here.
@@ -93,13 +93,14 @@ public:
     // Memory for the elements of a chunk in the byte order of the file, to be filled.
     unsigned char* elements() { return buffers_[0].data(); }
 
-    // Makes the bytes in the file of the elements, which are lost, and returns how many they are.
+    // Converts the elements, which are overwritten, to the bytes in the file, and returns their
+    // number.
     std::size_t encode(ByteBuffer& stored);
 
 private:
     const FilterPipeline& pipeline_;
     std::unique_ptr<Compressor> compressor_;
-    std::size_t checksumsSize_ = 0; // of all checksums of a chunk
+    std::size_t checksumsSize_ = 0; // total size of the checksums of a chunk
     ByteBuffer buffers_[2];
 };
 

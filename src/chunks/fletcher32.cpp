@@ -6,12 +6,11 @@
 namespace Ovard::gridio {
 namespace {
 
-// Numbers that are summed up at once, in loops of constant length, of which compilers make vector
-// code.
+// The number of values summed at once, in loops of constant length that compilers can vectorise.
 constexpr std::uint32_t blockLength = 256;
 
-// Adds 16 bits of carry to 16 bits of sum, until only those are left. Zero stays zero and nothing
-// else becomes zero: the one sum of each remainder modulo 65535.
+// Adds the upper bits to the lower 16 until only these are left. Zero stays zero and nothing else
+// becomes zero, so that each remainder modulo 65535 has one representation.
 std::uint64_t folded(std::uint64_t sum)
 {
     while (sum > 0xFFFF)
@@ -26,7 +25,7 @@ std::uint32_t numberAt(const unsigned char* data)
 
 struct Sums {
     std::uint64_t plain = 0;    // of the numbers
-    std::uint64_t weighted = 0; // of the plain sums after each number
+    std::uint64_t weighted = 0; // sum of the plain sums after each number
 
     void addBlock(const unsigned char* data)
     {

@@ -12,11 +12,11 @@ constexpr std::size_t checksumSize = 4; // behind the data, least significant by
 // Fletcher's checksum of the data as 16-bit numbers, most significant byte first.
 std::uint32_t fletcher32(const unsigned char* data, std::size_t size);
 
-// Whether size bytes end with the checksum of those before. That of HDF5 before 1.6.3 on
-// little-endian machines, which swapped the bytes of each half, passes too.
+// Whether the size bytes end with the checksum of those before it. The checksum of HDF5 before
+// 1.6.3 on little-endian machines, with the bytes of each half swapped, is accepted too.
 bool hasValidChecksum(const unsigned char* data, std::size_t size);
 
-// Writes the checksum of the data behind them.
+// Appends the checksum of the data.
 void appendChecksum(unsigned char* data, std::size_t size);
 
 } // namespace Ovard::gridio

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Asks the host now and then whether a long operation is to go on.
+// Checks from time to time whether the user has interrupted a long operation.
 #pragma once
 
 #include "vx/interrupt.h"
@@ -10,8 +10,8 @@ namespace Ovard::gridio {
 
 class Interruption {
 public:
-    // Raises the host's interrupt if the user wants one. To be called often: it asks every few
-    // milliseconds only.
+    // Raises the host's interrupt if the user has requested one. Meant to be called often: it asks
+    // the host only every few milliseconds.
     void check()
     {
         const auto now = std::chrono::steady_clock::now();
@@ -25,7 +25,7 @@ public:
 private:
     static constexpr std::chrono::milliseconds interval{4};
 
-    std::chrono::steady_clock::time_point next_; // the first call asks
+    std::chrono::steady_clock::time_point next_; // so that the first call asks
 };
 
 } // namespace Ovard::gridio

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the library says of reads and writes, found out by ones of no elements. They also make the
-// library write to the file what was defined and leave define mode, as any other would.
+// The status that the library would give for reads and writes, found by ones of no elements. Like
+// any others, they make the library write pending definitions to the file and leave define mode.
 #pragma once
 
 #include "data/elements/variable.h"
 
 namespace Ovard::gridio {
 
-// NC_NOERR, or NC_ENOFILTER if the library knows the variable but lacks a filter for it, or why it
-// does not read it.
+// NC_NOERR, NC_ENOFILTER if the library knows the variable but lacks one of its filters, or the
+// status with which it refuses the read.
 int readStatus(const Variable& variable);
 
-// Whether the library would write the variable.
+// Whether the library would accept a write of the variable.
 bool isWritable(const Variable& variable);
 
 } // namespace Ovard::gridio

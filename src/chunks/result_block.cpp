@@ -9,7 +9,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// Elements between gathering and decoding: so many that they stay in the first-level cache.
+// Elements gathered before they are decoded: few enough to stay in the first-level cache.
 constexpr std::size_t tileLength = 1024;
 
 } // namespace

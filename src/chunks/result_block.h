@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the values of a block are read to: as they are stored, in native byte order, or decoded.
+// The destination of a read: values as they are stored, in native byte order, or decoded.
 #pragma once
 
 #include "cf/decoding.h"
@@ -10,7 +10,7 @@
 
 namespace Ovard::gridio {
 
-// Several threads may write at once, each to its own elements.
+// Several threads may write concurrently, each to its own elements.
 class ResultBlock {
 public:
     // decoder may be null.
@@ -23,8 +23,8 @@ public:
     bool isDecoded() const { return decoder_ != nullptr; }
     unsigned char* element(std::size_t index) const { return values_ + index * resultSize_; }
 
-    // Writes count elements, first, first + step ... of a chunk, from index target on. isSwapped:
-    // they are not in native byte order.
+    // Writes count elements of a chunk, at first, first + step, ..., to index target and those
+    // after it. isSwapped: they are not in native byte order.
     void put(const ChunkElements& chunk, bool isSwapped, std::size_t first, std::size_t step,
              std::size_t count, std::size_t target) const;
 

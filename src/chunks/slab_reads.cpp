@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Reads by the library, in pieces between which the host is asked whether to go on, and which other
-// threads decode while the next one is read.
+// Reads by the library in pieces, which other threads decode while the next one is read. The user
+// can interrupt between pieces.
 #include "check_status.h"
 #include "chunks/block_indices.h"
 #include "chunks/chunk_reads.h"
@@ -17,22 +17,9 @@
 namespace Ovard::gridio {
 namespace {
 
-// Of stored values. Those that are decoded should still be in the cache.
+// Bytes of stored values. They should still be in the cache when they are decoded.
 constexpr std::size_t decodedSlabSize = std::size_t{1} << 20;
 constexpr std::size_t plainSlabSize = std::size_t{16} << 20;
-
-// Chunks that a slab takes a part of would be unpacked once more for the next slab.
-SizeVector chunkLengths(const Variable& variable)
-{
-    SizeVector lengths(variable.rank(), 1);
-    int storage = NC_CONTIGUOUS;
-    SizeVector chunks(variable.rank());
-    if (nc_inq_var_chunking(variable.ncid(), variable.varid(), &storage, chunks.data()) ==
-            NC_NOERR &&
-        storage == NC_CHUNKED)
-        lengths = chunks;
-    return lengths;
-}
 
 class SlabReader {
 public:
@@ -76,7 +63,7 @@ private:
 
     static std::size_t slotCount() { return threadCount() == 1 ? 1 : 2 * threadCount() + 2; }
 
-    // Of the slab in the result.
+    // The position of the slab in the result.
     RunWalk runsOf(const Spans& spans) const
     {
         Spans plain = spans;
@@ -124,7 +111,7 @@ private:
     Interruption interruption_;
 };
 
-// A scalar, no elements, or a block that the library is to refuse.
+// A scalar, an empty block, or a block that the library must refuse.
 void readAtOnce(Variable& variable, const ElementType& element, const Block& block,
                 const ReadTarget& target)
 {

@@ -6,13 +6,25 @@
 namespace Ovard::gridio {
 namespace {
 
-// How many of the indices a chunk of that length holds at most.
+// The largest number of the indices that a chunk of that length holds.
 std::size_t heldBy(std::size_t length, const Indices& indices)
 {
     return std::min(indices.count, (length - 1) / indices.step + 1);
 }
 
 } // namespace
+
+SizeVector chunkLengths(const Variable& variable)
+{
+    SizeVector lengths(variable.rank(), 1);
+    int storage = NC_CONTIGUOUS;
+    SizeVector chunks(variable.rank());
+    if (nc_inq_var_chunking(variable.ncid(), variable.varid(), &storage, chunks.data()) ==
+            NC_NOERR &&
+        storage == NC_CHUNKED)
+        lengths = chunks;
+    return lengths;
+}
 
 SizeVector slabLengths(const BlockIndices& block, const SizeVector& chunkLengths,
                        std::size_t elements)

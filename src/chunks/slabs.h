@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Blocks cut into slabs for the library.
+// Division of a block into slabs, which the library reads.
 #pragma once
 
 #include "chunks/chunk_walk.h"
@@ -7,12 +7,17 @@
 
 namespace Ovard::gridio {
 
-// The lengths of slabs, as those of chunks for a ChunkWalk: whole chunks, so that none is packed or
-// unpacked twice, as many as make up the number of elements, from the innermost dimension outwards.
+// The chunk lengths of the variable; ones where it is not chunked. Slabs that cover chunks in part
+// would unpack them again for the next slab.
+SizeVector chunkLengths(const Variable& variable);
+
+// The lengths of the slabs, usable as chunk lengths of a ChunkWalk. Slabs are whole chunks, so that
+// none is packed or unpacked twice, as many as make up the number of elements, from the innermost
+// dimension outwards.
 SizeVector slabLengths(const BlockIndices& block, const SizeVector& chunkLengths,
                        std::size_t elements);
 
-// The block of the variable that is a slab of another one.
+// The slab as a block of the variable.
 Block slabOf(const BlockIndices& block, const Spans& spans);
 
 } // namespace Ovard::gridio

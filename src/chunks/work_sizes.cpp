@@ -8,11 +8,11 @@
 namespace Ovard::gridio {
 namespace {
 
-// Small chunks are handed out several at a time: a piece of work should take much longer than
-// handing it out.
+// Small chunks are dispatched several at a time: a piece of work should take much longer than
+// dispatching it.
 constexpr std::size_t workSize = std::size_t{128} << 10;
 
-// Each thread works on one chunk; the rest of the bound is for what waits for it.
+// Each thread works on one chunk; the rest of the bound is for queued work.
 std::size_t slotCount(std::size_t threads, std::size_t bytesInSlot)
 {
     if (threads == 1)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// How the chunks of one read or write are shared out between threads.
+// How the chunks of one read or write are divided between threads.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ constexpr std::size_t memoryBound = std::size_t{64} << 20;
 struct WorkSizes {
     std::size_t threads;
     std::size_t slots;        // pieces of work in memory
-    std::size_t chunksInSlot; // of each
+    std::size_t chunksInSlot; // of each piece
 };
 
 WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::chrono::milliseconds pauseInterval(5);
 
-// Signals are the calling thread's: a new thread inherits what is blocked.
+// Signals are left to the calling thread: a new thread inherits the blocked set.
 class BlockedSignals {
 public:
     BlockedSignals()
@@ -46,7 +46,7 @@ void WorkerPool::submit(std::size_t slot)
         states_[slot] = State::waiting;
         waiting_[(firstWaiting_ + waitingCount_) % waiting_.size()] = slot;
         ++waitingCount_;
-        // A single piece of work is left to the calling thread.
+        // The calling thread does a single piece of work itself.
         needsWorker = waitingCount_ > 1 && idleWorkers_ == 0;
     }
     if (needsWorker && canStartMore_ && workers_.size() + 1 < threads_)
@@ -76,7 +76,7 @@ void WorkerPool::finishAll()
         finish(slot);
 }
 
-// Fewer threads than wanted are enough.
+// Continues with the threads that could be started.
 void WorkerPool::startWorker()
 {
     const BlockedSignals blocked;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Threads for the length of one call. The calling thread hands out the work and does its share of
-// it while it waits; the others are started when there is work for them, and end with the pool, so
-// that none outlives a call: forking, unloading and the end of the process meet no thread.
+// Threads for the duration of one call. The calling thread dispatches the work and does its share
+// of it while it waits; the others are started when there is work for them, and end with the pool.
+// No thread outlives a call, so that none exists when the process forks, unloads the module or
+// ends.
 #pragma once
 
 #include <condition_variable>
@@ -16,25 +17,25 @@ namespace Ovard::gridio {
 
 class WorkerPool {
 public:
-    // Work is done on slots, which hold what it needs. worker is the number of the thread, below
-    // threads, 0 for the calling one: for what each has of its own.
+    // Work is done on slots, which hold its data. worker is the number of the thread, below
+    // threads, 0 for the calling one: an index of per-thread data.
     using Work = std::function<void(std::size_t slot, std::size_t worker)>;
 
     // Called in the calling thread, between pieces of its work and every few milliseconds while it
-    // waits. What it throws leaves from finish().
+    // waits. finish() rethrows its exceptions.
     using Pause = std::function<void()>;
 
     WorkerPool(std::size_t threads, std::size_t slots, Work work, Pause pause);
 
-    // Drops work that has not begun and waits for the rest.
+    // Drops work that has not started and waits for the rest.
     ~WorkerPool();
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
-    // Has the work on that slot done, by any thread. The slot is not in use.
+    // Queues the work on that slot for any thread. The slot must not be in use.
     void submit(std::size_t slot);
 
-    // Returns when the slot is not in use (any more). Throws what work on any slot has thrown.
+    // Returns when the slot is no longer in use. Rethrows an exception of the work on any slot.
     void finish(std::size_t slot);
 
     // The same for all slots.
@@ -54,7 +55,7 @@ private:
     const Work work_;
     const Pause pause_;
 
-    std::mutex mutex_; // of everything below but workers_
+    std::mutex mutex_; // guards everything below except workers_
     std::condition_variable hasWork_;
     std::condition_variable isDone_;
     std::vector<State> states_;        // of the slots

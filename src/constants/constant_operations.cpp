@@ -24,7 +24,7 @@ template <class T> vxArray* typedScalar(vxClassID classId, T value)
     return scalar;
 }
 
-// The eleven constants that come back in the class of their netCDF type.
+// The eleven constants that are returned in the class of their netCDF type.
 struct TypedConstant {
     const char* shortName;
     vxArray* (*create)();
@@ -46,7 +46,7 @@ const TypedConstant typedConstants[] = {
 };
 // clang-format on
 
-// The text as names are compared: upper case, without the prefix, which alone is no prefix.
+// The look-up key: upper case, without a leading "NC_" (a bare "NC_" is kept).
 std::string lookupName(std::string text)
 {
     std::transform(text.begin(), text.end(), text.begin(),

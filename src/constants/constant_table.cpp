@@ -10,7 +10,7 @@ const char* ConstantEntry::shortName() const
     return std::strncmp(fullName, "NC_", 3) == 0 ? fullName + 3 : fullName;
 }
 
-// Deliberately, NC_EATTMETA stands before NC_EDIMMETA, five constants stand between the two runs of
+// Deliberately, NC_EATTMETA comes before NC_EDIMMETA, five constants come between the two runs of
 // error codes, and the statuses -65 to -76 and -128 are missing.
 // clang-format off
 const ConstantEntry constantTable[constantCount] = {

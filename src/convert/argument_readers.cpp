@@ -127,7 +127,7 @@ std::string charDataToString(const vxArray* a)
     const std::size_t count = vxGetNumberOfElements(a);
     requireStorage(a, count, sizeof(char16_t));
 
-    // In pieces, so that the string is not filled with zeros before.
+    // In pieces, so that the string is not filled with zeros first.
     std::string bytes;
     bytes.reserve(count);
     const auto* storage = static_cast<const char*>(vxGetData(a));

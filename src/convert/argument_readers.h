@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Readers of scalar, text, flag and data arguments. The parameter name appears in the error, so
-// that a script sees which argument was wrong.
+// Readers of scalar, text, flag and data arguments. The parameter name appears in the error, to
+// show which argument was wrong.
 #pragma once
 
 #include "vx/array.h"
@@ -11,8 +11,8 @@
 
 namespace Ovard::gridio {
 
-// The name under which the numeric readers let NaN and infinite values through: fill values may be
-// such.
+// The parameter name for which the numeric readers accept NaN and infinite values, since fill
+// values may be so.
 constexpr std::string_view fillValueName = "FILLVALUE";
 
 // Typed scalar readers: an array of one element of any of the ten numeric classes, its real part
@@ -30,8 +30,8 @@ short readShortScalar(const vxArray* a, std::string_view name);
 unsigned char readUcharScalar(const vxArray* a, std::string_view name);
 signed char readScharScalar(const vxArray* a, std::string_view name);
 
-// A file or group identifier: readIntScalar, but an identifier of an abandoned file
-// (library/guards/torn_down_files.h) becomes one that the library refuses.
+// A file or group identifier: readIntScalar, but the identifier of an abandoned file
+// (library/guards/torn_down_files.h) is replaced by one that the library refuses.
 int readNcid(const vxArray* a, std::string_view name = "ncid");
 
 // A name or word: a char array of any shape, in storage order, in the narrow encoding. Raises
@@ -47,13 +47,12 @@ bool readFlag(const vxArray* a, std::string_view name);
 float readRawFloat(const vxArray* a, std::string_view name);
 
 // Text to be stored in a file: one byte for each element, the low byte of its UTF-16 unit, with no
-// conversion of encoding. Deliberately unlike readText, and whatever the class: other storage is
-// taken as units. Raises dataSizeMismatch when the storage holds fewer than two bytes for each
-// element.
+// conversion of encoding. Unlike readText it deliberately accepts any class: other storage is taken
+// as units. Raises dataSizeMismatch when the storage holds fewer than two bytes for each element.
 std::string charDataToString(const vxArray* a);
 
 // Raises dataSizeMismatch when the array's storage holds fewer bytes than count elements of that
-// size. Only the size is checked, deliberately not the class.
+// size. The class is deliberately not checked.
 void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize);
 
 } // namespace Ovard::gridio

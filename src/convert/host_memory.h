@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Memory of the host's allocator, released on every way out.
+// Memory from the host's allocator, released at the end of the scope.
 #pragma once
 
 #include "vx/array.h"
@@ -12,7 +12,7 @@ struct ReleaseHostMemory {
     void operator()(void* memory) const { vxFree(memory); }
 };
 
-// Owns what vxArrayToString or vxCalloc returned; may hold nothing.
+// Owns the memory that vxArrayToString or vxCalloc returned; may be empty.
 template <class T> using HostMemory = std::unique_ptr<T, ReleaseHostMemory>;
 
 } // namespace Ovard::gridio

@@ -10,8 +10,8 @@
 namespace Ovard::gridio {
 
 // Calls visit with the elements of the array, as a pointer to const of their C type, and returns
-// true; returns false, without a call, when the array is not of a numeric class (char, logical,
-// cell and all others).
+// true. Returns false, without a call, if the array is not of a numeric class (char, logical, cell
+// and all others).
 template <class Visitor> bool visitNumericElements(const vxArray* array, Visitor&& visit)
 {
     // clang-format off

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Range-checked conversion of one number, the rule behind scalar arguments and index vectors.
+// Range-checked conversion of one number, for scalar arguments and index vectors.
 #pragma once
 
 #include <boost/numeric/conversion/cast.hpp>

@@ -9,7 +9,7 @@ namespace {
 constexpr double twoTo63 = 9223372036854775808.0;
 constexpr std::uint64_t topBit = std::uint64_t{1} << 63;
 
-// What does not fit, NaN included, becomes the lowest value.
+// A value that does not fit, including NaN, becomes the lowest value.
 std::int64_t truncateToInt64(double value)
 {
     const bool fits = value >= -twoTo63 && value < twoTo63;

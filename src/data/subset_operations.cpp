@@ -20,7 +20,7 @@ void getVarSubset(int, vxArray* results[], int nargs, const vxArray* args[],
     Variable variable(ncid, varid, entry);
     requireMatchingLengths(block, variable, Access::read);
     variable.requireAccessibleValues();
-    // The buffer of a text read is deliberately twice what its bytes need.
+    // The buffer of a text read is deliberately twice as large as its bytes need.
     const ElementResult values(results[0], element, toHostDimensions(block.count),
                                sizeof(char16_t));
     checkStatus(readBlock(variable, element, block, values.destination()), entry);

@@ -10,8 +10,8 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// What a variable with a zero-length dimension reads as: 0-by-0, deliberately not the variable's
-// own shape. A variable of text gives text, whatever was asked for.
+// A variable with a zero-length dimension reads as 0-by-0, deliberately not in the variable's own
+// shape. A text variable gives text, whichever operation reads it.
 vxArray* createFlattenedEmpty(const ElementType& element, nc_type xtype)
 {
     return xtype == NC_CHAR ? vxCreateCharArray(0, nullptr) : element.form->createEmpty(element);
@@ -37,7 +37,7 @@ void getVar(int, vxArray* results[], int, const vxArray* args[], const Operation
     values.finish();
 }
 
-// The whole variable as it is now: a write of this kind never adds records.
+// The whole variable at its present size: such a write never adds records.
 void putVar(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);

@@ -11,7 +11,7 @@
 
 namespace Ovard::gridio {
 
-// Both take the elements in storage order whatever the shape, and return them reversed, in the
+// Both read the elements in storage order whatever the shape, and return them reversed, in the
 // library's order. Raise badRowDatatype(name) for another class, rowLengthOutOfBounds(name, 1024)
 // for more than 1024 elements, and throw a Boost overflow for more than 2147483647.
 std::vector<int> toDimIdVector(const vxArray* row, std::string_view name); // truncateToInt32

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Fill values: the one place where an argument is read by a type that is found in the file.
+// Fill values: the only argument that is read as a type found in the file.
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
@@ -9,7 +9,7 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// The library's no-fill switch.
+// The library's no-fill flag.
 constexpr int noFillOn = 1;
 constexpr int noFillOff = 0;
 
@@ -23,13 +23,13 @@ const ElementType& fillElementType(nc_type xtype)
 
 } // namespace
 
-// The capital names are deliberate, unlike those of every other operation on variables.
+// The capitals are deliberate; no other operation on variables has them.
 void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0], "NCID");
     const int varid = readIntScalar(args[1], "VARID");
     const bool noFill = readFlag(args[2], "FILL FLAG");
-    if (noFill) { // the value is deliberately not looked at: it may be anything
+    if (noFill) { // deliberately ignores the value, which may be anything
         checkStatus(nc_def_var_fill(ncid, varid, noFillOn, nullptr), entry);
         return;
     }

@@ -22,8 +22,9 @@ void requireChangeableName(int ncid, const std::string& name, const OperationEnt
         checkStatus(refusal, entry);
 }
 
-// In a netCDF-4 file the library looks for the dimension after which a variable is named, and
-// crashes when the variable has none, or has lost it. All else is left to it.
+// In a netCDF-4 file the library looks for the dimension that the variable is named after, and
+// crashes when the variable has no dimension, or has lost it. Everything else is left to the
+// library.
 void requireRenameable(int ncid, int varid, const std::string& name, const OperationEntry* entry)
 {
     if (storageModel(ncid) == NC_FORMATX_NC3)

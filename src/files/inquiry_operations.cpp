@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a file or group holds, and which library it runs on.
+// The contents of a file or group, and the library's version.
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
@@ -11,7 +11,7 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// CDF-5 (code 5) has no name here, deliberately, like every other code the library may report.
+// CDF-5 (code 5) deliberately has no name here, nor has any other code that the library may report.
 const char* formatName(int format)
 {
     switch (format) {

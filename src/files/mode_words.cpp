@@ -11,8 +11,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// One table for opening and creating alike: the library judges whether a flag makes sense for the
-// call.
+// One table for both opening and creating: the library checks whether a flag is valid for the call.
 struct ModeWord {
     const char* word;
     int flag;

@@ -89,9 +89,9 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     results[1] = intResult(ncid);
 }
 
-// Deliberately not registered: such a file is neither warned about nor closed at unload. If the
-// results cannot be allocated, the script never receives the identifier, so the file is closed
-// here.
+// Deliberately not registered: at unload there is no warning about such a file, and it is not
+// closed. If the results cannot be allocated, the script never receives the identifier, so the file
+// is closed here.
 void pCreate(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const std::string file = readText(args[0], "file");
@@ -109,7 +109,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
         results[0] = sizeResult(chunkSize);
         results[1] = intResult(ncid);
     } catch (...) {
-        static_cast<void>(nc_close(ncid)); // the caller hears that memory ran out
+        static_cast<void>(nc_close(ncid)); // the out-of-memory error follows
         throw;
     }
 }

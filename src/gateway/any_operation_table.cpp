@@ -5,7 +5,7 @@
 
 namespace Ovard::gridio {
 
-// Each is defined in src/any.
+// The handlers are defined in src/any.
 namespace anyOperations {
 
 HandlerFunction getVar, getVarSubset, putVar, putVarSubset, getAtt, putAtt;

@@ -10,8 +10,8 @@
 namespace Ovard::gridio {
 namespace {
 
-// NC_ENODATA lies among the remote-access statuses and NC_ETRANSLATION next to them; deliberately,
-// neither counts as one.
+// NC_ENODATA is within the range of the remote-access statuses and NC_ETRANSLATION next to it;
+// deliberately, neither counts as one.
 bool isRemoteAccessStatus(int status)
 {
     return status >= NC_EDAPCONSTRAINT && status <= NC_EDAP && status != NC_ENODATA;

@@ -21,7 +21,7 @@ void registerOpenFile(int ncid)
     try {
         openFiles.emplace(ncid, OpeningProcess());
     } catch (...) {
-        static_cast<void>(nc_close(ncid)); // the caller hears that memory ran out
+        static_cast<void>(nc_close(ncid)); // std::bad_alloc follows
         throw;
     }
 }

@@ -5,7 +5,7 @@
 
 namespace Ovard::gridio {
 
-// Each is defined in the room that it belongs to.
+// Each handler is defined in the folder of its subsystem.
 namespace operations {
 
 // Files and groups.
@@ -34,7 +34,7 @@ namespace op = operations;
 
 // Every operation, with its arguments and results. Lists by dimension are in the host's order,
 // fastest-varying first; lists of identifiers are 1-by-n rows in the library's order, 0-by-0 when
-// empty. Positions count from 0. Values lie in one block and are never transposed.
+// empty. Positions count from 0. Values form one block and are never transposed.
 
 // clang-format off
 constexpr OperationEntry rows[] = {

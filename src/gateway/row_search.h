@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The search for a name in a table of operations: a plain scan, in which a key passes over the rows
-// of most other names.
+// The search for a name in a table of operations: a linear scan that compares a short key first, to
+// skip most rows.
 #pragma once
 
 #include "error_identifiers.h"
@@ -39,8 +39,8 @@ template <std::size_t count> constexpr RowKeys<count> keysOf(const OperationEntr
 }
 
 // The first row of that name. Raises unrecognizedOperation with the name when there is none, and
-// wrongNumberOfInputs when that first row expects another number of arguments, also if a later row
-// of the same name would take it. A null name is unrecognized, with an empty text.
+// wrongNumberOfInputs when that first row expects another number of arguments, even if a later row
+// of the same name expects this number. A null name is unrecognized, with an empty text.
 template <std::size_t count>
 const OperationEntry* findRow(const OperationEntry (&table)[count], const RowKeys<count>& keys,
                               const char* name, unsigned nargs)

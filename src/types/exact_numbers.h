@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Numbers of one type as those of another, without any loss.
+// Lossless conversion of numbers from one type to another.
 #pragma once
 
 #include <cmath>
@@ -15,15 +15,15 @@ template <class Integer, class Floating> constexpr Floating aboveLargest()
     return static_cast<Floating>(std::numeric_limits<Integer>::max() / 2 + 1) * 2;
 }
 
-// Whether value, of which any may be given, lies in the range of the integers.
+// Whether value, which may be any number, is in the range of the integer type.
 template <class Integer, class Floating> bool isInRange(Floating value)
 {
     return value >= static_cast<Floating>(std::numeric_limits<Integer>::lowest()) &&
            value < aboveLargest<Integer, Floating>();
 }
 
-// Stores value in target if target has a value that equals it, and returns whether it has. A NaN is
-// one in every floating type, and an infinity stays what it is.
+// Stores value in target if its type can represent value exactly, and returns whether it can. NaN
+// and infinities are representable in every floating type.
 template <class Target, class Source> bool convertExactly(Source value, Target& target)
 {
     if constexpr (std::is_same_v<Target, Source>) {
@@ -50,7 +50,7 @@ template <class Target, class Source> bool convertExactly(Source value, Target& 
     }
 }
 
-// A text that stands for this number and no other: "0.1", "300".
+// A text that identifies this number exactly: "0.1", "300".
 template <class Number> std::string numberText(Number value);
 
 } // namespace Ovard::gridio

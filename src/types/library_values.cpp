@@ -16,9 +16,9 @@ void releaseEach(const Type& type, char* values, std::size_t count)
         release(type, values + i * type.size);
 }
 
-// Releases what one value owns. By the library's functions, since its allocator may not be ours;
-// those for one string and for one vlen are in every release. Copied out, since a value may lie at
-// any byte.
+// Releases the memory that one value owns, with the library's functions, since its allocator may
+// not be ours; those for one string and for one vlen are in every release. The pointers are copied
+// out first, since a value may be unaligned.
 void release(const Type& type, char* value)
 {
     if (!type.ownsMemory)

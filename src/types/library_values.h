@@ -8,9 +8,9 @@
 
 namespace Ovard::gridio {
 
-// Memory for count values, and what the library allocates for strings and vlens within them:
-// released at the end of the scope, however it is left. All zero at first, which is a value without
-// memory of its own, so that it may end at any time.
+// Memory for count values, and for the strings and vlens that the library allocates within them,
+// released at the end of the scope. It is zeroed first: a zeroed value owns no memory, so releasing
+// is safe at any time.
 class LibraryValues {
 public:
     // Raises the host's out-of-memory error; throws a Boost overflow for more bytes than can be

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where equal elements lie in a block of memory: at regular distances, and those of array fields
-// within others.
+// Positions of equal elements in a block of memory: at regular distances, with those of array
+// fields nested.
 #pragma once
 
 #include <boost/container/small_vector.hpp>
@@ -9,8 +9,8 @@
 
 namespace Ovard::gridio {
 
-// Byte is char or const char. In the order of storage: of an array field, the elements of one value
-// come before those of the next.
+// Byte is char or const char. In storage order: for an array field, the elements of one value come
+// before those of the next.
 template <class Byte> class Places {
 public:
     // count elements, each so many bytes behind the one before it.
@@ -19,7 +19,7 @@ public:
         levels_.push_back({count, step});
     }
 
-    // In each of these, count elements at that offset.
+    // Within each of these elements, count elements at that offset.
     Places inside(std::size_t offset, std::size_t count, std::size_t step) const
     {
         Places inner = *this;
@@ -33,7 +33,7 @@ public:
     Byte* first() const { return first_; }
     std::size_t count() const { return count_; }
 
-    // Whether they lie one behind the other, as elements of that size.
+    // Whether they are contiguous elements of that size.
     bool areContiguous(std::size_t size) const
     {
         return count_ <= 1 || (levels_.size() == 1 && levels_[0].step == size);

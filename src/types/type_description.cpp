@@ -20,7 +20,7 @@ constexpr std::size_t stringSize = sizeof(char*);
 
 [[noreturn]] void raiseDamaged(const Type& type) { vxErrMsgId(any::damagedType(type.name)); }
 
-// Fills in a type that the library brings along. False for any other.
+// Fills in one of the library's own types. False for any other.
 bool describeAtomic(Type& type)
 {
     const char* name = atomicTypeName(type.id);
@@ -149,8 +149,8 @@ void TypeTree::describeCompound(Type& type, std::size_t fieldCount)
     requireReadableLayout(type);
 }
 
-// A type whose fields do not lie as in a C structure is read as HDF5 lays it out: that may be as it
-// is described, where HDF5 has bytes between the fields that netCDF has no type for.
+// A type whose fields are not laid out as in a C structure is read with HDF5's layout. That may
+// agree with the description, if HDF5 has fields in between of types that netCDF does not have.
 void TypeTree::requireReadableLayout(Type& type) const
 {
     CStructure structure;

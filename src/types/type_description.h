@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The types of netCDF files, as the library lays their values out in memory.
+// The types of netCDF files, and the layout of their values in memory.
 #pragma once
 
 #include "data/elements/element_types.h"
@@ -20,7 +20,7 @@ enum class TypeKind { number, character, string, enumeration, vlen, compound, op
 
 struct Type;
 
-// A field of a compound type.
+// A field for a compound type.
 struct Field {
     std::string name;
     std::size_t offset; // in bytes
@@ -29,7 +29,7 @@ struct Field {
     std::size_t count;  // elements: the product of lengths
 };
 
-// A member of an enumeration. The bits of its value, as many as the type has, are the lowest.
+// A member for an enumeration. Its value is in the lowest bits, as many as the type has.
 struct Member {
     std::string name;
     std::uint64_t bits;
@@ -41,16 +41,16 @@ struct Type {
     std::string name;
     std::size_t size = 0;                 // bytes of a value
     std::size_t alignment = 1;            // of a value in a C structure
-    const ElementType* element = nullptr; // of numbers, and of an enumeration's integers
-    const Type* base = nullptr;           // of a vlen
-    std::vector<Field> fields;            // of a compound type
-    std::vector<Member> members;          // of an enumeration
+    const ElementType* element = nullptr; // for numbers, and for an enumeration's integers
+    const Type* base = nullptr;           // for a vlen
+    std::vector<Field> fields;            // for a compound type
+    std::vector<Member> members;          // for an enumeration
     bool ownsMemory = false;              // values hold strings or vlens
     bool holdsLabels = false;             // values hold enumerations
     bool isWritable = true;               // the description covers each byte of a value
 };
 
-// A type with all the types that it is made of, each described once. Raises the library's failures,
+// A type with all its component types, each described once. Raises the library's failures,
 // unalignedType, and damagedType for a description that contradicts itself: a field outside its
 // compound type, a type inside itself, absurd depth.
 class TypeTree {
@@ -73,7 +73,7 @@ private:
     int ncid_;
     const OperationEntry* entry_;
     std::deque<Type> types_;
-    std::map<nc_type, const Type*> known_; // null for one that is being described
+    std::map<nc_type, const Type*> known_; // null while the type is being described
     std::size_t depth_ = 0;
     const Type* root_ = nullptr;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where in the values that a script gives something stands, for errors.
+// A position within the values that a script gives, for errors.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace Ovard::gridio {
 
-// A chain from the inside outwards, made on the stack while values are walked through: its text is
-// only put together for an error. Elements and fields are counted from 1, as they stand in storage.
+// A chain from the inside outwards, built on the stack while values are traversed; its text is
+// composed only for an error. Elements and fields are counted from 1, in storage order.
 class ValuePlace {
 public:
     ValuePlace() = default; // the values as a whole

@@ -62,7 +62,7 @@ vxArray* readCharacters(const ReadPlaces& places, const ValueShape& shape)
     return vxCreateCharArrayFromBytes(dims.size(), dims.data(), bytes.get());
 }
 
-// A row; 0-by-0 of no bytes.
+// A row; 0-by-0 if there are no bytes.
 vxArray* textRow(std::string_view text)
 {
     const std::size_t dims[] = {1, text.size()};
@@ -100,7 +100,8 @@ public:
         std::sort(byBits_.begin(), byBits_.end(), isBefore);
     }
 
-    // Empty for a value that is no member's, such as that of an element that was never written.
+    // Empty for a value that belongs to no member, such as that of an element that was never
+    // written.
     std::string_view of(const char* place) const
     {
         std::uint64_t bits = 0;

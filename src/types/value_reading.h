@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From values in the library's memory to arrays of the host. Each type has its own class: numbers
-// theirs, enumerations that of their integers, strings and vlens cell arrays, compound types
-// structures of arrays, opaque types bytes.
+// Conversion of values in the library's memory to arrays of the host. Each type has its own class:
+// numbers theirs, enumerations that of their integers, strings and vlens cell arrays, compound
+// types structures of arrays, opaque types bytes.
 #pragma once
 
 #include "types/places.h"
@@ -10,13 +10,13 @@
 namespace Ovard::gridio {
 
 // The shape of values, in the host's order: the dimensions of a variable or, for an attribute, its
-// number of values. Array fields and opaque types add their own dimensions in front.
+// number of values. Array fields and opaque types add their dimensions in front.
 struct ValueShape {
     SizeVector lengths;
-    bool isRow = false; // of an attribute: without dimensions in front, a row
+    bool isRow = false; // an attribute's: a row, unless dimensions are added in front
 };
 
-// What enumerations become.
+// The form in which enumerations are returned.
 enum class EnumerationForm { integers, labels };
 
 // Creates each array once, at its size. Raises the host's out-of-memory error.

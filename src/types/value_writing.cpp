@@ -49,7 +49,7 @@ std::size_t countTexts(const vxArray* values)
     return hasClass(values, vxCHAR_CLASS) ? 1 : elements(values);
 }
 
-// What stands for no elements in a vlen of any type: [], as cells hold before they are set.
+// The value for no elements in a vlen of any type: [], which is also the content of an unset cell.
 bool isNothing(const vxArray* values)
 {
     return hasClass(values, vxDOUBLE_CLASS) && vxIsEmpty(values);
@@ -75,8 +75,8 @@ std::size_t countStructures(const Type& type, const vxArray* values)
     return countValues(*field.type, vxGetField(values, found)) / field.count;
 }
 
-// Calls visit with the elements of a numeric or logical array, to be taken by their indices. False,
-// without a call, for any other class.
+// Calls visit with the elements of a numeric or logical array, accessible by index. False, without
+// a call, for any other class.
 template <class Visitor> bool visitNumbers(const vxArray* values, Visitor&& visit)
 {
     if (hasClass(values, vxLOGICAL_CLASS)) {
@@ -371,7 +371,7 @@ char* OutgoingValues::allocate(std::size_t count, std::size_t size, std::size_t 
     HostMemory<char> block(static_cast<char*>(vxCalloc(newBytes, 1)));
     blocks_.push_back(std::move(block));
     char* first = blocks_.back().get();
-    if (bytes < blockBytes) { // what is left of a larger one is left for it
+    if (bytes < blockBytes) { // the rest of a larger block is kept for it
         blockEnd_ = first + blockBytes;
         blockLeft_ = blockBytes - bytes;
     }

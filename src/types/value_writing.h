@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From arrays of the host to values in memory that the library can read.
+// Conversion of arrays of the host to values in memory that the library can read.
 #pragma once
 
 #include "convert/host_memory.h"
@@ -12,16 +12,16 @@
 namespace Ovard::gridio {
 
 // How many values of the type an array holds, by its class and number of elements: a char row is
-// one string or one label. Of a structure, that of its first field; 0 where it cannot be said, as
-// the values are then refused when they are converted.
+// one string or one label. For a structure, that of its first field; 0 if it cannot be determined,
+// since such values are refused when they are converted.
 std::size_t countValues(const Type& type, const vxArray* values);
 
-// Values that a script gives, as the library is to read them. All checks are made when it is
-// constructed, which raises the errors of any_error_identifiers.h and the host's out-of-memory
-// error. Memory for strings and vlens within the values ends with it.
+// The values of a script in the form that the library reads. The constructor makes all checks, and
+// raises the errors of any_error_identifiers.h and the host's out-of-memory error. The object owns
+// the memory of strings and vlens within the values.
 class OutgoingValues {
 public:
-    // The array must outlive it: numbers of the type's own class are used where they lie.
+    // The array must outlive the object: numbers of the type's own class are used in place.
     OutgoingValues(const Type& type, const vxArray* values, std::size_t count);
 
     const void* get() const { return values_; }
@@ -50,7 +50,7 @@ private:
 
     HostMemory<char> memory_;
     std::vector<HostMemory<char>> blocks_;
-    char* blockEnd_ = nullptr; // of the block that small memory is taken from
+    char* blockEnd_ = nullptr; // of the block from which small pieces are allocated
     std::size_t blockLeft_ = 0;
     const void* values_ = nullptr;
 };

@@ -26,7 +26,7 @@ BlockValues::BlockValues(Variable& variable, const Type& type, const Block& bloc
 {
     variable.requireAccessibleValues();
     const int status = read(variable, block);
-    // There is nothing to read of a whole variable with a dimension of length 0.
+    // A whole variable with a dimension of length 0 has no values to read.
     if (status == NC_EINVALCOORDS && block.isWhole && count_ == 0)
         return;
     checkStatus(status, variable.entry());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Values of variables of any type but the library's numbers and characters, for which readBlock and
-// writeBlock are.
+// Values of variables of all types except numbers and characters, which readBlock and writeBlock
+// handle.
 #pragma once
 
 #include "data/elements/blocks.h"
@@ -23,16 +23,16 @@ private:
     std::size_t count_;
     std::size_t size_;
     LibraryValues values_;
-    LibraryValues fill_;        // for elements that were never written
-    HostMemory<char> together_; // written values and fill values, which the two above own
+    LibraryValues fill_;        // for unwritten elements
+    HostMemory<char> together_; // written values and fill values, owned by the two above
     const char* first_;
 };
 
-// Writes as many values as the block holds. Raises foreignType for what the library would write
-// wrong, and the library's failures.
+// Writes as many values as the block holds. Raises foreignType for types that the library would
+// write incorrectly, and the library's failures.
 void writeValues(Variable& variable, const Type& type, const Block& block, const void* values);
 
-// Raises foreignType for a type whose values the library would write wrong to that file.
+// Raises foreignType for a type whose values the library would write incorrectly to that file.
 void requireWritable(int ncid, const Type& type, const OperationEntry* entry);
 
 } // namespace Ovard::gridio

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Runs the cases of argument_rules.py, read from standard input, in the stand-alone host, and holds
-// each outcome against the model's. With the argument "classic" the scratch file is a classic one,
-// of which the library may refuse what the model takes for a success.
+// Runs the cases of argument_rules.py, read from standard input, in the stand-alone host, and
+// compares each outcome with the model's. With the argument "classic" the scratch file is a classic
+// one, for which the library may refuse calls that the model expects to succeed.
 #include "hosts/standalone/host.h"
 
 #include <netcdf.h>
@@ -48,7 +48,7 @@ std::string percentDecoded(const std::string& text)
 // Before the names of operations on values of any type.
 const std::string anyPrefix = "any.";
 
-// The file that the cases work on, anew after every case that may have changed it.
+// The file that the cases work on, created anew after every case that may have changed it.
 class ScratchFile {
 public:
     ScratchFile(Host& host, bool isClassic) : host_(host), isClassic_(isClassic) {}
@@ -57,7 +57,7 @@ public:
     {
         close(ncid_);
         std::remove(name_.c_str());
-        // A new name each time: some definitions leave a file that the library can not close.
+        // A new name each time: some definitions leave a file that the library cannot close.
         name_ = "scratch" + std::to_string(++count_);
         nc_set_default_format(NC_FORMAT_CLASSIC, nullptr);
         nc_set_chunk_cache(4194304, 1009, 0.75F);
@@ -97,7 +97,7 @@ public:
         host_.callAny("insertArrayCompound", {ncid_, "pair", "b", 4, "short", 2});
     }
 
-    // Closes whatever is open under the identifier.
+    // Closes the file that is open under the identifier, if any.
     void close(double ncid) { static_cast<void>(host_.attempt("close", {ncid})); }
 
     double ncid() const { return ncid_; }
@@ -139,7 +139,7 @@ Value textValue(const standalone::Dims& dims, const Fields& elements)
     return Value::text(dims, units);
 }
 
-// Builds values from tokens.
+// Parses values from tokens.
 class ValueReader {
 public:
     explicit ValueReader(const ScratchFile& file) : file_(file) {}
@@ -256,7 +256,7 @@ bool isAsExpected(const Outcome& outcome, const std::string& operation, const Fi
     return true;
 }
 
-// In UTF-8, as the host has its text; the model writes bytes.
+// In UTF-8, the host's encoding of text; the model writes bytes.
 std::string utf8(const std::string& latin1)
 {
     std::string text;

@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Runs the cases of argument_rules.py, read from its tables, in the interpreter, all in one session, and holds each
-% outcome against the model's. The arguments that a message holds must stand in it in their order.
+% Runs the cases of argument_rules.py, read from its tables, in the interpreter, all in one session,
+% and compares each outcome with the model's. A message must contain its arguments in order.
 
 1;
 
@@ -10,7 +10,7 @@ function renew ()
   [~, ~] = unlink (scratch.name); % there is none at first, or after "abort"
   gridio ("setDefaultFormat", 1);
   gridio ("setChunkCache", 4194304, 1009, single (0.75));
-  % A new name each time: some definitions leave a file that the library can not close.
+  % A new name each time: some definitions leave a file that the library cannot close.
   scratch.name = sprintf ("scratch%d", ++scratch.count);
   ncid = gridio ("create", scratch.name, "netcdf4");
   gridio ("defDim", ncid, "x", 3);

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""An independent model of what each operation asks of its arguments, and the cases that follow from it.
+"""An independent model of each operation's rules for its arguments, and the cases that follow from it.
 
 Prints one case a line (--tables: writes tables of them into files), fields separated by tabs: the operation ("any." before one
 on values of any type), its arguments as tokens, "=>", the outcome expected:
@@ -40,7 +40,8 @@ def raises(name, *arguments):
     raise Raised(" ".join(["raises", name, *(urllib.parse.quote(str(a), safe="", encoding="latin-1") for a in arguments)]))
 
 
-# --- Readers: each returns what the library is handed, or raises ------------------------------------------------------
+# --- Readers: each returns the value passed to the library, or raises
+# ------------------------------------------------------
 
 BOUNDS = {  # at or below the first, for double and single values, and at or above the last, a floating value fails
     "int32": (-2147483649.0, -2147483648.0, 2147483648.0),

@@ -18,14 +18,14 @@ STEPS = list(manual_source.blocks(manual_source.CHAPTERS / "first_steps.texi"))
 
 
 def commands():
-    """What is typed in the terminal; the last of it starts the interpreter."""
+    """The commands typed in the terminal; the last one starts the interpreter."""
     typed = [line for block in STEPS if block.kind == "terminal" for line in re.findall(r"^\$ (.+)$", block.text, re.M)]
     assert typed[-1] == "octave-cli" and typed.count("octave-cli") == 1, typed
     return typed
 
 
 def session():
-    """What is typed at the prompt, whose own output is kept away."""
+    """The code typed at the prompt, without its output."""
     typed = [block.text for block in STEPS if block.kind in ("session", "run", "run on")]
     return "PS1 (''); PS2 ('');\n" + "".join(typed) + "printf ('%s\\n', 'the end'); exit (0);\n"
 
@@ -42,7 +42,9 @@ def main():
     with tempfile.TemporaryDirectory() as home:
         script = "\n".join(["set -e", *commands()[:-1], 'exec octave-cli --interactive --no-line-editing --quiet'])
         environment = {**{k: v for k, v in os.environ.items() if k not in ("DISPLAY", "OCTAVE_PATH")},
-                       "HOME": home, "OCTAVE_HISTFILE": os.devnull, "XDG_DATA_HOME": f"{home}/.local/share"}
+                       "HOME": home,
+                       "CXXFLAGS": "-O0", # the package is compiled as everywhere in tests/package
+                       "OCTAVE_HISTFILE": os.devnull, "XDG_DATA_HOME": f"{home}/.local/share"}
         done = subprocess.run(["bash", "-c", script], cwd=ROOT, env=environment, input=session(), timeout=900,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         # The manual's reader works in the folder /home/you/data.

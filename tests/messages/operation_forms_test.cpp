@@ -1,35 +1,47 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "hosts/messages/operation_forms.h"
 
+#include "gateway/any_operation_table.h"
 #include "gateway/operation_table.h"
 
 #include <gtest/gtest.h>
 
-#include <iterator>
+#include <algorithm>
 #include <set>
 
 namespace {
 
 using namespace hosts::messages;
 
-TEST(OperationForms, AreThoseOfTheOperationTable)
+template <std::size_t count>
+void expectFormsOf(const Ovard::gridio::OperationEntry (&rows)[count], OperationTable table)
 {
     std::set<std::string> names;
-    for (const auto& entry : Ovard::gridio::operationTable) {
+    for (const auto& entry : rows) {
         const bool isFirstRow = names.insert(entry.name).second;
-        const OperationForm* form = findOperationForm(entry.name);
+        const OperationForm* form = findOperationForm(entry.name, table);
         ASSERT_NE(form, nullptr) << entry.name;
         EXPECT_TRUE(!isFirstRow || form->parameterCount == entry.nargs) << entry.name;
     }
-    EXPECT_EQ(names.size(), static_cast<std::size_t>(endOperationForms() - beginOperationForms()));
+    EXPECT_EQ(names.size(), static_cast<std::size_t>(std::count_if(
+                                beginOperationForms(), endOperationForms(),
+                                [table](const auto& form) { return form.table == table; })));
 }
 
-TEST(OperationForms, HaveAClassOfDataForEveryWriteAndNoOtherOperation)
+TEST(OperationForms, AreThoseOfTheOperationTables)
 {
-    const auto isWrite = [](std::string_view name) { return name.substr(0, 3) == "put"; };
+    expectFormsOf(Ovard::gridio::operationTable, OperationTable::first);
+    expectFormsOf(Ovard::gridio::anyOperationTable, OperationTable::any);
+}
+
+// Only the first table takes the bytes of values as they are.
+TEST(OperationForms, HaveAClassOfDataForEveryWriteOfTheFirstTableOnly)
+{
     for (const auto* form = beginOperationForms(); form != endOperationForms(); ++form) {
-        EXPECT_EQ(isWrite(form->name), form->dataClass != vxUNKNOWN_CLASS) << form->name;
-        EXPECT_TRUE(!isWrite(form->name) ||
+        const bool takesBytes =
+            form->table == OperationTable::first && form->name.substr(0, 3) == "put";
+        EXPECT_EQ(takesBytes, form->dataClass != vxUNKNOWN_CLASS) << form->name;
+        EXPECT_TRUE(!takesBytes ||
                     form->parameters[form->parameterCount - 1].kind == ParameterKind::data);
     }
     EXPECT_EQ(findOperationForm("putVar1UInt64")->dataClass, vxUINT64_CLASS);

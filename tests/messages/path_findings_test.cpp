@@ -73,7 +73,7 @@ TEST_F(PathFinding, ResolvesARelativePath)
     std::filesystem::current_path(before);
 }
 
-TEST_F(PathFinding, NamesWhatIsNoFile)
+TEST_F(PathFinding, NamesPathsThatAreNotFiles)
 {
     std::filesystem::create_directory(folder.file("folder"));
     EXPECT_THAT(findPathProblem(folder.file("folder/"), Purpose::creating),
@@ -94,7 +94,7 @@ TEST_F(PathFinding, NamesWhatIsNoFile)
     EXPECT_THAT(findPathProblem(folder.file("loop"), Purpose::reading), IsEmpty());
 }
 
-TEST_F(PathFinding, NamesWhatPermissionsForbid)
+TEST_F(PathFinding, NamesTheMissingPermission)
 {
     using std::filesystem::perms;
     const std::string path = makeFile("f.nc");
@@ -115,9 +115,9 @@ TEST_F(PathFinding, NamesWhatPermissionsForbid)
                 HasSubstr("You may not write into the folder \"" + folder.path()));
     permissions(std::filesystem::path(folder.path()), perms(0));
     EXPECT_THAT(found(path, Purpose::reading),
-                HasSubstr("You may not look into the folder \"" + folder.path()));
+                HasSubstr("You have no permission to search the folder \"" + folder.path()));
     EXPECT_THAT(found(folder.file("a/b.nc"), Purpose::reading),
-                HasSubstr("You may not look into the folder \"" + folder.path()));
+                HasSubstr("You have no permission to search the folder \"" + folder.path()));
     permissions(std::filesystem::path(folder.path()), perms(0755));
 }
 
@@ -171,14 +171,13 @@ TEST_F(PathFinding, SaysThatTheDiskIsFull)
     const std::string path = makeFile("f.nc");
     testsupport::StandInDisk disk;
     disk.freeBlocks = 3;
-    EXPECT_EQ(findNoSpace(path),
-              "The disk that \"" + path + "\" lies on is full: 12288 bytes are left.");
+    EXPECT_EQ(findNoSpace(path), "The disk of \"" + path + "\" is full: 12288 bytes are left.");
     EXPECT_THAT(findPathProblem(path, Purpose::creating), HasSubstr("is full"));
     EXPECT_THAT(findPathProblem(folder.file("new.nc"), Purpose::creating),
-                HasSubstr("\"" + folder.path() + "\" lies on is full"));
+                HasSubstr("\"" + folder.path() + "\" is full"));
     disk.freeBlocks = 100000;
     disk.freeFiles = 0;
-    EXPECT_THAT(findNoSpace(path), HasSubstr("has no room for another file"));
+    EXPECT_THAT(findNoSpace(path), HasSubstr("has no space for another file"));
     disk.freeFiles = 5;
     EXPECT_THAT(findNoSpace(path), IsEmpty());
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: BSD-3-Clause
-#include "hosts/messages/where_to_read.h"
 
 #include "tests/messages/message_test.h"
 #include "tests/support/library_leak.h"
@@ -37,20 +36,20 @@ TEST_F(TypeFinding, NamesATypeThatNoOperationReads)
                            "of the variable-length type \"row_t\"", "of the compound type \"pt_t\"",
                            "of the opaque type \"raw_t\""};
     for (int varid = 0; varid < 5; ++varid) {
-        // The library loses the strings that it does not hand over.
+        // The library leaks the strings that it does not return.
         std::optional<testsupport::LeakOfTheLibrary> leak;
         if (varid == 0)
             leak.emplace();
         for (const char* operation : {"getVarDouble", "getVarText"})
-            EXPECT_THAT(
-                messageOf(operation, {ncid, varid}),
-                AllOf(HasSubstr(types[varid]), HasSubstr(hosts::messages::whereToReadOtherTypes)));
+            EXPECT_THAT(messageOf(operation, {ncid, varid}),
+                        AllOf(HasSubstr(types[varid]),
+                              HasSubstr("Use gridio_any (\"getVar\", ...), which reads")));
         EXPECT_THAT(messageOf("inqVarFill", {ncid, varid}), HasSubstr(types[varid]));
     }
     for (const char* operation : {"getAttText", "getAttInt"})
         EXPECT_THAT(messageOf(operation, {ncid, 0, "who"}),
                     AllOf(HasSubstr("The attribute \"who\" is of type NC_STRING"),
-                          HasSubstr(hosts::messages::whereToReadOtherTypes)));
+                          HasSubstr("Use gridio_any (\"getAtt\", ...), which reads")));
 }
 
 TEST_F(TypeFinding, NamesTheOperationForTheType)

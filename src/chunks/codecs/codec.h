@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The compressions that chunks are stored with, by their numbers in HDF5's registry of filters.
-// Each stands on a library of its own, for which the build looks; without it, its number is unknown
-// here.
+// The compression methods of chunks, by their numbers in HDF5's registry of filters. Each uses its
+// own library, which the build looks for; without it, the number is unknown here.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +24,7 @@ struct Filter {
     std::vector<unsigned> parameters;
 };
 
-// For one thread at a time.
+// Not thread-safe.
 class Decompressor {
 public:
     Decompressor() = default;
@@ -33,13 +32,14 @@ public:
     Decompressor(const Decompressor&) = delete;
     Decompressor& operator=(const Decompressor&) = delete;
 
-    // False unless the data, which may be damaged in any way, are decompressed to exactly this many
-    // bytes. No more than these is written, and no more memory is taken than in proportion to both.
+    // False unless the data, which may be damaged in any way, decompress to exactly this many
+    // bytes. Never writes more than these, and never takes more memory than in proportion to both
+    // sizes.
     virtual bool decompress(const unsigned char* data, std::size_t size, unsigned char* destination,
                             std::size_t destinationSize) = 0;
 };
 
-// For one thread at a time.
+// Not thread-safe.
 class Compressor {
 public:
     Compressor() = default;
@@ -47,23 +47,23 @@ public:
     Compressor(const Compressor&) = delete;
     Compressor& operator=(const Compressor&) = delete;
 
-    // The most bytes that size bytes are compressed to.
+    // The largest compressed size of size bytes.
     virtual std::size_t bound(std::size_t size) = 0;
 
-    // Returns how many bytes the data were compressed to. destination has memory for the bound.
+    // Returns the compressed size. destination has space for the bound.
     virtual std::size_t compress(const unsigned char* data, std::size_t size,
                                  unsigned char* destination) = 0;
 };
 
 bool isCodec(unsigned filter);
 
-// Null for parameters that no data can have been written with. The filter is a codec.
+// Null for parameters with which no data can have been written. The filter must be a codec.
 std::unique_ptr<Decompressor> makeDecompressor(const Filter& filter);
 
-// Null for a filter that is not written here. The only one is deflate.
+// Null for a filter that is not supported for writing; only deflate is.
 std::unique_ptr<Compressor> makeCompressor(const Filter& filter);
 
-// Codecs of this build: "deflate zstd lz4", for those who want to know.
+// Codecs of this build, for reports: "deflate zstd lz4".
 std::vector<const char*> codecNames();
 
 } // namespace Ovard::gridio

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What makes each codec: a file of that name has it, if the build found its library.
+// The factory of each codec, defined in a file of that name if the build found its library.
 #pragma once
 
 #include "chunks/codecs/codec.h"

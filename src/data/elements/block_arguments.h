@@ -6,17 +6,17 @@
 
 namespace Ovard::gridio {
 
-// Reads START and as many of COUNT and STRIDE as are given: what is missing becomes ones.
+// Reads START and those of COUNT and STRIDE that are given; a missing one becomes all ones.
 Block readBlockArguments(const vxArray* const vectors[], int vectorCount);
 
 enum class Access { read, write };
 
 // Raises badIndexArgumentLength unless the vectors have one element for each dimension of the
-// variable. For COUNT and STRIDE a read deliberately reports the required length twice, a write
-// also the length that was given.
+// variable. For COUNT and STRIDE a read deliberately reports the required length twice; a write
+// reports the required and the given length.
 void requireMatchingLengths(const Block& block, const Variable& variable, Access access);
 
-// Raises countNotEqualToData unless the block has as many elements as were given.
+// Raises countNotEqualToData unless the block has as many elements as the data.
 void requireMatchingCount(const Block& block, std::size_t given);
 
 } // namespace Ovard::gridio

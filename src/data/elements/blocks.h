@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Blocks of a variable's values: the one way to read and to write them.
+// Blocks of a variable's values: all reads and writes go through here.
 #pragma once
 
 #include "data/elements/element_types.h"
@@ -18,17 +18,17 @@ struct Block {
 
 Block wholeBlock(Variable& variable);
 
-// The block as the guards of the library take it, valid as long as both arguments.
+// The block in the form that src/library/guards takes, valid as long as both arguments.
 LibraryBlock libraryBlock(Variable& variable, const Block& block);
 
-// Reads the block's values, converted to the element type, one after the other to destination,
-// which has memory for all of them: nc_get_var_double and its kind for a whole variable,
-// nc_get_vars_double and its kind for any other block. Returns the library's status for the values;
+// Reads the block's values, converted to the element type, contiguously into destination, which is
+// large enough for all of them: by nc_get_var_double and the like for a whole variable, by
+// nc_get_vars_double and the like for any other block. Returns the library's status for the values;
 // raises the other failures.
 int readBlock(Variable& variable, const ElementType& element, const Block& block,
               void* destination);
 
-// The same for writing: nc_put_var_double and its kind, nc_put_vars_double and its kind.
+// The same for writing: by nc_put_var_double or nc_put_vars_double and the like.
 int writeBlock(Variable& variable, const ElementType& element, const Block& block,
                const void* values);
 

@@ -20,7 +20,7 @@ HostMemory<char> zeroedBuffer(std::size_t count, std::size_t size)
     return HostMemory<char>(static_cast<char*>(vxCalloc(count, size)));
 }
 
-// --- Numbers lie in the array itself.
+// --- Numbers are stored in the array itself.
 
 IncomingElements createNumbers(const ElementType& element, const SizeVector& hostDimensions,
                                std::size_t count, std::size_t)
@@ -72,7 +72,7 @@ vxArray* createFillNumber(const ElementType& element)
     return vxCreateNumericArray(2, oneByOne, element.hostClass, vxREAL);
 }
 
-// --- Text passes through bytes.
+// --- Text passes through a buffer of bytes.
 
 // The bytes are widened as signed characters, whatever the platform's char is.
 char16_t widen(char byte) { return static_cast<char16_t>(static_cast<signed char>(byte)); }
@@ -105,7 +105,7 @@ vxArray* finishTextAttribute(const ElementType&, const IncomingElements& element
     return textResult(elements.count == 0 ? "" : elements.buffer.get());
 }
 
-// Text that is read from a variable that is not NC_CHAR has no class.
+// The result of reading text from a variable that is not NC_CHAR has no class.
 vxArray* createNoText(const ElementType&)
 {
     return vxCreateUninitNumericArray(0, nullptr, vxUNKNOWN_CLASS, vxREAL);
@@ -121,7 +121,7 @@ void readFillCharacter(const vxArray* argument, const ElementType&, void* value)
 {
     if (vxGetClassID(argument) != vxCHAR_CLASS || vxGetNumberOfElements(argument) != 1)
         vxErrMsgId(netcdf::badScalarArgument(std::string(fillValueName), "char"));
-    // Deliberately another name than in the error above.
+    // The name deliberately differs from that in the error above.
     *static_cast<char*>(value) = readText(argument, "fill value")[0];
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// How elements pass between the host's arrays and the library: numbers as they lie in the array,
-// text through a buffer of bytes, since the host's characters are 16-bit units. The rows of the
-// element table have one of the two forms; nothing else tells text from numbers.
+// How elements pass between the host's arrays and the library: numbers directly in the array's
+// storage, text through a buffer of bytes, since the host's characters are 16-bit units. Each row
+// of the element table has one of the two forms; nothing else distinguishes text from numbers.
 #pragma once
 
 #include "convert/host_memory.h"
@@ -16,8 +16,8 @@ struct ElementType;
 
 // Values of an element on their way from the library into a host array.
 struct IncomingElements {
-    vxArray* array = nullptr; // the host's; null for text that is made at the end
-    HostMemory<char> buffer;  // null for elements that are written into the array itself
+    vxArray* array = nullptr; // the host's; null for text, which is created at the end
+    HostMemory<char> buffer;  // null for elements that the library writes into the array itself
     std::size_t count = 0;
 
     // Where the library is to write.
@@ -30,22 +30,22 @@ struct ElementForm {
     IncomingElements (*create)(const ElementType& element, const SizeVector& hostDimensions,
                                std::size_t count, std::size_t textUnitSize);
 
-    // Brings values that were read into the array.
+    // Moves the values that were read into the array.
     void (*finish)(const IncomingElements& elements);
 
-    // An attribute of count values: a row, 0-by-0 of none. Its buffer has at least
-    // leastAttributeBytes, and what the library does not write is zero.
+    // An attribute of count values: a row, 0-by-0 for none. Its buffer has at least
+    // leastAttributeBytes, and bytes that the library does not write are zero.
     IncomingElements (*createAttribute)(const ElementType& element, std::size_t count);
 
     // The finished attribute. Text deliberately ends at the first NUL: padding is dropped, and so
-    // is all that follows an embedded NUL.
+    // is everything after an embedded NUL.
     vxArray* (*finishAttribute)(const ElementType& element, const IncomingElements& elements);
 
     // The 0-by-0 result of a variable without values.
     vxArray* (*createEmpty)(const ElementType& element);
 
-    // The elements of data to be written, as the library is to read them; bytes owns those of text.
-    // Raises dataSizeMismatch when the storage holds fewer bytes than its elements need.
+    // The elements of data to be written, in the form that the library reads; bytes owns those of
+    // text. Raises dataSizeMismatch when the storage holds fewer bytes than its elements need.
     const void* (*borrow)(const vxArray* data, const ElementType& element, std::string& bytes);
 
     // Reads a fill value into 8 bytes. Raises badScalarArgument.

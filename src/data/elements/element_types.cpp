@@ -69,7 +69,7 @@ void storeScalar(const vxArray* argument, std::string_view name, void* element)
 #define GRIDIO_ATTRIBUTE_CALLS(word, T) getAtt<T, nc_get_att_##word>, putAtt<T, nc_put_att_##word>
 #define GRIDIO_NUMERIC_CALLS(word, T) GRIDIO_DATA_CALLS(word, T), GRIDIO_ATTRIBUTE_CALLS(word, T)
 
-// "Uchar" and "Ubyte" deliberately differ in the library calls alone. A netCDF type is looked up
+// "Uchar" and "Ubyte" deliberately differ only in the library calls. A netCDF type is looked up
 // from the first row down.
 // clang-format off
 const ElementType elementTypes[elementTypeCount] = {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The element types of the typed operations: the one table from which attribute, whole-variable and
-// subset access all draw. A row holds the library's typed calls with their C type erased, since the
-// host hands out void*.
+// The element types of the typed operations: the one table that attribute, whole-variable and
+// subset access use. A row holds the library's typed calls with their C type erased, since the
+// host's storage is void*.
 #pragma once
 
 #include "data/elements/element_forms.h"
@@ -16,14 +16,14 @@
 namespace Ovard::gridio {
 
 struct ElementType {
-    const char* suffix;   // at the end of the operation names: "Uint64"
-    vxClassID hostClass;  // of what a read returns
-    std::size_t size;     // bytes of the C element that the library is handed
+    const char* suffix;   // the end of the operation names: "Uint64"
+    vxClassID hostClass;  // of the result of a read
+    std::size_t size;     // size in bytes of the C element that is passed to the library
     nc_type externalType; // the netCDF type that is stored as this C element
     const ElementForm* form;
 
     // Typed library calls of the row: nc_get_var_double, nc_get_vars_double, nc_get_att_double and
-    // so on. Those of variables are null for Ubyte, which attributes alone have.
+    // so on. Those for variables are null for Ubyte, which only attributes have.
     int (*getVar)(int ncid, int varid, void* values);
     int (*putVar)(int ncid, int varid, const void* values);
     int (*getVars)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
@@ -52,12 +52,13 @@ struct TypedFamily {
 constexpr TypedFamily attributeReads  = {15, 26, true};
 constexpr TypedFamily wholeReads      = {27, 37, false};
 constexpr TypedFamily subsetReads     = {38, 48, false};
-constexpr TypedFamily attributeWrites = {77, 87, true}; // without Text
+constexpr TypedFamily attributeWrites = {77, 87, true};
 constexpr TypedFamily wholeWrites     = {89, 99, false};
 constexpr TypedFamily subsetWrites    = {100, 110, false};
 // clang-format on
 
-constexpr std::int32_t attributeTextWrite = 88;
+// "putAttText", which has a handler of its own since it takes no type, follows its family.
+constexpr std::int32_t attributeTextWrite = attributeWrites.lastCode + 1;
 
 constexpr bool isAttributeWrite(std::int32_t code)
 {
@@ -67,7 +68,7 @@ constexpr bool isAttributeWrite(std::int32_t code)
 constexpr std::size_t elementTypeCount = 12;
 extern const ElementType elementTypes[elementTypeCount];
 
-// The row for an operation code of the family; null for a code outside it.
+// The row for an operation code of the family; null for any other code.
 const ElementType* findElementType(const TypedFamily& family, std::int32_t code);
 
 // The row of the entry's code. Raises unrecognizedOperation with the entry's name for a code

@@ -10,7 +10,7 @@
 
 namespace Ovard::gridio {
 
-// In a netCDF-4 file, but deliberately not in one of the classic model, fill values must be set
+// In a netCDF-4 file, but deliberately not in one of the classic model, fill values can be set only
 // with "defVarFill".
 bool isGuardedFillValue(int ncid, int varid, const std::string& name, const OperationEntry* entry);
 

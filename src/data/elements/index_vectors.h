@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// START, COUNT and STRIDE: from a host array of any numeric class and shape, in the host's
-// dimension order, to the vector that the library expects, in its own order.
+// START, COUNT and STRIDE: conversion from a host array of any numeric class and shape, in the
+// host's dimension order, to the vector that the library expects, in its own order.
 #pragma once
 
 #include "vx/array.h"
@@ -12,7 +12,7 @@
 
 namespace Ovard::gridio {
 
-// One element for each dimension; up to eight of them need no memory of their own.
+// One element for each dimension; up to eight of them need no allocation.
 template <class T> using DimensionVector = boost::container::small_vector<T, 8>;
 using SizeVector = DimensionVector<std::size_t>;
 using StrideVector = DimensionVector<std::ptrdiff_t>;

@@ -50,7 +50,7 @@ void Variable::requireAccessibleValues()
     if (isAccessible_)
         return;
     requireAccessibleRank(static_cast<int>(rank_), entry_);
-    // Lengths that are known were asked of every dimension.
+    // If the lengths are known, every dimension has already been inquired.
     if (model_ == NC_FORMATX_NC_HDF5 && lengths_.size() < rank_)
         requireKnownDimensions(ncid_, dimensionIds().data(), rank_, entry_);
     isAccessible_ = true;

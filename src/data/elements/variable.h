@@ -12,11 +12,11 @@
 
 namespace Ovard::gridio {
 
-// Asks each thing once, and only when it is needed. All of it raises the library's failures as
-// those of the entry's operation.
+// Makes each inquiry once, and only when it is needed. Every function raises the library's failures
+// as those of the entry's operation.
 class Variable {
 public:
-    // nc_inq_var: type and rank. NC_GLOBAL passes, as it does there.
+    // Type and rank (nc_inq_var, which accepts NC_GLOBAL).
     Variable(int ncid, int varid, const OperationEntry* entry);
 
     int ncid() const { return ncid_; }
@@ -29,15 +29,15 @@ public:
     // The identifiers of its dimensions (nc_inq_vardimid).
     const DimensionVector<int>& dimensionIds();
 
-    // How long its dimensions are now (nc_inq_dimlen). Raises NC_EMAXDIMS for more dimensions than
-    // the library can access.
+    // The present lengths of its dimensions (nc_inq_dimlen). Raises NC_EMAXDIMS for more dimensions
+    // than the library can access.
     const SizeVector& lengths();
 
     // Its name in the narrow encoding (nc_inq_varname).
     std::string name() const;
 
-    // Raises what the library would crash on, or write past its own buffers, when values are
-    // accessed: NC_EMAXDIMS for too many dimensions, NC_EBADDIM for missing ones.
+    // Raises NC_EMAXDIMS for too many dimensions and NC_EBADDIM for missing ones, for which the
+    // library would write past its own buffers or crash when values are accessed.
     void requireAccessibleValues();
 
 private:

@@ -5,15 +5,26 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace Ovard::gridio {
 namespace {
 
 class ThreadCount : public testing::Test {
 protected:
-    void TearDown() override { setThreadCount(0); }
+    void SetUp() override { unsetenv(variable); }
+    void TearDown() override
+    {
+        setThreadCount(0);
+        unsetenv(variable);
+    }
+
+    static void choose(const char* text) { setenv(variable, text, 1); }
+
+    static constexpr const char* variable = "GRIDIO_THREADS";
 };
 
-TEST_F(ThreadCount, IsThatOfTheMachineUnlessItIsSet)
+TEST_F(ThreadCount, DefaultsToTheMachinesNumber)
 {
     const std::size_t usual = threadCount();
     EXPECT_GE(usual, 1U);
@@ -26,6 +37,32 @@ TEST_F(ThreadCount, IsThatOfTheMachineUnlessItIsSet)
     EXPECT_EQ(threadCount(), usual);
 }
 
+TEST_F(ThreadCount, IsThatOfTheEnvironment)
+{
+    choose("7");
+    EXPECT_EQ(threadCount(), 7U);
+    EXPECT_FALSE(isLibraryChosen());
+    setThreadCount(1);
+    EXPECT_EQ(threadCount(), 1U);
+    EXPECT_FALSE(isLibraryChosen()) << "a thread of its own is not the user's choice";
+    setThreadCount(0);
+    choose("1");
+    EXPECT_EQ(threadCount(), 1U);
+    EXPECT_TRUE(isLibraryChosen());
+    choose("99999999999999999999999");
+    EXPECT_EQ(threadCount(), mostThreads);
+}
+
+TEST_F(ThreadCount, MindsNothingButNumbersInTheEnvironment)
+{
+    const std::size_t usual = threadCount();
+    for (const char* text : {"", "0", "-1", " 2", "+2", "2 ", "2x", "two", "0x10"}) {
+        choose(text);
+        EXPECT_EQ(threadCount(), usual) << text;
+        EXPECT_FALSE(isLibraryChosen()) << text;
+    }
+}
+
 TEST_F(ThreadCount, IsNoLargerThanTheWork)
 {
     setThreadCount(8);
@@ -36,7 +73,7 @@ TEST_F(ThreadCount, IsNoLargerThanTheWork)
     EXPECT_EQ(workSizes(10000, 1024).threads, 8U);
 }
 
-// What is packed, and one unpacked chunk for each thread.
+// The packed chunks, and one unpacked chunk for each thread.
 TEST_F(ThreadCount, KeepsTheMemoryWithinItsBound)
 {
     for (const std::size_t threads : {1U, 2U, 5U, 16U, 64U}) {

@@ -17,6 +17,6 @@ function shown = visible_text (text)
   shown(isControl) = arrayfun (@(byte) sprintf ("%s%02X", '\x', byte), bytes(isControl), "UniformOutput", false);
   shown(bytes == 0) = {'\0'};
   shown([isEncoded(2:end), false]) = {""}; # the first of the two bytes
-  shown = [shown{:}];
+  shown = [shown{:}, ""];
 
 endfunction

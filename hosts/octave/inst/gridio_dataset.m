@@ -1,0 +1,141 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn  {} {@var{ds} =} gridio_dataset (@var{file})
+## @deftypefnx {} {@var{ds} =} gridio_dataset (@var{file}, @var{mode})
+## @deftypefnx {} {@var{ds} =} gridio_dataset (@dots{}, @var{option}, @var{value}, @dots{})
+## Open a netCDF file, or an address, as a labelled dataset.
+##
+## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.
+## The file is closed when the last variable that refers to the dataset or to a part of it is
+## cleared.
+##
+## @example
+## @group
+## ds = gridio_dataset ("era5.nc")       # prints what there is
+## ds.t2m                                # a variable; nothing is read yet
+## x = ds.t2m(:,:,1);                    # values, missing ones as NaN
+## [x, at] = ds.t2m.at ("time", "2013-05", "lat", [40 60]);
+## ds.title                              # an attribute
+## ds("PRODUCT/qa_value")                # by its path, or a name that is no identifier
+## @end group
+## @end example
+##
+## @table @asis
+## @item Names
+## @code{ds.NAME} is the variable, group or attribute of that name, in this order; failing these, @code{lat}, @code{lon},
+## @code{time} and @code{level} are the coordinate that serves as such.  A variable whose name is that of a method is
+## @code{ds("NAME")}.
+## @item Methods
+## @code{variables ()}, @code{dimensions ()} and @code{groups ()} are names in a column; @code{variables (ATTRIBUTE, VALUE)}
+## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
+## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
+## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
+## @item Options
+## Missing values become NaN, packed values are unpacked, times become day numbers as of @code{datenum}, and characters
+## texts.  Rules are switched off by name: @qcode{"missing"} (the attributes @code{_FillValue} and @code{missing_value}),
+## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
+## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
+## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
+## packed values become single.
+## @end table
+##
+## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
+##
+## @seealso{gridio_variable, gridio_show, gridio_read, gridio}
+## @end deftypefn
+
+classdef gridio_dataset < handle
+
+  properties (Access = private)
+    owner_; # the dataset that closes the file; empty in that itself
+    group_; # which group of the file, from 1
+    file_; # what file_open returned; in the owner only
+  endproperties
+
+  methods
+
+    function self = gridio_dataset (file, varargin)
+      if (nargin == 0)
+        print_usage ();
+      elseif (isa (file, "gridio_dataset"))
+        self.owner_ = owner (file);
+        self.group_ = varargin{1};
+      else
+        self.group_ = 1;
+        self.file_ = file_open (file, varargin{:});
+      endif
+    endfunction
+
+    function delete (self)
+      if (isempty (self.owner_) && ! isempty (self.file_))
+        file = self.file_;
+        self.file_ = [];
+        file_close_quietly (file);
+      endif
+    endfunction
+
+    function close (self)
+      root = owner (self);
+      file = content (root);
+      root.file_.isOpen = false;
+      file_close (file);
+    endfunction
+
+    function varargout = subsref (self, way)
+      varargout = dataset_subsref (self, way, nargout);
+    endfunction
+
+    function self = subsasgn (self, way, value)
+      dataset_assign (self, way, value);
+    endfunction
+
+    function disp (self)
+      show_dataset (content (self), self.group_);
+    endfunction
+
+    function display (self)
+      printf ("%s = ", inputname (1));
+      disp (self);
+    endfunction
+
+    function saved = saveobj (~)
+      fail ("notSavable", "a dataset cannot be saved; save the values that are read from it");
+    endfunction
+
+    function joined = horzcat (varargin)
+      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+    endfunction
+
+    function joined = vertcat (varargin)
+      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+    endfunction
+
+  endmethods
+
+  methods (Hidden)
+
+    function dataset = owner (self)
+      dataset = self.owner_;
+      if (isempty (dataset))
+        dataset = self;
+      endif
+    endfunction
+
+    function [file, group] = content (self)
+      root = owner (self);
+      file = root.file_;
+      group = self.group_;
+      file_check (file);
+    endfunction
+
+    ## To be called after definitions in the file have changed.
+    function refresh (self)
+      root = owner (self);
+      root.file_.d = file_description (root.file_.ncid);
+      root.file_.lastError = lasterror ();
+    endfunction
+
+  endmethods
+
+endclassdef

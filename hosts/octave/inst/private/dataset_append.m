@@ -1,0 +1,18 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} dataset_append (@var{self}, @var{name}, @var{values}, @dots{})
+## Undocumented internal function: the method @code{append} of a dataset.
+## @end deftypefn
+
+function dataset_append (self, varargin)
+
+  [file, group] = content (self);
+  writable (file);
+  unwind_protect
+    append_records (file.d.groups.ncid(group), varargin{:});
+  unwind_protect_cleanup
+    refresh (self);
+  end_unwind_protect
+
+endfunction

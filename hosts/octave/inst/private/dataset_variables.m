@@ -1,0 +1,14 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} dataset_variables
+## Undocumented internal function: the method @code{variables} of @code{gridio_dataset}: names in the group, and paths of those in groups
+## below, all or those with given attributes.
+## @end deftypefn
+
+function names = dataset_variables (self, varargin)
+
+  [file, group] = content (self);
+  [numbers, names] = variables_with (file.d, group, varargin{:});
+
+endfunction

@@ -1,0 +1,18 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} decoded_times
+## Undocumented internal function: times as day numbers, where the variable has times and the calendar has such; all else unchanged.
+## @end deftypefn
+
+function x = decoded_times (file, number, x)
+
+  if (! bitand (file.flags, 64))
+    return;
+  endif
+  [units, calendar] = time_of (file, number);
+  if (! isempty (units) && has_datenum (calendar))
+    x = gridio_native ("timesToDatenum", double (x), units, calendar);
+  endif
+
+endfunction

@@ -1,0 +1,16 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} file_check (@var{file})
+## Undocumented internal function: raise an error unless the file is still open.
+## @end deftypefn
+
+function file_check (file)
+
+  if (isempty (file) || ! file.isOpen)
+    fail ("closed", "the dataset is closed; open its file again");
+  elseif (file.session != gridio_native ("session"))
+    fail ("closed", "\"%s\" was closed when gridio was cleared; open it again", visible_text (file.path));
+  endif
+
+endfunction

@@ -1,0 +1,49 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {@var{file} =} file_open (@var{path}, @var{mode}, @var{option}, @var{value}, @dots{})
+## Undocumented internal function: a struct with the identifier of an open file, what the file has, and how to decode it.
+## @end deftypefn
+
+function file = file_open (path, varargin)
+
+  if (! ischar (path) || isempty (path) || rows (path) > 1)
+    fail ("notAFile", "the file must be a text, its path or address");
+  endif
+  mode = "read";
+  if (mod (numel (varargin), 2) == 1)
+    mode = varargin{1};
+    varargin(1) = [];
+  endif
+  [format, varargin] = format_option (mode, varargin);
+  file = struct ("path", path, "mode", mode, "isOpen", true, "flags", decoding_flags (varargin{:}), ...
+                 "lastError", lasterror ());
+  switch (mode)
+    case {"read", "write"}
+      file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
+    case {"new", "replace"}
+      file.ncid = file_create (path, mode, format);
+    otherwise
+      fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
+  endswitch
+  file.session = gridio_native ("session");
+  try
+    file.d = file_description (file.ncid);
+  catch failure
+    gridio ("close", file.ncid);
+    rethrow (failure);
+  end_try_catch
+
+endfunction
+
+## The format of a file to create.
+function [format, options] = format_option (mode, options)
+
+  format = "netCDF-4";
+  at = find (strcmp (options(1:2:end), "_Format"));
+  if (! isempty (at) && any (strcmp (mode, {"new", "replace"})))
+    format = options{2*at(end)};
+    options([2*at-1, 2*at]) = [];
+  endif
+
+endfunction

@@ -1,0 +1,48 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} read_block
+## Undocumented internal function: the decoded values at lists of positions, one for each dimension of the values.
+## @end deftypefn
+
+function x = read_block (file, number, lists)
+
+  d = file.d;
+  shape = variable_shape (file, number);
+  counts = block_size (lists, shape.lengths);
+  ncid = d.groups.ncid(d.variables.group(number));
+  varid = d.variables.varid(number);
+  lengths = double (d.dimensions.length(double (d.variables.dimensions{number}))(:)');
+  if (shape.isText)
+    lists = [{":"}, lists];
+  endif
+  x = fetch (ncid, varid, lengths, lists, bitand (file.flags, 63), ...
+             strcmp (d.variables.kind{number}, "opaque"));
+  if (shape.isText)
+    x = texts_of (x, lengths(1), counts);
+  elseif (isnumeric (x))
+    x = decoded_times (file, number, x);
+  endif
+
+endfunction
+
+## Characters whose texts lie along the first dimension; one text as such.
+function texts = texts_of (x, len, counts)
+
+  if (len == 0 || isempty (x))
+    texts = repmat ({""}, [counts, 1, 1]);
+  else
+    texts = reshape (cellstr (cut_at_nul (reshape (x, len, [])')), [counts, 1, 1]);
+  endif
+  if (isempty (counts))
+    texts = texts{1};
+  endif
+
+endfunction
+
+## A text ends at its first NUL.
+function x = cut_at_nul (x)
+
+  x(cumsum (x == 0, 2) > 0) = " ";
+
+endfunction

@@ -1,0 +1,13 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} variable_attributes
+## Undocumented internal function: the method @code{attributes} of @code{gridio_variable}.
+## @end deftypefn
+
+function s = variable_attributes (self)
+
+  [file, number] = inside (self);
+  s = attributes_struct (file.d.variables.attributes{number});
+
+endfunction
