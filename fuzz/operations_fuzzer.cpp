@@ -53,8 +53,8 @@ int modeToBeginWith(InputBytes& input)
 }
 
 // Dimensions x (2), y (3), t (unlimited, 2 records); variables v (y, x), w (x, t) of text, s
-// (scalar), r (t); some attributes; a group and types if the format has them. Created by the library
-// directly, which is faster.
+// (scalar), r (t); some attributes; a group and types if the format has them. Created by the
+// library directly, which is faster.
 int makeFile(int mode)
 {
     const int xy[] = {1, 0};
