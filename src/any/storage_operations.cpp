@@ -116,7 +116,9 @@ void defVarFilter(int, vxArray*[], int, const vxArray* args[], const OperationEn
     const unsigned int id = readUintScalar(args[2], "filter");
     const std::vector<unsigned int> parameters = readUintList(args[3], "filter parameters");
 
-    checkStatus(nc_def_var_filter(ncid, varid, id, parameters.size(), parameters.data()), entry);
+    // Of a file in data mode the library says that it is in define mode.
+    const int status = nc_def_var_filter(ncid, varid, id, parameters.size(), parameters.data());
+    checkStatus(status == NC_EINDEFINE ? NC_ENOTINDEFINE : status, entry);
 }
 
 // The identifiers of the filters, and the parameters of each in a cell.

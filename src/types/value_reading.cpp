@@ -93,8 +93,11 @@ public:
     {
         for (const Member& member : type.members)
             byBits_.push_back(&member);
-        const auto hasLess = [](const Member* a, const Member* b) { return a->bits < b->bits; };
-        std::stable_sort(byBits_.begin(), byBits_.end(), hasLess);
+        // Of several members with one value the first comes first.
+        const auto isBefore = [](const Member* a, const Member* b) {
+            return a->bits != b->bits ? a->bits < b->bits : a < b;
+        };
+        std::sort(byBits_.begin(), byBits_.end(), isBefore);
     }
 
     // Empty for a value that belongs to no member, such as that of an element that was never

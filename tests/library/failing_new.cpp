@@ -57,17 +57,30 @@ long liveNewBlocks() { return live; }
 
 } // namespace testsupport
 
+namespace {
+
+struct Running {
+    Running() { testsupport::moduleRuns = true; }
+    ~Running() { testsupport::moduleRuns = false; }
+};
+
+} // namespace
+
 extern "C" {
 
 void __real_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+void __real_plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
 void __wrap_plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
 {
-    struct Running {
-        Running() { testsupport::moduleRuns = true; }
-        ~Running() { testsupport::moduleRuns = false; }
-    } const running;
+    const Running running;
     __real_plugFunction(nlhs, results, nrhs, arguments);
+}
+
+void __wrap_plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    const Running running;
+    __real_plugAnyFunction(nlhs, results, nrhs, arguments);
 }
 
 } // extern "C"

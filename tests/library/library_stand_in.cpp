@@ -90,6 +90,12 @@ AFTER(nc_inq_var_chunking, report<2>(library.storage, arguments))
 AFTER(nc_inq_var_fletcher32, report<2>(library.checksum, arguments))
 AFTER(nc_inq_var_deflate, reportDeflate(library, std::get<2>(arguments), std::get<3>(arguments),
                                         std::get<4>(arguments)))
+AFTER(nc_inq_user_type, report<3>(library.typeSize, arguments);
+      report<4>(library.typeBase, arguments); report<5>(library.typeParts, arguments);
+      report<6>(library.typeClass, arguments))
+AFTER(nc_inq_compound_field, report<4>(library.fieldOffset, arguments);
+      report<5>(library.fieldType, arguments); report<7>(library.fieldLength, arguments))
+AFTER(nc_inq_compound_fieldndims, report<3>(library.fieldRank, arguments))
 AFTER(nc_inq_att, report<4>(library.attributeLength, arguments))
 
 #undef AFTER

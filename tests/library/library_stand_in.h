@@ -51,6 +51,14 @@ public:
     std::optional<std::size_t> dimensionLength;
     std::optional<std::size_t> attributeLength;
     std::optional<std::size_t> groupPathLength;
+    std::optional<std::size_t> typeSize; // of a user-defined type, as the four below
+    std::optional<int> typeBase;
+    std::optional<std::size_t> typeParts;
+    std::optional<int> typeClass;
+    std::optional<std::size_t> fieldOffset; // of each field of a compound type, as the three below
+    std::optional<int> fieldType;
+    std::optional<int> fieldRank;
+    std::optional<int> fieldLength; // the first of an array field
 };
 
 } // namespace testsupport
