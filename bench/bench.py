@@ -144,7 +144,7 @@ class Bench:
 
 
 def scratch_folder(need, build):
-    """In memory when there is room, since the speed of a disk is not the question here."""
+    """A folder in memory if it has enough space, so that the speed of a disk does not count."""
     shm = pathlib.Path("/dev/shm")
     in_memory = shm.is_dir() and shutil.disk_usage(shm).free > 2 * need
     return tempfile.TemporaryDirectory(prefix="gridio-bench-", dir=shm if in_memory else build)

@@ -137,6 +137,11 @@ constexpr Message catalogue[] = {
      "order) that the library would write incorrectly. They can be read: copy them to a new file, and write there."},
     {"Ovard:gridio:any:unrecognizedWord",
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
+
+    // Datasets.
+    {"Ovard:gridio:datasets:unreadableTime", "The {1} {2} cannot be used: {3}."},
+    {"Ovard:gridio:datasets:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
+    {"Ovard:gridio:datasets:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on
 

@@ -38,8 +38,9 @@ struct Parameter {
     ParameterKind kind;
 };
 
-// The module's two tables of operations: that of gridio, and that of gridio_any.
-enum class OperationTable { first, any };
+// The module's tables of operations: that of gridio, that of gridio_any, and that of the dataset
+// classes, whose operations have no forms.
+enum class OperationTable { first, any, datasets };
 
 struct OperationForm {
     static constexpr std::size_t mostParameters = 6;

@@ -26,8 +26,9 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
     try {
         entry(nargout, results, static_cast<int>(count), arguments);
     } catch (const fnd::except::IMsgIDException& failure) {
-        constexpr auto table = entry == plugAnyFunction ? messages::OperationTable::any
-                                                        : messages::OperationTable::first;
+        constexpr auto table = entry == plugAnyFunction       ? messages::OperationTable::any
+                               : entry == plugDatasetFunction ? messages::OperationTable::datasets
+                                                              : messages::OperationTable::first;
         raiseMessage(failure.messageId(), {arguments, static_cast<size_t>(count), table});
     }
 

@@ -26,6 +26,14 @@ std::vector<Value> takeResults(const std::vector<vxArray*>& slots)
     return results;
 }
 
+hosts::messages::OperationTable tableOf(Entry entry)
+{
+    using hosts::messages::OperationTable;
+    if (entry == plugAnyFunction)
+        return OperationTable::any;
+    return entry == plugDatasetFunction ? OperationTable::datasets : OperationTable::first;
+}
+
 std::vector<Value> resultsOf(Outcome outcome)
 {
     if (outcome.raised)
@@ -58,9 +66,7 @@ Outcome Host::attemptRaw(const std::vector<Value>& everyArgument, int nlhs, Entr
         for (const Value& argument : everyArgument)
             arguments.push_back(argument.array());
         std::vector<vxArray*> slots(static_cast<std::size_t>(std::max(nlhs, plugResultSlots)));
-        context = {arguments.data(), arguments.size(),
-                   entry == plugAnyFunction ? hosts::messages::OperationTable::any
-                                            : hosts::messages::OperationTable::first};
+        context = {arguments.data(), arguments.size(), tableOf(entry)};
         books_.call = &context;
 
         entry(nlhs, slots.data(), static_cast<int>(arguments.size()), arguments.data());
@@ -107,6 +113,18 @@ std::vector<Value> Host::callAny(const std::string& operation, const std::vector
                                  int nlhs)
 {
     return resultsOf(attemptAny(operation, arguments, nlhs));
+}
+
+Outcome Host::attemptDataset(const std::string& operation, const std::vector<Value>& arguments,
+                             int nlhs)
+{
+    return attemptNamed(operation, arguments, nlhs, plugDatasetFunction);
+}
+
+std::vector<Value> Host::callDataset(const std::string& operation,
+                                     const std::vector<Value>& arguments, int nlhs)
+{
+    return resultsOf(attemptDataset(operation, arguments, nlhs));
 }
 
 void Host::failAllocation(std::size_t n)

@@ -57,6 +57,12 @@ public:
     Outcome attemptAny(const std::string& operation, const std::vector<Value>& arguments = {},
                        int nlhs = 1);
 
+    // And by its third, for the operations that dataset classes are built on.
+    std::vector<Value> callDataset(const std::string& operation,
+                                   const std::vector<Value>& arguments = {}, int nlhs = 1);
+    Outcome attemptDataset(const std::string& operation, const std::vector<Value>& arguments = {},
+                           int nlhs = 1);
+
     // Passes exactly these arguments, for calls without any, or with a first one that is not text.
     Outcome attemptRaw(const std::vector<Value>& everyArgument, int nlhs = 1,
                        Entry entry = plugFunction);

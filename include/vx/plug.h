@@ -8,6 +8,11 @@
 // all null, in every call, even if the script requested fewer.
 constexpr int plugResultSlots = 5;
 
+// Threads. The host calls an entry from one thread at a time. During the call the module calls the
+// functions of vx/ from that thread alone, whichever other threads it uses itself: no vx function
+// has to be safe against another that runs at the same time. The handler of plugAtExit runs when no
+// call is under way.
+
 extern "C" {
 
 // Defined by the module. arguments[0] names the operation, the rest are the operation's arguments;
@@ -20,6 +25,10 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
 // Defined by the module: its second entry, for the operations on values of any type. It differs
 // from plugFunction only in that some results are set only if nlhs requests them.
 void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
+
+// Defined by the module: its third entry, for the operations that the host's dataset classes use. In
+// all else it is like plugAnyFunction.
+void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
 // Defined by the host: registers the function to be called once, when the host unloads the module
 // or ends, before the module's static objects are destroyed. The last registration replaces earlier

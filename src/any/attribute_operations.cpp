@@ -5,61 +5,23 @@
 #include "convert/argument_readers.h"
 #include "data/elements/fill_attributes.h"
 #include "error_identifiers.h"
-#include "library/guards/generated_attributes.h"
 #include "library/guards/mismatched_fill_values.h"
-#include "types/value_reading.h"
+#include "types/attribute_values.h"
 #include "types/value_writing.h"
 #include "types/variable_values.h"
 
-#include <algorithm>
-
 namespace Ovard::gridio::anyOperations {
-namespace {
-
-struct Attribute {
-    int ncid;
-    int varid;
-    std::string name;
-    std::size_t length;
-    const OperationEntry* entry;
-};
-
-// Numbers and characters are read into a buffer that is large enough for the attributes that the
-// library generates.
-vxArray* readElements(const Attribute& attribute, const Type& type)
-{
-    const std::size_t bytes = attribute.length * type.size;
-    const HostMemory<char> buffer(
-        static_cast<char*>(vxCalloc(bytes + leastAttributeBytes, sizeof(char))));
-    checkStatus(
-        type.element->getAtt(attribute.ncid, attribute.varid, attribute.name.c_str(), buffer.get()),
-        attribute.entry);
-    return readValues(type, {buffer.get(), attribute.length, type.size}, {{attribute.length}, true},
-                      EnumerationForm::integers);
-}
-
-} // namespace
 
 void getAtt(int nlhs, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
-    Attribute attribute{ncid, varid, readText(args[2], "attribute"), 0, entry};
+    const AttributeName name{ncid, varid, readText(args[2], "attribute")};
 
-    nc_type xtype = NC_NAT;
-    checkStatus(nc_inq_att(ncid, varid, attribute.name.c_str(), &xtype, &attribute.length), entry);
-    const TypeTree types(ncid, xtype, entry);
-    const Type& type = types.root();
-    if (type.kind == TypeKind::number || type.kind == TypeKind::character) {
-        results[0] = readElements(attribute, type);
-        return;
-    }
-    LibraryValues values(type, attribute.length);
-    checkStatus(nc_get_att(ncid, varid, attribute.name.c_str(), values.data()), entry);
-    const ValueShape shape{{attribute.length}, true};
-    results[0] = readValues(type, values.places(), shape, EnumerationForm::integers);
-    if (nlhs > 1 && type.holdsLabels)
-        results[1] = readValues(type, values.places(), shape, EnumerationForm::labels);
+    const Attribute attribute(name, entry);
+    results[0] = attribute.read(EnumerationForm::integers);
+    if (nlhs > 1 && attribute.type().holdsLabels)
+        results[1] = attribute.read(EnumerationForm::labels);
 }
 
 void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* entry)

@@ -21,19 +21,6 @@ namespace {
 constexpr std::size_t decodedSlabSize = std::size_t{1} << 20;
 constexpr std::size_t plainSlabSize = std::size_t{16} << 20;
 
-// Otherwise, chunks that a slab covers in part would be unpacked again for the next slab.
-SizeVector chunkLengths(const Variable& variable)
-{
-    SizeVector lengths(variable.rank(), 1);
-    int storage = NC_CONTIGUOUS;
-    SizeVector chunks(variable.rank());
-    if (nc_inq_var_chunking(variable.ncid(), variable.varid(), &storage, chunks.data()) ==
-            NC_NOERR &&
-        storage == NC_CHUNKED)
-        lengths = chunks;
-    return lengths;
-}
-
 class SlabReader {
 public:
     SlabReader(Variable& variable, const ElementType& element, const BlockIndices& block,

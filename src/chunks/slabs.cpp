@@ -14,6 +14,18 @@ std::size_t heldBy(std::size_t length, const Indices& indices)
 
 } // namespace
 
+SizeVector chunkLengths(const Variable& variable)
+{
+    SizeVector lengths(variable.rank(), 1);
+    int storage = NC_CONTIGUOUS;
+    SizeVector chunks(variable.rank());
+    if (nc_inq_var_chunking(variable.ncid(), variable.varid(), &storage, chunks.data()) ==
+            NC_NOERR &&
+        storage == NC_CHUNKED)
+        lengths = chunks;
+    return lengths;
+}
+
 SizeVector slabLengths(const BlockIndices& block, const SizeVector& chunkLengths,
                        std::size_t elements)
 {

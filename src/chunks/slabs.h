@@ -7,6 +7,10 @@
 
 namespace Ovard::gridio {
 
+// The chunk lengths of the variable; ones where it is not chunked. Slabs that cover chunks in part
+// would unpack them again for the next slab.
+SizeVector chunkLengths(const Variable& variable);
+
 // The lengths of the slabs, usable as chunk lengths of a ChunkWalk. Slabs are whole chunks, so that
 // none is packed or unpacked twice, as many as make up the number of elements, from the innermost
 // dimension outwards.

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The two entry points of the module.
+// The three entry points of the module.
 #include "vx/plug.h"
 
 #include "convert/host_memory.h"
 #include "error_identifiers.h"
 #include "gateway/any_operation_table.h"
+#include "gateway/dataset_operation_table.h"
 #include "gateway/operation_table.h"
 #include "open_file_registry.h"
 
@@ -40,4 +41,9 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
 void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
 {
     dispatch<findAnyOperation>(nlhs, results, nrhs, arguments);
+}
+
+void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[])
+{
+    dispatch<findDatasetOperation>(nlhs, results, nrhs, arguments);
 }

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Ctrl-C during a long read or write ends it within a moment, as the interpreter's own interrupt, and leaves nothing
-behind."""
+"""Ctrl-C during a long read or write ends it at once, as the interpreter's own interrupt, and leaks nothing."""
 import os
 import pathlib
 import re
@@ -15,8 +14,8 @@ OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
 CHUNKS = 60000
 SUM = CHUNKS * 64 * (CHUNKS * 64 - 1) // 2
 
-# A variable of so many chunks of 64 numbers 0 1 2 ..., which take the time of a far larger one; what the system knows of
-# the session (threads, open files, whether the functions are loaded); and a read in a child.
+# Makes a variable of many chunks of 64 numbers 0 1 2 ..., which is as slow to read as a far larger one. Reports the
+# system's view of the session (threads, open files, whether the functions are loaded). Reads in a child.
 FUNCTIONS = """
 function ncid = make (path, chunks)
   ncid = gridio ("create", path, "netcdf4");
@@ -68,7 +67,7 @@ class Interrupts(unittest.TestCase):
         self.session.stdin.flush()
 
     def hear(self, mark):
-        """What the session prints up to the mark."""
+        """The session's output up to the mark."""
         lines = []
         for line in self.session.stdout:
             if mark in line:
@@ -77,7 +76,7 @@ class Interrupts(unittest.TestCase):
         self.fail("the session has ended: " + "".join(lines))
 
     def ask(self, text):
-        """What the statement prints. The marks are printed by the interpreter, which echoes nothing."""
+        """The statement's output. The interpreter prints the marks, and echoes nothing."""
         self.say(text + '\nputs (["<do" "ne>\\n"]);')
         return self.hear("<done>")
 
@@ -107,7 +106,7 @@ class Interrupts(unittest.TestCase):
 
                 delay = self.interrupt(f"read_sum (ncid, {threads});", whole / 4)
                 print(f"{threads} threads: a read of {whole:.2f} s is interrupted within {delay:.3f} s")
-                # On a machine that does nothing else 0.01 s; the bound leaves time for others.
+                # 0.01 s on an idle machine; the bound allows for load.
                 self.assertLess(delay, max(0.2, whole / 2))
 
                 self.assertEqual(self.ask("report ()"), before)

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The kinds of failure that the operations for datasets add to error_identifiers.h and
+// any_error_identifiers.h.
+#pragma once
+
+#include "vx/error.h"
+
+#include <string>
+
+namespace Ovard::gridio::datasets {
+
+using msgcat::MessageText;
+
+// A text that is to say what times mean cannot be understood: "calendar", "units" or "period", the
+// text in quotes, and the reason.
+struct unreadableTime : msgcat::BaseMsgID {
+    unreadableTime(const std::string& kind, const std::string& text, const std::string& reason)
+        : BaseMsgID("Ovard:gridio:datasets:unreadableTime",
+                    {MessageText(kind), MessageText(text), MessageText(reason)})
+    {
+    }
+};
+
+// A time has no counterpart in the form that was asked for: its place, counted from 1, what was
+// given, and the reason.
+struct unrepresentableTime : msgcat::BaseMsgID {
+    unrepresentableTime(long place, const std::string& value, const std::string& reason)
+        : BaseMsgID("Ovard:gridio:datasets:unrepresentableTime",
+                    {place, MessageText(value), MessageText(reason)})
+    {
+    }
+};
+
+// An argument is of another class or shape than the operation takes.
+struct badArgument : msgcat::BaseMsgID {
+    badArgument(const std::string& parameter, const std::string& expected)
+        : BaseMsgID("Ovard:gridio:datasets:badArgument",
+                    {MessageText(parameter), MessageText(expected)})
+    {
+    }
+};
+
+} // namespace Ovard::gridio::datasets

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// What sums, extremes and the like need to know of the values that they are made of. NaNs are left
+// out. Sums carry the rounding errors of their additions along, so that they do not depend on the
+// order of the values but in the last bit.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace Ovard::gridio {
+
+enum class Reduction { mean, sum, minimum, maximum, deviation, variance, count, median };
+
+// Of as many results as it is made for. Indices of results are not checked.
+class Accumulator {
+public:
+    virtual ~Accumulator() = default;
+    Accumulator(const Accumulator&) = delete;
+    Accumulator& operator=(const Accumulator&) = delete;
+
+    // Each value to a result of its own: first, first + 1, ...
+    virtual void addToEach(const double* values, std::size_t count, std::size_t first) = 0;
+
+    // All values to one result.
+    virtual void addToOne(const double* values, std::size_t count, std::size_t result) = 0;
+
+    // Each value, with its weight, to the result offset behind first; to none for a negative
+    // offset.
+    virtual void addScattered(const double* values, const double* weights,
+                              const std::ptrdiff_t* offsets, std::size_t count,
+                              std::size_t first) = 0;
+
+    // NaN for results without values.
+    virtual double result(std::size_t index) const = 0;
+
+    // How many values went into a result.
+    virtual double count(std::size_t index) const = 0;
+
+protected:
+    Accumulator() = default;
+};
+
+// isWeighted: whether addScattered is to mind weights, in which case it is the only one to be
+// called. Not for medians. A variance is divided by the number of values less 1 or, with weights,
+// by their sum.
+std::unique_ptr<Accumulator> makeAccumulator(Reduction reduction, std::size_t results,
+                                             bool isWeighted);
+
+} // namespace Ovard::gridio
