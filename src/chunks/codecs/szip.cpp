@@ -7,8 +7,6 @@ extern "C" { // which the header of libaec 1.0 lacks
 #include <szlib.h>
 }
 
-#include <new>
-
 namespace Ovard::gridio {
 namespace {
 
@@ -37,8 +35,8 @@ public:
         std::size_t written = destinationSize;
         const int status = SZ_BufftoBuffDecompress(destination, &written, data + sizeBytes,
                                                    size - sizeBytes, &settings_);
-        if (status == SZ_MEM_ERROR)
-            throw std::bad_alloc();
+        // SZ_MEM_ERROR is no reason to report that memory ran out: libaec also gives it for damage
+        // that leaves half an element to write.
         return status == SZ_OK && written == destinationSize;
     }
 
