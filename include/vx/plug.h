@@ -21,8 +21,8 @@ void plugFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* argumen
 // from plugFunction only in that some results are set only if nlhs requests them.
 void plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
-// Defined by the module: its third entry, for the operations that the host's dataset classes use. In
-// all else it is like plugAnyFunction.
+// Defined by the module: its third entry, for the operations that the host's dataset classes use.
+// In all else it is like plugAnyFunction.
 void plugDatasetFunction(int nlhs, vxArray* results[], int nrhs, const vxArray* arguments[]);
 
 // Defined by the host: registers the function to be called once, when the host unloads the module
