@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % A log that grows: appends the machine's load averages to the unlimited dimension of a netCDF file.
-%   append.m FILE              one record, with the time; the file is made if there is none
+%   append.m FILE              one record, with the time; the file is created if it does not exist
 %   append.m FILE N [SECONDS]  N records, so many seconds apart (1 if not given)
 % Then the end of the series is shown.
 1;

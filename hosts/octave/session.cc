@@ -7,6 +7,7 @@
 
 #include <octave/Cell.h>
 #include <octave/oct-map.h>
+#include <octave/interpreter.h>
 #include <octave/oct.h>
 
 #include <exception>
@@ -64,12 +65,24 @@ octave_value versions()
     return all;
 }
 
+// Whether an error is on its way through the interpreter, and whether the session ends: a destructor
+// of a class learns neither otherwise.
+octave_scalar_map state()
+{
+    octave_scalar_map all;
+    all.assign("isUnwinding", std::uncaught_exceptions() > 0);
+    all.assign("isExiting", !octave::interpreter::the_interpreter()->initialized());
+    return all;
+}
+
 octave_value answerTo(const std::string& question)
 {
     if (question == "files")
         return openFiles();
     if (question == "versions")
         return versions();
+    if (question == "state")
+        return state();
     return static_cast<double>(Ovard::gridio::threadCount());
 }
 
@@ -82,13 +95,14 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
+@deftypefnx {} {@var{state} =} __gridio_session__ (@qcode{"state"})
 @deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
-Undocumented internal function of @code{gridio_open_files}, @code{gridio_version} and @code{gridio_threads}.
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version}, @code{gridio_threads} and the dataset classes.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions" && wanted != "threads")
+    if (wanted != "files" && wanted != "versions" && wanted != "state" && wanted != "threads")
         print_usage();
     try {
         return ovl(answerTo(wanted));

@@ -10,7 +10,7 @@ namespace Ovard::gridio {
 // Each is defined in src/datasets.
 namespace datasetOperations {
 
-HandlerFunction describe, decoding, read, reduce, pack;
+HandlerFunction session, describe, decoding, read, reduce, pack;
 
 HandlerFunction timesToDatenum, timesToParts, timesToText, partsToTimes, datenumToTimes,
     periodToTimes;
@@ -21,9 +21,10 @@ namespace op = datasetOperations;
 
 namespace {
 
-// Codes begin at 2001.
+// Codes begin at 2000.
 // clang-format off
 constexpr OperationEntry datasetOperationTable[] = {
+    {2000, "session",        0, op::session},        // -> a number that is the same until the module is unloaded
     {2001, "describe",       1, op::describe},       // ncid -> structure
     {2002, "decoding",       3, op::decoding},       // ncid, varid, flags -> structure
     {2003, "read",           6, op::read},           // ncid, varid, START, COUNT, STRIDE, flags -> values

@@ -84,6 +84,11 @@ classdef gridio_variable < handle
       values = double (subsref (self, substruct ("()", {})));
     endfunction
 
+    function varargout = plot (self, varargin)
+      varargout = cell (1, nargout);
+      [varargout{:}] = gridio_plot (self, varargin{:});
+    endfunction
+
     function saved = saveobj (~)
       fail ("notSavable", "a variable of a file cannot be saved; save the values that are read from it");
     endfunction

@@ -25,7 +25,7 @@ function [positions, values] = across_the_seam (stored, low, high, tolerance)
   values = values(positions);
   steps = diff (values);
   if (! isempty (steps) && any (steps > 0) && any (steps < 0) && is_piecewise (stored))
-    [values, order] = sort (values, merge (sum (steps > 0) >= sum (steps < 0), "ascend", "descend"));
+    [values, order] = sort (values, merge (mostly_rises (stored), "ascend", "descend"));
     positions = positions(order);
   endif
   positions = positions(:)';
@@ -37,5 +37,12 @@ function yes = is_piecewise (stored)
 
   steps = diff (stored(! isnan (stored)));
   yes = min (sum (steps > 0), sum (steps < 0)) <= 1 && all (steps != 0);
+
+endfunction
+
+function yes = mostly_rises (stored)
+
+  steps = diff (stored(! isnan (stored)));
+  yes = sum (steps > 0) >= sum (steps < 0);
 
 endfunction

@@ -30,7 +30,8 @@ function asked = asked_points (axis, request)
   else
     bad_value (axis, value);
   endif
-  if (strcmp (asked.kind, "range") && asked.low > asked.high && ! strcmp (axis.role, "lon"))
+  isUpsideDown = asked.low > asked.high | (asked.isHighOpen & asked.low == asked.high);
+  if (strcmp (asked.kind, "range") && isUpsideDown && ! strcmp (axis.role, "lon"))
     fail ("badSelection", "the range %s of '%s' is upside down", shown_request (value), visible_text (axis.name));
   endif
 

@@ -29,7 +29,33 @@ function member = dataset_member (self, name)
     member = gridio_variable (self, variable);
     return;
   endif
-  names = [d.variables.name(d.variables.group == group); d.groups.attributes{group}(:,1); groups_below(d, group)];
+  unknown_member (d, group, name);
+
+endfunction
+
+function unknown_member (d, group, name)
+
+  slash = find (name == "/", 1, "last");
+  if (isempty (slash))
+    names = [d.variables.name(d.variables.group == group); attribute_names(d, group); groups_below(d, group)];
+  else
+    ## What lies elsewhere by this name is what was meant.
+    names = d.variables.path(strcmp (d.variables.name, name(slash+1:end)));
+    if (! isempty (names))
+      fail ("unknownName", "no variable '%s'; did you mean %s?", shown_text (name), ...
+            strjoin (strcat ("/", names(1:min (3, end)))(:)', " or "));
+    endif
+    [~, names] = variables_with (d, group);
+  endif
   unknown_name ("unknownName", "variable or attribute", name, names);
+
+endfunction
+
+function names = attribute_names (d, group)
+
+  names = cell (0, 1);
+  if (! isempty (d.groups.attributes{group}))
+    names = d.groups.attributes{group}(:,1);
+  endif
 
 endfunction

@@ -1,12 +1,12 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} file_close (@var{file})
+## @deftypefn {} {} file_close (@var{file}, @var{isWhole})
 ## Undocumented internal function: close the file of a dataset.
 ## @end deftypefn
 
-function file_close (file)
+function file_close (file, isWhole = true)
 
-  file_finish (file.ncid, file.path, file.mode);
+  file_finish (file.ncid, file.path, file.mode, isWhole);
 
 endfunction

@@ -10,10 +10,22 @@ function file_close_quietly (file)
 
   try
     if (file.isOpen && file.session == gridio_native ("session"))
-      file_close (file);
+      file_close (file, is_whole (file));
     endif
   catch failure
     warning (failure.identifier, "%s", failure.message);
   end_try_catch
+
+endfunction
+
+## Whether a file that replaces another is as it was to be: no error is why it is closed.  At the end of the session an
+## error since the file was last written to counts, too: it may be why the session ends.
+function isWhole = is_whole (file)
+
+  isWhole = true;
+  if (strcmp (file.mode, "replace"))
+    state = ask_gridio ("state");
+    isWhole = ! state.isUnwinding && ! (state.isExiting && ! isequal (file.lastError, lasterror ()));
+  endif
 
 endfunction

@@ -15,12 +15,14 @@ function file = file_open (path, varargin)
     mode = varargin{1};
     varargin(1) = [];
   endif
-  file = struct ("path", path, "mode", mode, "isOpen", true, "flags", decoding_flags (varargin{:}));
+  [format, varargin] = format_option (mode, varargin);
+  file = struct ("path", path, "mode", mode, "isOpen", true, "flags", decoding_flags (varargin{:}), ...
+                 "lastError", lasterror ());
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
     case {"new", "replace"}
-      file.ncid = file_create (path, mode);
+      file.ncid = file_create (path, mode, format);
     otherwise
       fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
   endswitch
@@ -31,5 +33,17 @@ function file = file_open (path, varargin)
     gridio ("close", file.ncid);
     rethrow (failure);
   end_try_catch
+
+endfunction
+
+## The format of a file to create.
+function [format, options] = format_option (mode, options)
+
+  format = "netCDF-4";
+  at = find (strcmp (options(1:2:end), "_Format"));
+  if (! isempty (at) && any (strcmp (mode, {"new", "replace"})))
+    format = options{2*at(end)};
+    options([2*at-1, 2*at]) = [];
+  endif
 
 endfunction

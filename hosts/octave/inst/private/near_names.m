@@ -16,7 +16,7 @@ function near = near_names (name, names)
   names = names(:)';
   distances = cellfun (@(other) distance (name, lower (other)), names);
   [distances, order] = sort (distances);
-  order = order(distances <= max (1, min (2, floor (numel (name) / 2))));
+  order = order(distances <= min (2, floor (numel (name) / 2)));
   near = names(order(1:min (3, end)));
 
 endfunction

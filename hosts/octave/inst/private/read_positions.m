@@ -27,6 +27,9 @@ function x = read_positions (file, number, subs)
     if (dims <= 1 && count == 1 && isnumeric (subs{1}) && ! isvector (subs{1}))
       x = reshape (x, size (subs{1}));
     endif
+  elseif (strcmp (file.d.variables.kind{number}, "opaque"))
+    fail ("badIndex", "opaque values are bytes along a dimension of their own: '%s' takes %d indexes", ...
+          visible_text (file.d.variables.path{number}), dims);
   else
     x = read_counted_through (file, number, lengths, lists, subs);
   endif
@@ -58,8 +61,17 @@ function x = read_counted_through (file, number, lengths, lists, subs)
   x = read_block (file, number, [before, box]);
   x = reshape (x, [block_size(before, lengths(1:count-1)), prod(cellfun (@numel, box)), 1]);
   x = x(repmat ({":"}, 1, count - 1){:}, within);
-  if (count == 1 && isnumeric (subs{1}))
-    x = reshape (x, size (subs{1}));
+  if (count == 1)
+    x = reshape (x, size (positions_in (subs{1})));
+  endif
+
+endfunction
+
+function positions = positions_in (index)
+
+  positions = index;
+  if (islogical (index))
+    positions = find (index);
   endif
 
 endfunction

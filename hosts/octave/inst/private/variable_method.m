@@ -16,6 +16,7 @@ function [method, most] = variable_method (name)
     "parts",      @variable_parts,      1
     "labels",     @variable_labels,     1
     "area",       @variable_area,       1
+    "plot",       @gridio_plot,         1
   };
   method = [];
   most = 0;
