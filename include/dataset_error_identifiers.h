@@ -31,6 +31,17 @@ struct unrepresentableTime : msgcat::BaseMsgID {
     }
 };
 
+// A value to be packed is out of the range of the type: its place, counted from 1, what was given,
+// the type, and the range.
+struct valueOutOfRange : msgcat::BaseMsgID {
+    valueOutOfRange(long place, const std::string& value, const std::string& type,
+                    const std::string& range)
+        : BaseMsgID("Ovard:gridio:datasets:valueOutOfRange",
+                    {place, MessageText(value), MessageText(type), MessageText(range)})
+    {
+    }
+};
+
 // An argument has another class or shape than the operation takes.
 struct badArgument : msgcat::BaseMsgID {
     badArgument(const std::string& parameter, const std::string& expected)

@@ -141,6 +141,8 @@ constexpr Message catalogue[] = {
     // Datasets.
     {"Ovard:gridio:datasets:unreadableTime", "The {1} {2} cannot be used: {3}."},
     {"Ovard:gridio:datasets:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
+    {"Ovard:gridio:datasets:valueOutOfRange",
+     "Value {1} ({2}) cannot be stored as {3}: the values that can go from {4}. NaN needs a fill value."},
     {"Ovard:gridio:datasets:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on

@@ -10,7 +10,7 @@ namespace Ovard::gridio {
 // The handlers are defined in src/datasets.
 namespace datasetOperations {
 
-HandlerFunction session, describe, decoding, read, reduce;
+HandlerFunction session, describe, decoding, read, reduce, pack;
 
 HandlerFunction timesToDatenum, timesToParts, timesToText, partsToTimes, datenumToTimes,
     periodToTimes;
@@ -29,6 +29,7 @@ constexpr OperationEntry datasetOperationTable[] = {
     {2002, "decoding",       3, op::decoding},       // ncid, varid, flags -> structure
     {2003, "read",           6, op::read},           // ncid, varid, START, COUNT, STRIDE, flags -> values
     {2004, "reduce",        10, op::reduce},         // kind, ncid, varid, START, COUNT, STRIDE, flags, which dimensions, bins, weights -> results, numbers of values
+    {2005, "pack",           5, op::pack},           // values, type, scale, offset, fill value -> values as they are stored
 
     // A last argument says how months and years are taken (time_units.h): "refused" (the rule), "udunits", "calendar"
     {2011, "timesToDatenum", 3, op::timesToDatenum}, // values, units, calendar -> day numbers
