@@ -75,13 +75,13 @@ octave_scalar_map state()
     return all;
 }
 
-octave_value answerTo(const std::string& wanted)
+octave_value answerTo(const std::string& question)
 {
-    if (wanted == "files")
+    if (question == "files")
         return openFiles();
-    if (wanted == "versions")
+    if (question == "versions")
         return versions();
-    if (wanted == "state")
+    if (question == "state")
         return state();
     return static_cast<double>(Ovard::gridio::threadCount());
 }
@@ -95,15 +95,14 @@ G__gridio_session__(const octave::dynamic_library& library, bool isRelative);
 DEFUN_DLD(__gridio_session__, args, , R"(-*- texinfo -*-
 @deftypefn  {} {@var{files} =} __gridio_session__ (@qcode{"files"})
 @deftypefnx {} {@var{versions} =} __gridio_session__ (@qcode{"versions"})
-@deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
 @deftypefnx {} {@var{state} =} __gridio_session__ (@qcode{"state"})
-Undocumented internal function of @code{gridio_open_files}, @code{gridio_version}, @code{gridio_threads} and the dataset
-classes.
+@deftypefnx {} {@var{count} =} __gridio_session__ (@qcode{"threads"})
+Undocumented internal function of @code{gridio_open_files}, @code{gridio_version}, @code{gridio_threads} and the dataset classes.
 @end deftypefn)")
 {
     const std::string wanted =
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
-    if (wanted != "files" && wanted != "versions" && wanted != "threads" && wanted != "state")
+    if (wanted != "files" && wanted != "versions" && wanted != "state" && wanted != "threads")
         print_usage();
     try {
         return ovl(answerTo(wanted));

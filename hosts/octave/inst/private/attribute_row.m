@@ -14,7 +14,9 @@ endfunction
 function words = value_words (value)
 
   if (ischar (value))
-    words = regexprep (visible_text (strtrim (value(:)')), '(\\x0A|\\x0D|\\x09)+', ' ');
+    words = strtrim (readable_text (value(:)'));
+    words(ismember (words, "\n\r\t")) = " ";
+    words = visible_text (words);
   elseif (iscellstr (value))
     words = strjoin (cellfun (@(text) ["\"" visible_text(text) "\""], value(:)', "UniformOutput", false), ", ");
   elseif (isnumeric (value) && numel (value) <= 100)

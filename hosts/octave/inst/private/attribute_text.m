@@ -15,6 +15,6 @@ function text = attribute_text (attributes, name)
   if (! ischar (text))
     text = "";
   endif
-  text = strtrim (text(:)');
+  text = readable_text (strtrim (text(:)'));
 
 endfunction

@@ -6,12 +6,13 @@
 ## reading much that is not wanted.
 ## @end deftypefn
 
-function x = fetch (ncid, varid, lengths, lists, flags)
+function x = fetch (ncid, varid, lengths, lists, flags, isOpaque)
 
   dims = numel (lengths);
   start = zeros (1, dims);
   count = lengths;
   stride = ones (1, dims);
+  bytes = repmat ({":"}, 1, isOpaque); # of each value, ahead of the dimensions
   pick = repmat ({":"}, 1, max (dims, 2));
   waste = ones (1, dims);
   for k = 1:dims
@@ -26,12 +27,12 @@ function x = fetch (ncid, varid, lengths, lists, flags)
     waste(k) = count(k) / numel (list);
   endfor
   if (all (count > 0) && any (waste > 2))
-    x = fetch_in_runs (ncid, varid, lengths, lists, flags, find (waste == max (waste), 1, "last"));
+    x = fetch_in_runs (ncid, varid, lengths, lists, flags, isOpaque, find (waste == max (waste), 1, "last"));
     return;
   endif
   x = gridio_native ("read", ncid, varid, start, count, stride, flags);
   if (! all (strcmp (pick, ":")))
-    x = x(pick{:});
+    x = x(bytes{:}, pick{:});
   endif
 
 endfunction
@@ -61,7 +62,7 @@ function [start, count, stride, pick] = range_of (list)
 endfunction
 
 ## Reads stretches of neighbouring positions of dimension k by themselves.
-function x = fetch_in_runs (ncid, varid, lengths, lists, flags, k)
+function x = fetch_in_runs (ncid, varid, lengths, lists, flags, isOpaque, k)
 
   [sorted, ~, places] = unique (lists{k});
   ends = [find(diff (sorted) > 4), numel(sorted)];
@@ -69,12 +70,13 @@ function x = fetch_in_runs (ncid, varid, lengths, lists, flags, k)
   parts = cell (1, numel (ends));
   for r = 1:numel (ends)
     lists{k} = sorted(first:ends(r));
-    parts{r} = fetch (ncid, varid, lengths, lists, flags);
+    parts{r} = fetch (ncid, varid, lengths, lists, flags, isOpaque);
     first = ends(r) + 1;
   endfor
-  x = cat (k, parts{:});
+  x = cat (k + isOpaque, parts{:});
+  bytes = repmat ({":"}, 1, isOpaque);
   pick = repmat ({":"}, 1, max (numel (lengths), 2));
   pick{k} = places;
-  x = x(pick{:});
+  x = x(bytes{:}, pick{:});
 
 endfunction

@@ -16,7 +16,8 @@ function x = read_block (file, number, lists)
   if (shape.isText)
     lists = [{":"}, lists];
   endif
-  x = fetch (ncid, varid, lengths, lists, bitand (file.flags, 63));
+  x = fetch (ncid, varid, lengths, lists, bitand (file.flags, 63), ...
+             strcmp (d.variables.kind{number}, "opaque"));
   if (shape.isText)
     x = texts_of (x, lengths(1), counts);
   elseif (isnumeric (x))

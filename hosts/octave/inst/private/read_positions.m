@@ -27,6 +27,9 @@ function x = read_positions (file, number, subs)
     if (dims <= 1 && count == 1 && isnumeric (subs{1}) && ! isvector (subs{1}))
       x = reshape (x, size (subs{1}));
     endif
+  elseif (strcmp (file.d.variables.kind{number}, "opaque"))
+    fail ("badIndex", "opaque values are bytes along a dimension of their own: '%s' takes %d indexes", ...
+          visible_text (file.d.variables.path{number}), dims);
   else
     x = read_counted_through (file, number, lengths, lists, subs);
   endif
