@@ -12,6 +12,7 @@ import subprocess
 import sys
 import tempfile
 
+import chunk_lines
 import gateway_costs
 import report
 from workloads import CALLS, FORMATS, Sizes, WORKLOADS
@@ -22,10 +23,10 @@ HERE = pathlib.Path(__file__).resolve().parent
 class Worker:
     """A process that does one piece of work at a time."""
 
-    def __init__(self, name, command):
+    def __init__(self, name, command, environment=()):
         self.name = name
         self._process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
-                                         env=os.environ | {"OCTAVE_HISTFILE": os.devnull})
+                                         env=os.environ | {"OCTAVE_HISTFILE": os.devnull} | dict(environment))
 
     def ask(self, *words):
         self._process.stdin.write(" ".join(str(word) for word in words) + "\n")
@@ -55,10 +56,18 @@ class Worker:
         self._process.wait()
 
 
+def interpreter_with(programs, oct_folder):
+    return ["octave-cli", "--norc", "--no-history", "--no-line-editing", "--quiet", "--path", str(oct_folder),
+            "--path", str(HERE.parent / "hosts" / "octave" / "inst"), "--path", str(programs)]
+
+
+def python_worker():
+    return Worker("python", ["/usr/bin/python3", "-B", str(HERE / "python_worker.py")])
+
+
 def workers(programs, oct_folder, peers):
     native = str(programs / "native_worker")
-    interpreter = ["octave-cli", "--norc", "--no-history", "--no-line-editing", "--quiet", "--path", str(oct_folder),
-                   "--path", str(HERE.parent / "hosts" / "octave" / "inst"), "--path", str(programs)]
+    interpreter = interpreter_with(programs, oct_folder)
     every = {
         "c": Worker("c", [native]),
         "huge": Worker("huge", [native, "huge"]),
@@ -68,7 +77,19 @@ def workers(programs, oct_folder, peers):
         "direct": Worker("direct", [*interpreter, str(HERE / "direct_worker.m")]),
     }
     if peers:
-        every["python"] = Worker("python", ["/usr/bin/python3", "-B", str(HERE / "python_worker.py")])
+        every["python"] = python_worker()
+    return every
+
+
+def chunk_workers(programs, oct_folder, peers, threads):
+    every = {"c": Worker("c", [str(programs / "native_worker")])}
+    for count in threads:
+        name = f"{count} thread{'s' * (count > 1)}"
+        command, environment = chunk_lines.command(
+            [*interpreter_with(programs, oct_folder), str(HERE / "chunks_worker.m")], count)
+        every[name] = Worker(name, command, environment)
+    if peers:
+        every["python"] = python_worker()
     return every
 
 
@@ -123,10 +144,30 @@ class Bench:
 
 
 def scratch_folder(need, build):
-    """In memory when there is room, since the speed of a disk is not the question here."""
+    """A folder in memory if it has enough space, so that the speed of a disk does not count."""
     shm = pathlib.Path("/dev/shm")
     in_memory = shm.is_dir() and shutil.disk_usage(shm).free > 2 * need
     return tempfile.TemporaryDirectory(prefix="gridio-bench-", dir=shm if in_memory else build)
+
+
+def bench_chunks(options, table, folder):
+    every = chunk_workers(options.programs, options.octave, options.peers, options.threads)
+    maps, rounds = (10, 3) if options.quick else (100, 5)
+    table.begin_chunks(list(every))
+    for line in chunk_lines.ChunkLines(every, maps, rounds, folder).all():
+        table.add_chunks(line)
+    for worker in every.values():
+        worker.close()
+    print("\nWithout an interpreter, by numbers of threads (t)", flush=True)
+    counts = ",".join(map(str, options.threads))
+    subprocess.run([options.programs / "chunk_bench", *["--quick"] * options.quick, "--threads", counts, folder], check=True)
+
+
+def thread_counts(text):
+    counts = [int(count) for count in text.split(",")]
+    if min(counts) < 1 or max(counts) > 256:
+        raise ValueError(text)
+    return counts
 
 
 def main():
@@ -136,7 +177,8 @@ def main():
     parser.add_argument("--quick", action="store_true")
     parser.add_argument("--peers", action="store_true")
     parser.add_argument("--json", type=pathlib.Path)
-    parser.add_argument("--only", default="", help="the work whose names begin so, or 'call'")
+    parser.add_argument("--threads", type=thread_counts, default=[1, 2, 4, 8])
+    parser.add_argument("--only", default="", help="the work whose names begin so, 'call', or 'chunks'")
     options = parser.parse_args()
     options.programs = options.programs.resolve()
 
@@ -159,6 +201,9 @@ def main():
                 table.add_call(bench.call(call, form))
     for worker in every.values():
         worker.close()
+    if "chunks".startswith(options.only[:6]):
+        with scratch_folder(2**30 if options.quick else 2**31, options.programs) as folder:
+            bench_chunks(options, table, pathlib.Path(folder))
     if not options.only:
         nanoseconds = gateway_costs.nanoseconds(options.programs)
         for cost in gateway_costs.costs(options.programs):

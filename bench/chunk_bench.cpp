@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // chunk_bench [--quick] [--threads 1,2,4] [--rounds N] [FOLDER]: chunked data by the library and by
-// src/chunks with several numbers of threads, in turns. Prints medians of the ratios of time.
+// src/chunks with several numbers of threads, in turns, without an interpreter. Prints medians of
+// the ratios of time, and what a read with other numbers of threads would take by its parts.
+#include "chunks/block_indices.h"
 #include "chunks/chunk_reads.h"
+#include "chunks/chunked_dataset.h"
 #include "chunks/thread_count.h"
 
 #include <hdf5.h>
@@ -89,24 +92,24 @@ template <class T> std::vector<T> field(std::size_t count)
 
 void report(const char* what, double library, const std::vector<std::pair<std::string, double>>& us)
 {
-    std::printf("%-34s library %8.1f ms ", what, library * 1e3);
+    std::printf("%-34s %8.1f ms ", what, library * 1e3);
     for (const auto& [name, ratio] : us)
         std::printf("  %s %.2f", name.c_str(), ratio);
     std::printf("\n");
     std::fflush(stdout);
 }
 
-void compare(const Options& options, const char* what, const std::function<void()>& library,
+// floor is the library, or something else with the same number of threads.
+void compare(const Options& options, const char* what, const std::function<void()>& floor,
              const std::function<void()>& engine)
 {
     std::vector<double> times;
     std::vector<std::vector<double>> ratios(options.threads.size());
     for (int round = 0; round < options.rounds; ++round) {
-        const double time = secondsOf(library);
-        times.push_back(time);
         for (std::size_t i = 0; i < options.threads.size(); ++i) {
             setThreadCount(options.threads[i]);
-            ratios[i].push_back(secondsOf(engine) / time);
+            times.push_back(secondsOf(floor));
+            ratios[i].push_back(secondsOf(engine) / times.back());
         }
     }
     std::vector<std::pair<std::string, double>> columns;
@@ -161,76 +164,95 @@ void readWhole(const File& file, const cf::Decoder* decoder, std::size_t size)
         std::fprintf(stderr, "left to the library\n");
 }
 
+void readByLibrary(const File& file)
+{
+    const Result result(file.size());
+    require(nc_get_var(file.ncid(), file.varid(), result.data()));
+}
+
+void compareWithLibrary(const Options& options, const File& file, const char* what)
+{
+    compare(
+        options, what, [&] { readByLibrary(file); },
+        [&] { readWhole(file, nullptr, file.size()); });
+}
+
+void compareDecoding(const Options& options, const File& file)
+{
+    cf::DecodingRules rules;
+    rules.stored = cf::StoredType::int16;
+    rules.missing.push_back(cf::storedValue<short>(-32768));
+    rules.scale = 0.01;
+    rules.offset = 280;
+    const cf::Decoder toDouble(rules);
+    rules.decoded = cf::DecodedType::float32;
+    const cf::Decoder toSingle(rules);
+    for (const auto* decoder : {&toDouble, &toSingle})
+        compare(
+            options,
+            decoder == &toDouble ? "  decoded to double / as stored"
+                                 : "  decoded to single / as stored",
+            [&] { readWhole(file, nullptr, file.size()); },
+            [&] { readWhole(file, decoder, file.size() / 2 * decoder->decodedSize()); });
+}
+
+// What one thread has to do in any case: fetch the chunks as they are in the file.
+void readRaw(const File& file)
+{
+    Variable variable(file.ncid(), file.varid(), &entry);
+    const Block block = wholeBlock(variable);
+    const auto indices = blockIndices(variable, block);
+    const auto dataset = ChunkedDataset::open(variable);
+    ByteBuffer bytes;
+    for (ChunkWalk walk(*indices, dataset->chunkLengths()); !walk.isDone(); walk.next()) {
+        const std::size_t size = dataset->storedSize(walk.origin());
+        static_cast<void>(dataset->read(walk.origin(), size, bytes.reserve(size)));
+    }
+}
+
+// With T threads a read takes no less than all of its work divided by T, than the raw reads, which
+// one thread makes, and than writing the result to memory.
+void reportModel(const Options& options, const File& file, const char* what)
+{
+    std::vector<double> raw;
+    std::vector<double> memory;
+    std::vector<double> whole;
+    std::vector<double> two;
+    for (int round = 0; round < options.rounds; ++round) {
+        raw.push_back(secondsOf([&] { readRaw(file); }));
+        memory.push_back(secondsOf([&] {
+            const Result result(file.size());
+            std::memset(result.data(), round, file.size());
+        }));
+        setThreadCount(1);
+        whole.push_back(secondsOf([&] { readWhole(file, nullptr, file.size()); }));
+        setThreadCount(2);
+        two.push_back(secondsOf([&] { readWhole(file, nullptr, file.size()); }));
+    }
+    const double floor = std::max(median(raw), median(memory));
+    std::printf(
+        "%s: raw reads %.1f ms, memory %.1f ms, one thread %.1f ms;\n  two threads %.1f ms, "
+        "by the model %.1f; 8 threads %.1f, 64 threads %.1f\n",
+        what, median(raw) * 1e3, median(memory) * 1e3, median(whole) * 1e3, median(two) * 1e3,
+        std::max(floor, median(whole) / 2) * 1e3, std::max(floor, median(whole) / 8) * 1e3,
+        std::max(floor, median(whole) / 64) * 1e3);
+}
+
 void reads(const Options& options)
 {
     {
         const File file(options, NC_FLOAT, {1, 500, 500}, static_cast<float*>(nullptr));
-        compare(
-            options, "float32, 1x500x500",
-            [&] {
-                const Result result(file.size());
-                require(nc_get_var(file.ncid(), file.varid(), result.data()));
-            },
-            [&] { readWhole(file, nullptr, file.size()); });
-        const auto map = [&](auto read) {
-            for (std::size_t i = 3; i < std::min<std::size_t>(options.maps, 23); ++i) {
-                const Result result(4000000);
-                const std::size_t start[] = {i, 0, 0};
-                const std::size_t count[] = {1, 1000, 1000};
-                read(start, count, result.data());
-            }
-        };
-        compare(
-            options, "float32, 20 maps one by one",
-            [&] {
-                map([&](const std::size_t* start, const std::size_t* count, void* data) {
-                    require(nc_get_vara(file.ncid(), file.varid(), start, count, data));
-                });
-            },
-            [&] {
-                map([&](const std::size_t* start, const std::size_t* count, void* data) {
-                    Variable variable(file.ncid(), file.varid(), &entry);
-                    Block block{SizeVector(start, start + 3), SizeVector(count, count + 3),
-                                StrideVector(3, 1)};
-                    readChunked(variable, block, {data, nullptr});
-                });
-            });
+        compareWithLibrary(options, file, "float32, 1x500x500 / library");
+        reportModel(options, file, "float32");
     }
     {
         const File file(options, NC_SHORT, {1, 500, 500}, static_cast<short*>(nullptr));
-        compare(
-            options, "int16, 1x500x500",
-            [&] {
-                const Result result(file.size());
-                require(nc_get_var(file.ncid(), file.varid(), result.data()));
-            },
-            [&] { readWhole(file, nullptr, file.size()); });
-        cf::DecodingRules rules;
-        rules.stored = cf::StoredType::int16;
-        rules.missing.push_back(cf::storedValue<short>(-32768));
-        rules.scale = 0.01;
-        rules.offset = 280;
-        const cf::Decoder toDouble(rules);
-        rules.decoded = cf::DecodedType::float32;
-        const cf::Decoder toSingle(rules);
-        for (const auto* decoder : {&toDouble, &toSingle})
-            compare(
-                options,
-                decoder == &toDouble ? "  decoded to double / as stored"
-                                     : "  decoded to single / as stored",
-                [&] { readWhole(file, nullptr, file.size()); },
-                [&] { readWhole(file, decoder, file.size() / 2 * decoder->decodedSize()); });
+        compareWithLibrary(options, file, "int16, 1x500x500 / library");
+        compareDecoding(options, file);
+        reportModel(options, file, "int16");
     }
-    {
-        const File file(options, NC_SHORT, {1, 16, 32}, static_cast<short*>(nullptr));
-        compare(
-            options, "int16, 1x16x32 (1 KiB)",
-            [&] {
-                const Result result(file.size());
-                require(nc_get_var(file.ncid(), file.varid(), result.data()));
-            },
-            [&] { readWhole(file, nullptr, file.size()); });
-    }
+    const File file(options, NC_SHORT, {1, 16, 32}, static_cast<short*>(nullptr));
+    compareWithLibrary(options, file, "int16, 1x16x32 (1 KiB) / library");
 }
 
 } // namespace

@@ -138,7 +138,7 @@ std::vector<Path> paths()
 
     return {
         {"look-up, first row", lookUp(operationTable[0]), nothing},
-        {"look-up, last row", lookUp(operationTable[operationCount - 1]), nothing},
+        {"look-up, last row", lookUp(operationTable[operationTable.size() - 1]), nothing},
         step("read a number", three,
              [](const vxArray* a) { benchmark::DoNotOptimize(readIntScalar(a, "ncid")); }),
         step("read a name", octave_value("v10"),

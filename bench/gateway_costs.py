@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """What the gateway's paths cost: nanoseconds, and instructions and allocations, which repeat exactly.
 
-Instructions are told apart by where they lie: in gridio's own code, in the C and C++ libraries, in the
+Instructions are classified by their location: in gridio's own code, in the C and C++ libraries, in the
 interpreter's, in the netCDF library and what it stands on.
 """
 import dataclasses

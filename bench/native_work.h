@@ -24,6 +24,9 @@ Works fileWorks();
 // In native_calls.cpp: the library's part of the calls that are measured one by one.
 Works callWorks();
 
+// In native_chunks.cpp: compressed data.
+Works chunkWorks();
+
 // Memory of malloc, or, once hugePages is set, memory that asks for huge pages.
 extern bool hugePages;
 void* freshMemory(std::size_t bytes);

@@ -223,5 +223,6 @@ int main(int argc, char** argv)
                    {"inquire_variables", inquireVariables}};
     works.merge(fileWorks());
     works.merge(callWorks());
+    works.merge(chunkWorks());
     return serve(works);
 }

@@ -76,6 +76,33 @@ def write_without_fill(form, path, count):
     return write_whole(form, path, count, "f8", False, numbers(count))
 
 
+def read_chunks_maps(form, path, maps):
+    file = open_file(path)
+    variable = file.variables["v"]
+    total = 0.0
+    start = perf_counter()
+    for i in range(20):
+        total += float(variable[i * 37 % maps][0, 0])
+    seconds = perf_counter() - start
+    file.close()
+    return seconds, total
+
+
+def write_chunks(form, path, maps):
+    """The values are those of a file, which is read first."""
+    _, values = read_whole(form, path.replace("written", "source"), maps)
+    start = perf_counter()
+    file = new_file(form, path)
+    for name, length in (("z", maps), ("y", 1000), ("x", 1000)):
+        file.createDimension(name, length)
+    variable = file.createVariable("v", values.dtype, ("z", "y", "x"), zlib=True, complevel=4, shuffle=True,
+                                   chunksizes=(1, 500, 500))
+    variable.set_auto_maskandscale(False)
+    variable[:] = values
+    file.close()
+    return perf_counter() - start, 0
+
+
 def write_text(form, path, count):
     letters = numpy.frombuffer(b"abcdefghijklmnopqrstuvwxyz" * (count // 26 + 1), "S1")[:count]
     return write_whole(form, path, count, "S1", True, letters)
@@ -165,9 +192,10 @@ def inquire_variables(form, path, count):
 
 
 WORKS = {"read_double": read_whole, "read_short": read_whole, "read_packed": read_whole,
-         "read_text": read_whole} | {
+         "read_text": read_whole, "read_chunks_float": read_whole, "read_chunks_short": read_whole,
+         "write_chunks_float": write_chunks, "write_chunks_short": write_chunks} | {
     work.__name__: work for work in (
-        read_short_as_double, read_strided, write_double, write_without_fill, write_text, read_values,
+        read_chunks_maps, read_short_as_double, read_strided, write_double, write_without_fill, write_text, read_values,
         read_blocks, append_records, open_inquire_close, read_attributes, write_attributes,
         inquire_variables)}
 

@@ -7,6 +7,8 @@ import pathlib
 import platform
 import statistics
 
+import chunk_lines
+
 TITLES = {"c": "C", "huge": "C, huge pages", "threads": "C, 2 threads", "module": "module", "gridio": "gridio",
           "direct": "direct", "python": "Python"}
 
@@ -57,8 +59,9 @@ class Table:
 
     def __init__(self, quick, names, versions):
         self._names = names
+        self._chunk_names = []
         self._data = {"quick": quick, "versions": versions, "machine": machine(), "lines": [],
-                      "calls": [], "paths": []}
+                      "chunks": [], "calls": [], "paths": []}
         print("Medians of rounds in turns; ratios to plain C"
               " (of bulk reads, with the most memory taken, in parts of the data)")
         for about in (*versions.values(), *map(str, self._data["machine"].values())):
@@ -78,6 +81,18 @@ class Table:
             return f"{'':>16}"
         peak = f" ({entry['peak_ratio']:.2f})" if "peak_ratio" in entry else ""
         return f"{entry['ratio']:.2f}{peak}".rjust(16)
+
+    def begin_chunks(self, names):
+        print(chunk_lines.HEADING)
+        print(f"{'ratios to plain C; this machine has ' + str(os.cpu_count()) + ' cores':42}{'C':>10}"
+              + "".join(f"{TITLES.get(name, name):>16}" for name in names if name != "c"), flush=True)
+        self._chunk_names = names
+
+    def add_chunks(self, line_):
+        self._data["chunks"].append(line_)
+        contenders = line_["contenders"]
+        cells = "".join(self._cell(contenders.get(name)) for name in self._chunk_names if name != "c")
+        print(f"{line_['title']:42}{contenders['c']['median']:8.3f} s{cells}", flush=True)
 
     def add_call(self, call_):
         if not self._data["calls"]:

@@ -20,7 +20,7 @@ ADVICE = ROOT / "hosts" / "messages" / "status_advice.cpp"
 
 
 def status_advice():
-    """[(heading, [(status, advice), ...]), ...] as the error messages give it."""
+    """[(heading, [(status, advice), ...]), ...], as in the error messages."""
     source = ADVICE.read_text(encoding="ascii")
     table = source[source.index("constexpr Advice advice[]"):]
     sections = []
@@ -45,7 +45,7 @@ def statuses_texinfo():
 
 
 def write_sources(folder):
-    """The whole texinfo source, with the parts that are made from elsewhere."""
+    """The whole texinfo source, including the generated parts."""
     shutil.copytree(CHAPTERS, folder, dirs_exist_ok=True)
     version = (ROOT / "VERSION").read_text().strip()
     (folder / "version.texi").write_text(f"@set VERSION {version}\n")

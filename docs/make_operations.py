@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: BSD-3-Clause
-"""Makes what is read from the entries of docs/operations/.
+"""Generates the documents and tables that are made from the entries of docs/operations/.
 
-make_operations.py            writes docs/operations.md, what gridio_help reads, and what the messages know of calls
+make_operations.py            writes docs/operations.md, the text of gridio_help, and the calls that messages show
 make_operations.py --texinfo  prints the chapter of the manual
 """
 import itertools
@@ -21,7 +21,7 @@ WIDTH = 80
 
 
 def sentence(text):
-    """As a sentence of its own."""
+    """The text as a sentence."""
     return text[0].upper() + text[1:] + ("" if text.endswith(".") else ".")
 
 
@@ -29,7 +29,7 @@ def is_code(paragraph):
     return paragraph.startswith("    ")
 
 
-# Text: one part an operation, which begins with a line "@@ NAME"; before them the list of families.
+# Text: the list of families, then one part per operation, which begins with a line "@@ NAME".
 
 def wrapped(text, indent, hanging=None):
     hanging = indent if hanging is None else hanging

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Reads the entries of docs/operations/, whose common.txt tells how they are written."""
+"""Reads the entries of docs/operations/, whose common.txt explains their format."""
 import dataclasses
 import pathlib
 import re
@@ -27,7 +27,7 @@ class Result:
 @dataclasses.dataclass
 class Error:
     identifier: str  # "netcdf:badRowDatatype", without "Ovard:gridio:"
-    arguments: list  # '"COUNT"', or a word in capitals for what varies
+    arguments: list  # '"COUNT"', or a word in capitals for a variable part
     condition: str
 
     def call(self):
@@ -47,7 +47,7 @@ class Entry:
     results: list
     library: list
     errors: list
-    statuses: list  # of the library, with their conditions
+    statuses: list  # the library's, with their conditions
     notes: list
     example: list
     prints: list
@@ -57,23 +57,23 @@ class Entry:
         return self.name if self.function == FIRST else f"{self.function}: {self.name}"
 
     def left(self):
-        """What a script assigns the results to: '[a, b]', 'a', ''."""
+        """The left-hand side of the call: '[a, b]', 'a', ''."""
         names = [result.name for result in self.results]
         return f"[{', '.join(names)}]" if len(names) > 1 else "".join(names)
 
     def call(self):
-        """How a script calls it: '[a, b] = gridio("name", x)'."""
+        """The call in a script: '[a, b] = gridio("name", x)'."""
         left = f"{self.left()} = " if self.results else ""
         quoted = [f'"{self.name}"'] + [argument.name for argument in self.arguments]
         return f"{left}{self.function}({', '.join(quoted)})"
 
 
 class Mistake(Exception):
-    """The source is not written as it must be."""
+    """The source violates the format."""
 
 
 def blocks(path):
-    """(header, lines) of each block, without comments and the blank lines around."""
+    """(header, lines) of each block, without comments and surrounding blank lines."""
     header, lines = None, []
     for line in path.read_text(encoding="ascii").splitlines():
         if line.startswith("#"):
@@ -132,7 +132,7 @@ def read_error(line, where):
 
 
 class Common:
-    """What common.txt defines."""
+    """The definitions of common.txt."""
 
     def __init__(self):
         self.families = {}  # file: title
@@ -140,7 +140,7 @@ class Common:
         self.types = {}  # suffix: {placeholder: word}
         self.arguments = {}  # name: sections of the whole definition
         self.kinds = {}  # name: (class, errors)
-        self.later = set()  # kinds that are read after the library was asked
+        self.later = set()  # kinds that are read after a library call
         for header, lines in blocks(FOLDER / "common.txt"):
             what, *words = header.split()
             getattr(self, "read_" + what)(words, [line for line in lines if line.strip()])
@@ -167,7 +167,7 @@ class Common:
 
 
 def expanded(name, lines, common):
-    """(name, lines) for each type of a template; an entry that is none comes back alone."""
+    """(name, lines) for each type of a template; any other entry is returned unchanged."""
     if "{T}" not in name:
         yield name, lines
         return
@@ -191,7 +191,7 @@ def holds(line, suffix):
 def fill_in(line, words):
     line = re.sub(r"^    \[(not )?[A-Z][A-Za-z0-9 ]*\] ", "    ", line)
     line = re.sub(r"\{(\w+)\}", lambda found: words[found[1]], line)
-    # Numbers are of class double as they stand.
+    # Literal numbers are of class double.
     return re.sub(r"([(,] ?)double\((\[[^]]*\]|[-\d.]+)\)", r"\1\2", line)
 
 
@@ -228,7 +228,7 @@ def listed(words, last="or"):
 
 
 def errors_of_arguments(arguments, common):
-    """The errors of reading them, in their order; those that differ by the name alone as one."""
+    """The errors of reading the arguments, in order; errors that differ only in the name are merged."""
     names = {}  # (identifier, arguments, condition): quoted names
     for argument in arguments:
         for error in common.kinds[argument.kind][1]:
@@ -243,7 +243,7 @@ def errors_of_arguments(arguments, common):
 
 
 def joined(errors):
-    """One line for each identifier and its arguments, with the conditions of all."""
+    """One line for each identifier and its arguments, with all its conditions."""
     conditions = {}
     for error in errors:
         key = (error.identifier, tuple(error.arguments))
@@ -293,7 +293,7 @@ def read_entry(name, file, lines, common):
 
 
 def read_entries(*functions):
-    """Every entry of the functions, by family in the order of the manual; of gridio alone when none is named."""
+    """Every entry of the functions, by family in the order of the manual; only gridio's if none is named."""
     common = Common()
     entries = []
     for file in [f for f, function in common.functions.items() if function in (functions or [FIRST])]:

@@ -36,7 +36,7 @@ constexpr double notableNumbers[] = {
     3.5e38,     1e-320,
 };
 
-// What the prologue's files hold, what may be added to them, and what must be refused.
+// Names that the prologue's files contain, names that may be added, and names that must be refused.
 constexpr const char* names[] = {
     "x",
     "y",
@@ -81,8 +81,8 @@ constexpr const char* modeWords[] = {
     "classic_model", "nowrite",      "NC_Write", "nc_",   "write|share", " write",
 };
 
-// Those of the flags that make a difference here: write, no clobber, diskless, CDF-5, classic
-// model, 64-bit offset, share, netCDF-4.
+// The flags that matter here: write, no clobber, diskless, CDF-5, classic model, 64-bit offset,
+// share, netCDF-4.
 constexpr int modeFlags[] = {0x0001, 0x0004, 0x0008, 0x0020, 0x0100, 0x0200, 0x0800, 0x1000};
 
 constexpr std::size_t notableSizes[] = {
@@ -151,7 +151,7 @@ constexpr std::size_t elementsRead = 8;
 
 std::vector<Value> ArgumentValues::forOperation(const Operation& operation)
 {
-    // One byte says for each parameter in turn whether anything at all comes in its place.
+    // One byte decides for each parameter in turn whether it is replaced by an arbitrary value.
     const std::uint8_t wild = input_.oneIn(4) ? input_.byte() : std::uint8_t{0};
     const std::uint8_t count = input_.byte();
 
@@ -207,12 +207,12 @@ Value ArgumentValues::plausible(char kind, vxClassID dataClass)
     case parameter::preemption:
         return Value::scalar<float>(0.25F * static_cast<float>(input_.below(5)));
     default:
-        return anything();
+        return plausibleOfAnyType(kind);
     }
 }
 
-// Nothing outside the scratch folder may be named: what is not one of the names above lies in a
-// folder that there is not, and is no address.
+// Nothing outside the scratch folder may be named: any other name is put into a folder that does
+// not exist, and is never an address.
 Value ArgumentValues::inScratchFolder(const Value& given)
 {
     if (given.classId() != vxCHAR_CLASS || given.isEmpty())
@@ -319,6 +319,11 @@ Value ArgumentValues::numeric(vxClassID classId, const Dims& dims)
         }
         return Value::numeric(dims, elements);
     });
+}
+
+Value ArgumentValues::numericOfAnyClass(const Dims& dims)
+{
+    return numeric(input_.oneOf(numericClasses), dims);
 }
 
 Value ArgumentValues::text(std::size_t limit)

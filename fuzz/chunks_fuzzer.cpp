@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Undoes filters of a chunk that may be damaged in any way: the elements come out, or DamagedChunk.
+// Undoes the filters of a chunk that may be damaged in any way: either the elements are returned,
+// or DamagedChunk is thrown.
 //
 // The input: size of elements, their number, number of filters, the filters with their
 // parameters, which of them were skipped; then the bytes of the chunk.
@@ -29,7 +30,7 @@ Filter anyFilter(InputBytes& input)
     return filter;
 }
 
-// Each byte is looked at, so that a sanitizer sees what was never written, and what is not there.
+// Each byte is read, so that a sanitizer detects uninitialised bytes and reads past the end.
 void require(const ChunkElements& elements, std::size_t size)
 {
     static volatile unsigned char sum = 0;
@@ -49,7 +50,7 @@ void decode(InputBytes& input)
     if (!pipeline)
         return;
     const std::string_view rest = input.take(static_cast<std::size_t>(-1));
-    // Without a byte to spare, for the address sanitizer.
+    // Of the exact size, for the address sanitizer.
     const std::vector<unsigned char> stored(rest.begin(), rest.end());
     std::vector<unsigned char> direct(chunkSize);
     ChunkDecoder decoder(*pipeline);

@@ -6,9 +6,9 @@
 namespace fuzz {
 namespace {
 
-// What cannot be read, because the header ends or says nonsense: a matter for the library.
+// Thrown when the header ends early or contradicts itself, which the library handles.
 struct Unreadable {};
-// What must not be passed to the library.
+// Thrown for a header that must not be passed to the library.
 struct Fatal {};
 
 class Header {
@@ -64,7 +64,7 @@ private:
     std::size_t counted()
     {
         if (left_ < wordSize())
-            throw Fatal(); // what is missing is taken from whatever memory holds
+            throw Fatal(); // missing bytes are taken from whatever memory holds
         const std::uint64_t count = number();
         if (count > left_)
             throw Fatal();
@@ -80,7 +80,7 @@ private:
             element();
     }
 
-    // The size of its elements; null when there is no such type.
+    // The size of the type's elements; null if there is no such type.
     const std::size_t* type()
     {
         static constexpr std::size_t sizes[] = {1, 1, 2, 4, 4, 8, 1, 2, 4, 8, 8};

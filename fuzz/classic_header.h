@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Damage that the library does not survive in files of the classic formats.
+// Damage in files of the classic formats that crashes the library.
 #pragma once
 
 #include <cstddef>
@@ -7,11 +7,10 @@
 
 namespace fuzz {
 
-// False when the header announces more dimensions, variables, attributes, values or characters than
-// the file has bytes left, or a variable of an unknown type: the library believes the former, and
-// crashes when memory for that many is not to be had or their number overflows, and divides by the
-// size of the latter (docs/limits.md). Whatever else is wrong, and files of other formats, are
-// fine.
+// False if the header declares more dimensions, variables, attributes, values or characters than
+// the file has bytes left, or a variable of an unknown type. The library trusts such numbers, and
+// crashes when memory for them cannot be allocated or they overflow; it divides by the size of an
+// unknown type (docs/limits.md). True for any other damage, and for files of other formats.
 bool isSurvivable(const std::uint8_t* bytes, std::size_t count);
 
 } // namespace fuzz

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Opens the input as a file and reads all that it is said to hold.
+// Opens the input as a file and reads everything that its header declares.
 #include "fuzz/session.h"
 
 #include "fuzz/classic_header.h"
@@ -21,6 +21,7 @@ using standalone::Value;
 constexpr int groupLimit = 8;
 constexpr int variableLimit = 12;
 constexpr int attributeLimit = 8;
+constexpr int typeLimit = 16;
 
 class Walk {
 public:
@@ -36,6 +37,10 @@ public:
         call("inqGrpName", {ncid});
         call("inqGrpNameFull", {ncid});
         call("inqGrpParent", {ncid});
+        for (const char* inquiry : {"inqPath", "inqFormatExtended"})
+            session_.callAny(inquiry, {ncid});
+        session_.callAny("inqDimIDs", {ncid, true});
+        types(ncid);
         for (const int dimid : ids(call("inqDimIDs", {ncid, true})))
             dimension(ncid, dimid);
         attributes(ncid, NC_GLOBAL);
@@ -61,6 +66,21 @@ private:
         return {row.begin(), row.end()};
     }
 
+    // What is not of a type's kind is refused.
+    void types(int ncid)
+    {
+        for (const int xtype : ids(session_.callAny("inqTypeIDs", {ncid}))) {
+            if (--typesLeft_ < 0)
+                return;
+            for (const Operation& operation : operations()) {
+                if (operation.name.compare(0, 3, "inq") == 0 && operation.parameters == "nT")
+                    session_.call(operation, {ncid, xtype});
+                else if (operation.name.compare(0, 3, "inq") == 0 && operation.parameters == "nTi")
+                    session_.call(operation, {ncid, xtype, 0});
+            }
+        }
+    }
+
     void dimension(int ncid, int dimid)
     {
         const Outcome outcome = call("inqDim", {ncid, dimid});
@@ -79,7 +99,7 @@ private:
             call("inqAttID", {ncid, varid, name});
             for (const Operation& operation : operations()) {
                 if (operation.name.compare(0, 6, "getAtt") == 0)
-                    call(operation.name, {ncid, varid, name});
+                    session_.call(operation, {ncid, varid, name});
             }
         }
     }
@@ -90,8 +110,7 @@ private:
         if (!outcome.succeeded())
             return;
         call("inqVarID", {ncid, outcome.results.at(0)});
-        for (const char* inquiry :
-             {"inqVarChunking", "inqVarDeflate", "inqVarFletcher32", "inqVarFill"})
+        for (const char* inquiry : {"inqVarChunking", "inqVarDeflate", "inqVarFletcher32"})
             call(inquiry, {ncid, varid});
         attributes(ncid, varid);
 
@@ -100,20 +119,24 @@ private:
         const Value two = Value::row(std::vector<double>(std::max<std::size_t>(rank, 1), 2));
         const Value one = Value::row(std::vector<double>(std::max<std::size_t>(rank, 1), 1));
         for (const Operation& operation : operations()) {
-            if (operation.parameters == "nv" && operation.dataClass != vxUNKNOWN_CLASS)
-                call(operation.name, {ncid, varid});
+            const bool readsVariable = operation.dataClass != vxUNKNOWN_CLASS ||
+                                       operation.function == Function::gridioAny ||
+                                       operation.name == "inqVarFill";
+            if (operation.parameters == "nv" && readsVariable)
+                session_.call(operation, {ncid, varid});
             else if (operation.parameters == "nvs")
-                call(operation.name, {ncid, varid, first});
+                session_.call(operation, {ncid, varid, first});
             else if (operation.parameters == "nvsc")
-                call(operation.name, {ncid, varid, first, rank < 8 ? two : one});
+                session_.call(operation, {ncid, varid, first, rank < 8 ? two : one});
             else if (operation.parameters == "nvsck")
-                call(operation.name, {ncid, varid, first, one, two});
+                session_.call(operation, {ncid, varid, first, one, two});
         }
     }
 
     Session& session_;
     int groupsLeft_ = groupLimit;
     int variablesLeft_ = variableLimit;
+    int typesLeft_ = typeLimit;
 };
 
 void run(const std::uint8_t* bytes, std::size_t count)

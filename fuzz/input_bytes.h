@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The bytes of one fuzzing run, taken from front to back. At their end everything reads as zero.
+// The bytes of one fuzzing run, consumed from front to back. Past their end everything reads as
+// zero.
 #pragma once
 
 #include <cstddef>

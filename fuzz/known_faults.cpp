@@ -73,7 +73,9 @@ bool growsFileInMemory(const Operation& operation, const std::vector<Value>& arg
         arguments[0].classId() != vxDOUBLE_CLASS || arguments[0].numel() != 1)
         return false;
     int mode = 0;
-    const std::size_t data = std::min(operation.parameters.find(parameter::data), arguments.size());
+    const char values =
+        operation.function == Function::gridio ? parameter::data : parameter::values;
+    const std::size_t data = std::min(operation.parameters.find(values), arguments.size());
     return nc_inq_format_extended(toId(arguments[0]), nullptr, &mode) == NC_NOERR &&
            (mode & NC_DISKLESS) != 0 &&
            std::any_of(arguments.begin() + static_cast<std::ptrdiff_t>(start),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What each operation takes: enough to make arguments that it may accept.
+// The parameters of each operation, in enough detail to generate arguments that it may accept.
 #pragma once
 
 #include "vx/array.h"
@@ -33,7 +33,7 @@ constexpr char data = 'D';
 constexpr char fillValue = 'V';
 constexpr char preemption = 'P';
 constexpr char constantName = 'C';
-constexpr char type = 'T'; // and those below: of gridio_any alone
+constexpr char type = 'T'; // and those below: of gridio_any only
 constexpr char word = 'W';
 constexpr char numbers = 'L';
 constexpr char values = 'A'; // of any type
@@ -46,7 +46,7 @@ enum class Function { gridio, gridioAny };
 struct Operation {
     std::string name;
     std::string parameters; // kinds, in order
-    vxClassID dataClass;    // of what a typed operation reads and writes; otherwise unknown
+    vxClassID dataClass;    // the class that a typed operation reads or writes; otherwise unknown
     Function function;
 
     // "any_getVar" for one of the second table.
@@ -56,11 +56,11 @@ struct Operation {
 // Every operation that can be called, once, in the order of docs/operations/.
 const std::vector<Operation>& operations();
 
-// The number by which fuzzing bytes name an operation: it depends on the title alone, so that a new
-// operation leaves a corpus what it is.
+// The number by which fuzzing bytes identify an operation. It depends only on the title, so that a
+// new operation does not change the meaning of the corpus.
 std::uint16_t codeOf(std::string_view name);
 
-// The operation of that code or, when there is none, of the next higher one.
+// The operation with that code or, if there is none, with the next higher one.
 const Operation& operationNear(std::uint16_t code);
 
 } // namespace fuzz

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Fuzzes the entry point: a few calls in a row, on a file that may be there already.
+// Fuzzes the entry point: a few calls in a row, on a file that may already exist.
 #include "fuzz/argument_values.h"
 #include "fuzz/known_faults.h"
+#include "fuzz/nested_type.h"
 #include "fuzz/scratch_folder.h"
 #include "fuzz/session.h"
 
@@ -15,9 +16,9 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t callLimit = 24;
-constexpr std::size_t rawCallsOneIn = 4; // whose first argument may be anything, too
+constexpr std::size_t rawCallsOneIn = 4; // its first argument may be any value, too
 
-// The file that a run begins with: its mode, or -1 for none, and in how many of 256 runs. NetCDF-4
+// The file that a run starts with: its mode, or -1 for none, and in how many of 256 runs. NetCDF-4
 // files take twenty times as long as the others.
 struct Beginning {
     int mode;
@@ -35,7 +36,7 @@ constexpr Beginning beginnings[] = {
     {NC_NETCDF4, 4},
 };
 
-// Whether runs that begin with a netCDF-4 file are left out: when the environment has FUZZ_QUICK.
+// Whether runs that start with a netCDF-4 file are left out: if the environment has FUZZ_QUICK.
 bool isLeftOut(int mode)
 {
     static const bool isQuick = std::getenv("FUZZ_QUICK") != nullptr;
@@ -52,8 +53,8 @@ int modeToBeginWith(InputBytes& input)
 }
 
 // Dimensions x (2), y (3), t (unlimited, 2 records); variables v (y, x), w (x, t) of text, s
-// (scalar), r (t); some attributes; a group where there can be one. Made by the library alone,
-// which is quicker.
+// (scalar), r (t); some attributes; a group and types if the format has them. Created by the library
+// directly, which is faster.
 int makeFile(int mode)
 {
     const int xy[] = {1, 0};
@@ -80,15 +81,16 @@ int makeFile(int mode)
         int group = 0;
         nc_def_grp(ncid, "g", &group);
         nc_def_var(group, "u", NC_INT64, 1, xy + 1, &id);
+        addNestedType(ncid);
     }
     nc_enddef(ncid);
     nc_put_vara_short(ncid, 3, &first, &two, records);
     return ncid;
 }
 
-// What was done, told at the end of the process.
+// Statistics, printed at the end of the process.
 struct Figures {
-    std::map<int, unsigned long> runs; // by the mode of the file that they began with
+    std::map<int, unsigned long> runs; // by the mode of the file that they started with
     unsigned long calls = 0;
     unsigned long callsThatSucceeded = 0;
     unsigned long callsLeftOut = 0;
@@ -120,10 +122,10 @@ void callUnlessKnown(Session& session, const Operation& operation,
     if (isKnownFault(operation, arguments) || growsFileInMemory(operation, arguments))
         ++figures().callsLeftOut;
     else
-        count(session.call(operation.name, arguments));
+        count(session.call(operation, arguments));
 }
 
-// False when it was not made.
+// False if it was not created.
 bool run(InputBytes& input)
 {
     const std::uint8_t settings = input.byte();
@@ -150,7 +152,8 @@ bool run(InputBytes& input)
         if (isOperation)
             callUnlessKnown(session, *operation, arguments.forOperation(*operation));
         else
-            session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4);
+            session.host().attemptRaw({arguments.anything(), arguments.anything()}, 4,
+                                      (settings & 4) != 0 ? plugAnyFunction : plugFunction);
     }
     return true;
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""print_signatures.py FILE: writes what each operation takes, from the entries of docs/operations/.
+"""print_signatures.py FILE: writes the parameters of each operation, from the entries of docs/operations/.
 
     {"defDim", "nNz", vxUNKNOWN_CLASS, Function::gridio},
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Runs a fuzzing target without a fuzzer: once with each file of the corpus, then with mutants of
-// them. The same arguments give the same runs.
+// them. Runs with the same arguments are identical.
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -41,7 +41,7 @@ std::vector<Input> readCorpus(int count, char* paths[])
     return corpus;
 }
 
-// A few bytes changed, and now and then the end of another input behind the start of this one.
+// A few bytes changed, and sometimes the end of another input after the start of this one.
 Input mutant(const std::vector<Input>& corpus, std::mt19937& random)
 {
     const auto below = [&](std::size_t bound) { return random() % bound; };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the sanitizers are told: an allocation may fail, and the libraries' own leaks are not ours.
-// A file in memory grows in steps that copy all of it, so that many MiB would take minutes;
-// libFuzzer itself needs 20.
+// Options of the sanitizers: an allocation may fail, and the libraries' own leaks are ignored. A
+// file in memory grows in steps that copy all of it, so that many MiB would take minutes; libFuzzer
+// itself needs 20.
 
 extern "C" {
 

@@ -15,7 +15,7 @@ constexpr rlim_t largestFile = 4 << 20;
 
 void limitFileSize()
 {
-    // A write past the bound is to fail as on a full disk, and not to end the process.
+    // A write past the bound must fail as on a full disk, not end the process.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
@@ -43,7 +43,7 @@ struct ScratchFolder {
 
     ~ScratchFolder()
     {
-        std::error_code ignored; // what is left then lies in memory, or among temporary files
+        std::error_code ignored; // what remains is in memory, or among temporary files
         std::filesystem::remove_all(root, ignored);
     }
 

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where a fuzzing process keeps its files: a new folder, in memory where the system has such.
+// The folder for the files of a fuzzing process: a new one, in memory if the system supports it.
 #pragma once
 
 #include <string>
 
 namespace fuzz {
 
-// Its path. Made when first asked for, when it also bounds the size of the files that the process
-// can write to 4 MiB; removed when the process ends.
+// Its path. The first call creates it, and limits the files that the process can write to 4 MiB; it
+// is removed when the process ends.
 const std::string& scratchFolder();
 
-// Goes on with another folder: for when the library holds on to the names of the one that was.
+// Switches to another folder, for when the library still has files of the previous one open.
 void replaceScratchFolder();
 
 } // namespace fuzz

@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t largestArray = 1 << 20;
 
-// Where the library begins when a process has changed nothing.
+// The library's state at the start of a process.
 struct LibrarySettings {
     std::size_t cacheSize = 0;
     std::size_t cacheSlots = 0;
@@ -63,7 +63,7 @@ void keepAnchor()
 // again, and their names are not free.
 std::set<int> stuckFiles;
 
-// A later run may have come upon one by chance, and have dropped it.
+// A later run may have closed one by chance.
 void forgetUnstuckFiles()
 {
     int format = 0;
@@ -119,17 +119,34 @@ Session::~Session()
         finding("contract: " + host_.breaches().front());
 }
 
+Outcome Session::call(const Operation& operation, const std::vector<Value>& arguments)
+{
+    return callOf(operation.function, operation.name, arguments);
+}
+
 Outcome Session::call(const std::string& operation, const std::vector<Value>& arguments)
+{
+    return callOf(Function::gridio, operation, arguments);
+}
+
+Outcome Session::callAny(const std::string& operation, const std::vector<Value>& arguments)
+{
+    return callOf(Function::gridioAny, operation, arguments);
+}
+
+Outcome Session::callOf(Function function, const std::string& operation,
+                        const std::vector<Value>& arguments)
 {
     static const bool isTraced = std::getenv("FUZZ_TRACE") != nullptr;
     if (isTraced) {
-        std::cerr << operation;
+        std::cerr << (function == Function::gridio ? "" : "any ") << operation;
         for (const Value& argument : arguments)
             std::cerr << ", " << argument;
         std::cerr << std::endl;
     }
     const std::size_t arraysBefore = host_.liveArrays();
-    Outcome outcome = host_.attempt(operation, arguments);
+    Outcome outcome = function == Function::gridio ? host_.attempt(operation, arguments)
+                                                   : host_.attemptAny(operation, arguments, 2);
     if (isTraced)
         std::cerr << "    " << outcome << std::endl;
     if (opensFile(operation))
@@ -166,12 +183,13 @@ void Session::keepIds(const std::string& operation, const Outcome& outcome)
         return;
     if (operation == "pOpen" || operation == "pCreate")
         knownIds_.push_back(static_cast<int>(results.at(1).toDouble()));
-    else if (opensFile(operation) || operation == "defGrp" || operation == "inqNcid")
+    else if (opensFile(operation) || operation == "defGrp" || operation == "inqNcid" ||
+             operation == "inqGrpFullNcid")
         knownIds_.push_back(static_cast<int>(results.at(0).toDouble()));
 }
 
-// A file of a classic format can be dropped; of another one nobody knows what the library has freed
-// already.
+// A file of a classic format can be aborted; for other formats it is unknown what the library has
+// already freed.
 void Session::giveUp(int ncid)
 {
     if (isClassic(ncid))
@@ -201,7 +219,7 @@ void Session::closeAll()
             Ovard::gridio::unregisterOpenFile(ncid);
     }
 
-    // Only a file whose identifier could not be returned may still be held.
+    // Only a file whose identifier could not be returned may still be registered.
     host_.unload();
     if (!host_.warnings().empty() && !ranOutOfMemory_)
         finding("a file is held that was never returned");

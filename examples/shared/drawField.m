@@ -6,7 +6,7 @@
 %                          y.down, if it is there and true, makes y increase downwards
 %   field.title, subtitle  one line each
 %   field.width            at least so many pixels, if it is there
-% PICTURE is a height by width by 3 uint8 array. LAYOUT tells where in it the cells of the field and
+% PICTURE is a height by width by 3 uint8 array. LAYOUT gives the position in it of the cells of the field and
 % the colour scale lie, in pixels counted from 0: x increases to the right, y and colours upwards.
 function [picture, layout] = drawField (field)
   [nx, ny] = size (field.values);

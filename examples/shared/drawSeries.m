@@ -3,7 +3,7 @@
 % drawSeries (SERIES): a picture of a series as a line with a mark at each value; NaN leaves a gap.
 %   series.x, series.y      structs: label and values; x.values ascend
 %   series.title, subtitle  one line each
-% LAYOUT tells the pixels within the frame, counted from 0, and the x and y of its edges.
+% LAYOUT gives the pixels within the frame, counted from 0, and the x and y of its edges.
 function [picture, layout] = drawSeries (series)
   frame = struct ("left", 110, "top", 72, "width", 800, "height", 400);
   picture = repmat (uint8 (255), [frame.top + frame.height + 66, frame.left + frame.width + 60, 3]);

@@ -121,7 +121,7 @@ std::string findInvalidArgument(const FailedCall& call)
                " is neither NC_FILL (0) nor NC_NOFILL (256).";
     if (call.operation() == "setDefaultFormat")
         return "The format " + numberText(call.number("format").value_or(0)) +
-               " is none of NC_FORMAT_CLASSIC (1), NC_FORMAT_64BIT (2), NC_FORMAT_NETCDF4 (3) and "
+               " is not one of NC_FORMAT_CLASSIC (1), NC_FORMAT_64BIT (2), NC_FORMAT_NETCDF4 (3) and "
                "NC_FORMAT_NETCDF4_CLASSIC (4).";
     if (call.operation() == "pEndDef")
         return "An alignment (v_align, r_align) must be 1 or more.";

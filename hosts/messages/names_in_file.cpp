@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The names that subjects.h declares: of objects in a file, and of types.
-#include "hosts/messages/name_room.h"
+#include "hosts/messages/name_buffer.h"
 #include "hosts/messages/subjects.h"
 #include "hosts/messages/visible_text.h"
 
@@ -33,8 +33,8 @@ std::vector<std::string> namesOf(const std::vector<int>& ids, const Inquire& inq
 {
     std::vector<std::string> names;
     for (const int id : ids)
-        if (nameRoom() != nullptr && inquire(id, nameRoom()) == NC_NOERR)
-            names.push_back(nameInRoom());
+        if (nameBuffer() != nullptr && inquire(id, nameBuffer()) == NC_NOERR)
+            names.push_back(bufferedName());
     return names;
 }
 
@@ -121,15 +121,15 @@ std::string typeName(int ncid, nc_type type)
         return names[type];
 
     int kind = 0;
-    if (!isOpen(ncid) || nameRoom() == nullptr ||
-        nc_inq_user_type(ncid, type, nameRoom(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
+    if (!isOpen(ncid) || nameBuffer() == nullptr ||
+        nc_inq_user_type(ncid, type, nameBuffer(), nullptr, nullptr, nullptr, &kind) != NC_NOERR)
         return "number " + std::to_string(type);
     const char* word = kind == NC_ENUM       ? "enum"
                        : kind == NC_VLEN     ? "variable-length"
                        : kind == NC_COMPOUND ? "compound"
                        : kind == NC_OPAQUE   ? "opaque"
                                              : "user-defined";
-    return std::string("the ") + word + " type " + inQuotes(nameInRoom());
+    return std::string("the ") + word + " type " + inQuotes(bufferedName());
 }
 
 std::string describeType(int ncid, nc_type type)

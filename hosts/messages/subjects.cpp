@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "hosts/messages/subjects.h"
 
-#include "hosts/messages/name_room.h"
+#include "hosts/messages/name_buffer.h"
 #include "hosts/messages/visible_text.h"
 
 #include "abandoned_files.h"
@@ -42,10 +42,11 @@ bool isUnlimited(int ncid, int dimid)
 std::optional<Dimension> readDimension(int ncid, int dimid)
 {
     Dimension dimension;
-    if (nameRoom() == nullptr || nc_inq_dim(ncid, dimid, nameRoom(), &dimension.length) != NC_NOERR)
+    if (nameBuffer() == nullptr ||
+        nc_inq_dim(ncid, dimid, nameBuffer(), &dimension.length) != NC_NOERR)
         return std::nullopt;
     dimension.id = dimid;
-    dimension.name = nameInRoom();
+    dimension.name = bufferedName();
     dimension.isUnlimited = isUnlimited(ncid, dimid);
     return dimension;
 }
@@ -102,7 +103,7 @@ bool isWritable(int ncid)
 {
     // The library has no inquiry for this. Renaming an attribute of a variable that cannot exist
     // always fails, but with NC_EPERM first if the file is open for reading only.
-    constexpr int noVariable = -77;
+    constexpr int noVariable = NC_GLOBAL - 1;
     const int found = isOpen(ncid) ? model(ncid) : NC_FORMATX_UNDEFINED;
     return (found != NC_FORMATX_NC3 && found != NC_FORMATX_NC_HDF5) ||
            nc_rename_att(ncid, noVariable, "a", "b") != NC_EPERM;
@@ -117,14 +118,14 @@ std::optional<Variable> variableOf(int ncid, int varid)
 {
     Variable variable;
     int rank = 0;
-    if (!isOpen(ncid) || varid < 0 || nameRoom() == nullptr ||
+    if (!isOpen(ncid) || varid < 0 || nameBuffer() == nullptr ||
         nc_inq_varndims(ncid, varid, &rank) != NC_NOERR || rank < 0 || rank > NC_MAX_VAR_DIMS)
         return std::nullopt;
     std::vector<int> dimids(static_cast<std::size_t>(rank));
-    if (nc_inq_var(ncid, varid, nameRoom(), &variable.type, nullptr, dimids.data(), nullptr) !=
+    if (nc_inq_var(ncid, varid, nameBuffer(), &variable.type, nullptr, dimids.data(), nullptr) !=
         NC_NOERR)
         return std::nullopt;
-    variable.name = nameInRoom();
+    variable.name = bufferedName();
     std::reverse(dimids.begin(), dimids.end());
     for (const int dimid : dimids) {
         const std::optional<Dimension> dimension = readDimension(ncid, dimid);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "call.h"
 
-#include "result_memory.h"
+#include "hosts/memory/large_blocks.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -58,7 +58,7 @@ void* Call::keep(void* block, size_t bytes)
     std::unique_ptr<void, Free> owner(block);
     if (!block)
         throw std::bad_alloc();
-    adviseHugePages(block, bytes);
+    memory::adviseHugePages(block, bytes);
     blocks_.push_back(std::move(owner));
     return block;
 }
@@ -86,7 +86,7 @@ void* vxCalloc(size_t count, size_t size)
     void* memory = std::calloc(bytes ? bytes : 1, 1);
     if (!memory)
         throw std::bad_alloc();
-    hosts::oct::adviseHugePages(memory, bytes);
+    hosts::memory::adviseHugePages(memory, bytes);
     return memory;
 }
 

@@ -13,7 +13,7 @@ DEFUN_DLD(gridio, args, nargout, R"(-*- texinfo -*-
 @deftypefn  {} {[@var{r1}, @var{r2}, @dots{}] =} gridio (@var{operation}, @var{arg1}, @var{arg2}, @dots{})
 Read and write netCDF files of every kind, from classic CDF to NetCDF-4/HDF5, by an operation of the netCDF library.
 
-The operations bear the names of the library's functions without @qcode{"nc_"}, in lower camel case, and take their
+The operations have the names of the library's functions without @qcode{"nc_"}, in lower camel case, and take their
 arguments in the same order.  @code{gridio_help} lists them all, and @code{gridio_help ("defVar")} explains one.
 
 @table @asis

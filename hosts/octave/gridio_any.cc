@@ -25,7 +25,7 @@ DEFUN_DLD(gridio_any, args, nargout, R"(-*- texinfo -*-
 Read and write values of every type that a netCDF file can hold, by an operation of the netCDF library without a type in its
 name.
 
-It works on the files that @code{gridio} opens or creates, under the same conventions: the operations bear the names of
+It works on the files that @code{gridio} opens or creates, under the same conventions: the operations have the names of
 the library's functions without @qcode{"nc_"}, take their arguments in the same order, count from 0, and list dimensions
 in the order of the array.  @code{gridio_help ("getVar")} explains one.
 

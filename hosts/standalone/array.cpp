@@ -6,7 +6,7 @@
 #include "hosts/standalone/ledger.h"
 #include "hosts/standalone/text.h"
 
-#include <sys/mman.h>
+#include "hosts/memory/large_blocks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,8 +24,6 @@ vxArray::~vxArray() { --standalone::ledger().liveArrays; }
 namespace standalone {
 
 namespace {
-
-constexpr std::size_t largeBlock = std::size_t{4} << 20;
 
 // Rank 0 is 0-by-0, rank 1 a column.
 std::vector<std::size_t> fullDims(std::size_t rank, const std::size_t* dims)
@@ -50,28 +48,12 @@ std::size_t productOf(const std::vector<std::size_t>& dims)
     return product;
 }
 
-// Touching new small pages one by one takes longer than most reads. Only whole huge pages inside
-// the block are requested, so that no additional memory is used; a system without huge pages
-// ignores the request.
-void adviseHugePages(void* block, std::size_t bytes)
-{
-    constexpr std::uintptr_t hugePage = std::uintptr_t{2} << 20;
-    const auto begin = reinterpret_cast<std::uintptr_t>(block);
-    const std::uintptr_t first = (begin + hugePage - 1) & ~(hugePage - 1);
-    const std::uintptr_t last = (begin + bytes) & ~(hugePage - 1);
-    if (first < last)
-        static_cast<void>(madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE));
-}
-
-// Blocks that malloc maps separately begin 16 bytes after the start of a page, and the system takes
-// up to a quarter longer to copy a file there than to a cache line.
 void* allocate(std::size_t bytes)
 {
-    constexpr std::size_t mappedBlock = (std::size_t{32} << 20) + 1;
-    constexpr std::size_t cacheLine = 64;
-    if (bytes < mappedBlock || bytes > PTRDIFF_MAX - cacheLine)
+    const std::size_t alignment = hosts::memory::alignmentOf(bytes);
+    if (alignment == 0 || bytes > PTRDIFF_MAX - alignment)
         return std::malloc(bytes);
-    return std::aligned_alloc(cacheLine, (bytes + cacheLine - 1) / cacheLine * cacheLine);
+    return std::aligned_alloc(alignment, (bytes + alignment - 1) / alignment * alignment);
 }
 
 // Uninitialised elements are not touched here: for a large array, the page faults cost more than
@@ -83,8 +65,7 @@ Elements makeElements(std::size_t bytes, Contents contents)
     Elements elements(contents == Contents::zeros ? std::calloc(1, bytes) : allocate(bytes));
     if (elements == nullptr)
         throw OutOfMemory();
-    if (bytes >= largeBlock)
-        adviseHugePages(elements.get(), bytes);
+    hosts::memory::adviseHugePages(elements.get(), bytes);
     const auto pattern = ledger().pattern;
     if (contents == Contents::anything && pattern)
         std::memset(elements.get(), *pattern, bytes);

@@ -8,6 +8,11 @@
 // all null, in every call, even if the script requested fewer.
 constexpr int plugResultSlots = 5;
 
+// Threads. The host calls an entry from one thread at a time. During the call the module calls the
+// functions of vx/ from that thread alone, whichever other threads it uses itself: no vx function
+// has to be safe against another that runs at the same time. The handler of plugAtExit runs when no
+// call is under way.
+
 extern "C" {
 
 // Defined by the module. arguments[0] names the operation, the rest are the operation's arguments;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Text of attributes and of users, looked at as ASCII whatever the locale.
+// Text of attributes and of users, treated as ASCII whatever the locale.
 #pragma once
 
 #include <string>
@@ -20,7 +20,7 @@ std::string_view trimmed(std::string_view text);
 // The text with its ASCII letters in lower case.
 std::string lowered(std::string_view text);
 
-// The text in double quotes, for a reason: at most 60 bytes of it, control characters as "?".
+// The text in double quotes, for error reasons: at most 60 bytes, with control characters as "?".
 std::string inQuotes(std::string_view text);
 
 } // namespace Ovard::gridio::cf

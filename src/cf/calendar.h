@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The calendars of the CF conventions 1.11: their dates, and days counted through them.
+// The calendars of the CF conventions 1.11: dates and day numbers.
 #pragma once
 
 #include "cf/outcome.h"
@@ -28,8 +28,8 @@ constexpr std::int64_t largestYear = 1'000'000'000'000'000;
 // The first Gregorian day of the standard calendar, 1582-10-15, as a day number.
 constexpr std::int64_t firstGregorianDay = -141427;
 
-// From the value of a "calendar" attribute, in letters of either case: also "gregorian",
-// "365_day" and "366_day".
+// From the value of a "calendar" attribute, in letters of either case; accepts "gregorian",
+// "365_day" and "366_day", too.
 Outcome<Calendar> parseCalendar(std::string_view name);
 
 // The name that CF prefers: "standard", "noleap", "all_leap".
@@ -37,7 +37,7 @@ std::string_view calendarName(Calendar calendar);
 
 bool isLeapYear(Calendar calendar, std::int64_t year);
 
-// How many days a month or a year has: 21 and 355 for 1582-10 and 1582 in standard.
+// The number of days of a month or a year: 21 and 355 for 1582-10 and 1582 in standard.
 int monthLength(Calendar calendar, std::int64_t year, int month);
 int yearLength(Calendar calendar, std::int64_t year);
 

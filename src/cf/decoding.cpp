@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Built with -ffp-contract=off, since a fused multiplication and addition would round once only,
-// and with -fno-trapping-math, without which comparisons are not made vector code.
+// Built with -ffp-contract=off, since a fused multiplication and addition would round only once,
+// and with -fno-trapping-math, without which comparisons are not vectorised.
 #include "cf/decoding.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<float>::is_iec559);
 
-// Elements that are decoded at once: a constant, so that compilers make vector code of the loops.
+// Elements decoded at once: a constant, so that compilers vectorise the loops.
 constexpr std::size_t tile = 32;
 
 // Types whose values are all doubles are compared as doubles: vectors of one width are faster.
@@ -54,7 +54,7 @@ template <class T> TypedRules<T> typedRules(const DecodingRules& rules)
 
 #define GRIDIO_INLINE inline __attribute__((always_inline))
 
-// Without a branch for an element.
+// Branch-free per element.
 template <class T, class U, bool hasRange, bool hasMissing>
 GRIDIO_INLINE void decodeTile(const T* __restrict stored, U* __restrict decoded,
                               const TypedRules<T>& rules)

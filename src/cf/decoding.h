@@ -3,12 +3,12 @@
 // sections 2.5.1 and 8.1).
 //
 // Each element is decoded by itself, with the same bits on every machine:
-//   1. A signed integer whose variable has _Unsigned is taken for the unsigned one of its bits.
+//   1. A signed integer whose variable has _Unsigned is reinterpreted as unsigned.
 //   2. It is missing if it equals a missing value or lies outside the valid range. Both are stored
 //      values and are compared as such, before scaling. A NaN is missing already.
 //   3. It is converted to double, multiplied by the scale and added to the offset, each step
 //      rounded to double.
-//   4. The result is rounded to single if that was asked for.
+//   4. The result is rounded to single on request.
 #pragma once
 
 #include <array>

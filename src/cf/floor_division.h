@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Division that rounds down, as counts of days before a fixed day need it.
+// Division that rounds down, for counts of days before a fixed day.
 #pragma once
 
 #include <cstdint>

@@ -13,8 +13,8 @@
 namespace Ovard::gridio::cf {
 
 // Microseconds since the beginning of day number 0 of a calendar (calendar.h), without leap
-// seconds. Every int64 but notATime is a moment: about the years -290,000 to 294,000. What lies
-// beyond is refused with nullopt wherever a moment is computed.
+// seconds. Every int64 except notATime is a moment: about the years -290,000 to 294,000. A moment
+// beyond is reported as nullopt wherever one is computed.
 using Moment = std::int64_t;
 
 constexpr Moment notATime = std::numeric_limits<Moment>::min();
@@ -43,13 +43,13 @@ Outcome<Moment> momentOfParts(Calendar calendar, const Parts& parts);
 // Of any moment but notATime.
 Parts partsOfMoment(Calendar calendar, Moment moment);
 
-// The reason of every nullopt that stands for a moment out of range.
+// The reason for every nullopt that means a moment out of range.
 std::string momentRangeReason();
 
-// The moment that takes the fewest words among those within the tolerance, in microseconds, of a
-// moment that was computed from a floating number: a whole day, hour, minute, second or
-// millisecond, else the moment itself. So hours stored as fractions of days are whole hours again.
-// A tolerance below half a microsecond changes nothing.
+// The roundest moment within the tolerance, in microseconds, of a moment that was computed from a
+// floating-point number: a whole day, hour, minute, second or millisecond, otherwise the moment
+// itself. So hours stored as fractions of days become whole hours again. A tolerance below half a
+// microsecond changes nothing.
 Moment roundestMoment(Moment moment, double tolerance);
 
 // Whether a moment has a datenum: a day number of the proleptic Gregorian calendar, in which
@@ -59,7 +59,7 @@ Moment roundestMoment(Moment moment, double tolerance);
 bool hasDatenum(Calendar calendar, Moment moment);
 std::string noDatenumReason(Calendar calendar);
 
-// The double nearest to the datenum, give or take its last bit. The moment must have one.
+// The double nearest to the datenum, up to its last bit. The moment must have one.
 double datenumOfMoment(Moment moment);
 
 // The roundest moment (above) within one or two units of the datenum's last place, which is 10

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a reading of text gives: a value, or the reason why there is none.
+// The result of parsing text: a value, or the reason for its absence.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace Ovard::gridio::cf {
 
-// The reason is a clause without a full stop, ready to follow the name of what was read.
+// The reason is a clause without a full stop, to follow the name of what was parsed.
 struct Refusal {
     std::string reason;
 };

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
-// Moments between two steps of a conversion: so many that they stay in the first-level cache.
+// The number of moments per block of a conversion: few enough to stay in the first-level cache.
 constexpr std::size_t blockSize = 512;
 
 void add(Misses& total, Misses more, std::size_t offset = 0)
@@ -24,7 +24,7 @@ void add(Misses& total, Misses more, std::size_t offset = 0)
     total.count += more.count;
 }
 
-// Fills results with what convert gives for each element, or with missing.
+// Fills results with convert's result for each element, or with missing.
 template <class Element, class Result, class Convert>
 Misses convertAll(const Element* elements, std::size_t count, Result missing, Result* results,
                   Convert convert)
@@ -52,7 +52,7 @@ template <class First, class Second> Misses inBlocks(std::size_t count, First fi
     return misses;
 }
 
-// Steps of a column of times mostly share their day with the step before.
+// Most steps of a column of times are on the same day as the step before.
 class DateFinder {
 public:
     explicit DateFinder(Calendar calendar)
@@ -122,7 +122,7 @@ Misses toParts(Calendar calendar, std::size_t count, double* parts, ToMoments to
                     });
 }
 
-// Converts by way of the moments of the datenum.
+// Converts through the moments of the datenum.
 template <class FromMoments>
 Misses fromDatenum(Calendar calendar, const double* datenum, std::size_t count,
                    FromMoments fromMoments)

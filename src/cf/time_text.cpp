@@ -10,7 +10,7 @@
 namespace Ovard::gridio::cf {
 namespace {
 
-// Writes the number with leading zeros; more digits than asked for where it needs them.
+// Writes the number with leading zeros, and with more digits than requested if it needs them.
 char* writeDigits(std::uint64_t number, int digits, char* first)
 {
     std::uint64_t power = 10;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Moments as ISO 8601 text, and text as the period that it names.
+// Conversion of moments to ISO 8601 text, and of text to the period that it names.
 #pragma once
 
 #include "cf/moment.h"
@@ -13,22 +13,21 @@ namespace Ovard::gridio::cf {
 
 // The texts of a column of times are written alike: "2013", "2013-05", "2013-05-01",
 // "2013-05-01 18", "2013-05-01 18:00", "2013-05-01 18:00:30", and with 3 or 6 digits behind the
-// second. What is smaller than the precision is cut off, never rounded. Precision::microsecond is
-// the full form.
+// second. Smaller parts are truncated, never rounded. Precision::microsecond is the full form.
 std::string momentText(Calendar calendar, Moment moment, Precision precision);
 
 // The shortest of the forms day, minute, second, millisecond and microsecond in which all moments
 // are exact; those that are notATime do not count. Day for none.
 Precision exactPrecision(const Moment* moments, std::size_t count);
 
-// How many bytes the longest text needs; 3 at least, for "NaT".
+// The number of bytes of the longest text; at least 3, for "NaT".
 std::size_t momentTextWidth(Calendar calendar, const Moment* moments, std::size_t count,
                             Precision precision);
 
 // Writes the text at first and returns its end. Needs momentTextWidth bytes; "NaT" for notATime.
 char* writeMoment(Calendar calendar, Moment moment, Precision precision, char* first);
 
-// The moments from begin up to, but without, end.
+// The moments from begin up to, but not including, end.
 struct Period {
     Moment begin;
     Moment end;

@@ -9,12 +9,12 @@
 
 namespace Ovard::gridio::cf {
 
-// How months and years are taken, whose lengths differ. In every case a month of the calendar
-// 360_day has 30 days and a common_year of noleap 365.
+// How months and years, whose lengths differ, are interpreted. In every case a month of the
+// calendar 360_day has 30 days and a common_year of noleap 365.
 enum class LongUnits {
     refused,        // with a reason; xarray and cftime do the same
     udunitsLengths, // as CF defines them: a year has 365.242198781 days, a month a twelfth of it
-    calendarSteps,  // what most writers mean: the reference date that many months later, on the
+    calendarSteps,  // what most writers mean: the reference date advanced by so many months, on the
                     // last day of a month that is too short; a fraction is one of the step to the
                     // next whole number
 };
@@ -29,8 +29,8 @@ struct TimeUnits {
     int months;
 };
 
-// Whether a "units" attribute is meant to be one of a time coordinate, well formed or not: some
-// word and "since", or a unit of time and one of the words below.
+// Whether a "units" attribute is meant for a time coordinate, well formed or not: any word and
+// "since", or a unit of time and one of the words below.
 bool isTimeUnits(std::string_view text);
 
 // UNIT since REFERENCE, letters of either case; "after", "from", "ref" and "@" mean "since". Units:

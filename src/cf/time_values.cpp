@@ -68,7 +68,7 @@ std::optional<std::int64_t> microsecondsOf(const TimeUnits& units, std::int64_t 
     return roundedSum(*start, rest / static_cast<double>(units.denominator), 0);
 }
 
-// The reference date so many steps of the calendar later.
+// The reference date advanced by so many steps of the calendar.
 std::optional<Moment> momentOfStep(const TimeUnits& units, std::int64_t steps)
 {
     const Parts reference = partsOfMoment(units.calendar, units.reference);
@@ -146,7 +146,7 @@ double quotient(std::int64_t whole, std::int64_t rest, std::int64_t divisor)
         return static_cast<double>(*dividend) / static_cast<double>(divisor);
 
     // Binary digits are appended until there are two more than a double holds; the last one then
-    // stands for all that follow.
+    // represents all that follow.
     int appended = 0;
     while (whole > -2 * exact && whole < 2 * exact) {
         rest *= 2;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Values of time coordinates and the moments that they stand for, one by one.
+// Conversion of single values of time coordinates to moments, and back.
 #pragma once
 
 #include "cf/time_units.h"
@@ -9,7 +9,7 @@
 
 namespace Ovard::gridio::cf {
 
-// Which moment a stored floating value stands for. A value has the precision of its type: an hour
+// Which moment a stored floating-point value means. A value has the precision of its type: an hour
 // counted in days since the year 1 may be 5 microseconds off as a double, and one counted in days
 // since 1950 a minute as a float.
 enum class Rounding {
@@ -22,8 +22,8 @@ enum class Rounding {
 std::optional<Moment> momentOfValue(const TimeUnits& units, double value, Rounding rounding);
 std::optional<Moment> momentOfValue(const TimeUnits& units, std::int64_t value);
 
-// The double nearest to the exact value, of two the even one; with calendar steps, give or take its
-// last bit. nullopt out of range. The moment must not be notATime.
+// The double nearest to the exact value, of two the even one; with calendar steps, up to its last
+// bit. nullopt out of range. The moment must not be notATime.
 std::optional<double> valueOfMoment(const TimeUnits& units, Moment moment);
 
 // nullopt also when the value is not a whole number.

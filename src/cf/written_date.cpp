@@ -8,7 +8,7 @@
 namespace Ovard::gridio::cf {
 namespace {
 
-// Reads from the front of a text. The first failure is kept, and fails all that follows.
+// Parses a text from the front. The first failure is kept, and all later steps fail.
 class Reader {
 public:
     explicit Reader(std::string_view text) : whole_(trimmed(text)), rest_(whole_) {}

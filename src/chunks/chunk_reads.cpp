@@ -18,7 +18,7 @@ namespace {
 cf::StoredValue unwrittenValue(const Variable& variable)
 {
     cf::StoredValue value{};
-    int isOff = 0; // deliberately ignored: the library returns fill values nevertheless
+    int isOff = 0; // ignored: the library returns fill values nevertheless
     checkStatus(nc_inq_var_fill(variable.ncid(), variable.varid(), &isOff, value.data()),
                 variable.entry());
     return value;

@@ -12,7 +12,7 @@ constexpr std::size_t mostByDefault = 16; // more would need a faster disk and m
 
 std::size_t fixed = 0; // 0: none
 
-// 0 for none. Anything but a number is none.
+// The value of GRIDIO_THREADS; 0 if it is not set or not a number.
 std::size_t chosenByUser()
 {
     const char* text = std::getenv("GRIDIO_THREADS");

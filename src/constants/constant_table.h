@@ -14,7 +14,7 @@ struct ConstantEntry {
 
 constexpr std::size_t constantCount = 114;
 
-// The order is that of the list and of the look-up, deliberately with its irregularities.
+// The order is that of the list and of the look-up.
 extern const ConstantEntry constantTable[constantCount];
 
 } // namespace Ovard::gridio

@@ -52,7 +52,7 @@ float readRawFloat(const vxArray* a, std::string_view name);
 std::string charDataToString(const vxArray* a);
 
 // Raises dataSizeMismatch when the array's storage holds fewer bytes than count elements of that
-// size. Only the size is checked, deliberately not the class.
+// size. The class is deliberately not checked.
 void requireStorage(const vxArray* data, std::size_t count, std::size_t elementSize);
 
 } // namespace Ovard::gridio

@@ -81,7 +81,7 @@ void defVarDeflate(int, vxArray*[], int, const vxArray* args[], const OperationE
     const int varid = readIntScalar(args[1], "varid");
     const bool shuffle = readFlag(args[2], "shuffle flag");
     const bool deflate = readFlag(args[3], "deflate flag");
-    // Without deflate the level is deliberately ignored: it may be anything.
+    // Without deflate the level is ignored: it may be anything.
     const int level = deflate ? readIntScalar(args[4], "deflate level") : 0;
 
     checkStatus(nc_def_var_deflate(ncid, varid, shuffle ? 1 : 0, deflate ? 1 : 0, level), entry);

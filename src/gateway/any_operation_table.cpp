@@ -29,7 +29,7 @@ namespace op = anyOperations;
 // is given by its number or by its name. Codes begin at 1001.
 
 // clang-format off
-constexpr OperationEntry anyOperationTable[anyOperationCount] = {
+constexpr OperationEntry rows[] = {
     // Values; of enumerations, a second result on demand: labels
     {1001, "getVar",              2, op::getVar},              // ncid, varid -> values (nc_get_vars)
     {1002, "getVar1",             3, op::getVarSubset},        // ncid, varid, START -> value (nc_get_vars)
@@ -90,13 +90,15 @@ constexpr OperationEntry anyOperationTable[anyOperationCount] = {
 
 namespace {
 
-constexpr auto keys = keysOf(anyOperationTable);
+constexpr auto keys = keysOf(rows);
 
 } // namespace
 
+constexpr OperationRows anyOperationTable(rows);
+
 const OperationEntry* findAnyOperation(const char* name, unsigned nargs)
 {
-    return findRow(anyOperationTable, keys, name, nargs);
+    return findRow(rows, keys, name, nargs);
 }
 
 } // namespace Ovard::gridio

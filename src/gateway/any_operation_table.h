@@ -2,14 +2,11 @@
 // The second table of operations: those on values of any type, and the look-up of a name in it.
 #pragma once
 
-#include "operation_entry.h"
-
-#include <cstddef>
+#include "gateway/operation_rows.h"
 
 namespace Ovard::gridio {
 
-constexpr std::size_t anyOperationCount = 46;
-extern const OperationEntry anyOperationTable[anyOperationCount];
+extern const OperationRows anyOperationTable;
 
 // The row of that name, as findRow gives it.
 const OperationEntry* findAnyOperation(const char* name, unsigned nargs);

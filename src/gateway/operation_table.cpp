@@ -37,7 +37,7 @@ namespace op = operations;
 // empty. Positions count from 0. Values form one block and are never transposed.
 
 // clang-format off
-constexpr OperationEntry operationTable[operationCount] = {
+constexpr OperationEntry rows[] = {
     // Files: life cycle
     {  0, "abort",             1, op::abort},            // ncid (nc_abort)
     {  1, "close",             1, op::close},            // ncid (nc_close)
@@ -239,13 +239,15 @@ constexpr OperationEntry operationTable[operationCount] = {
 
 namespace {
 
-constexpr auto keys = keysOf(operationTable);
+constexpr auto keys = keysOf(rows);
 
 } // namespace
 
+constexpr OperationRows operationTable(rows);
+
 const OperationEntry* findOperation(const char* name, unsigned nargs)
 {
-    return findRow(operationTable, keys, name, nargs);
+    return findRow(rows, keys, name, nargs);
 }
 
 } // namespace Ovard::gridio

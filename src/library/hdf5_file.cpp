@@ -47,7 +47,7 @@ std::string pathOf(int ncid, const OperationEntry* entry)
     return path;
 }
 
-// Of a file that was opened before it could be noted. Of several with its path none is right for
+// For a file that was opened before it could be noted. If several have its path, none of them is
 // certain.
 hid_t findByPath(int ncid, const OperationEntry* entry)
 {

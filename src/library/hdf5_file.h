@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The way to HDF5: the objects behind a netCDF-4 file that the netCDF library has open. Only its
-// own handle is used. A file is never opened a second time: its path may name another file by now,
-// and HDF5 1.10.8 crashes on string types of a file that is open twice.
+// Access to HDF5: the objects behind a netCDF-4 file that the netCDF library has open, through the
+// library's own handle. A file is never opened a second time: its path may name another file by
+// now, and HDF5 1.10.8 crashes on string types of a file that is open twice.
 #pragma once
 
 #include "library/quiet_hdf5.h"
@@ -36,28 +36,28 @@ private:
     hid_t id_ = H5I_INVALID_HID;
 };
 
-// How far along each of its dimensions, in the library's order, a variable has been written. Along
-// an unlimited dimension this may be less than the dimension's length, which is the largest of its
-// variables'.
+// The extent of a variable's written part along each dimension, in the library's order. Along an
+// unlimited dimension it may be less than the dimension's length, which is the largest extent of
+// all its variables.
 using WrittenExtents = std::vector<hsize_t>;
 
-// What is remembered of a netCDF-4 file as long as it is open.
+// The data kept about an open netCDF-4 file.
 struct NotedFile {
     hid_t hdf5 = H5I_INVALID_HID;
-    bool isInquired = false; // every variable was (renamed_dimensions.h)
+    bool isInquired = false; // whether every variable was inquired (renamed_dimensions.h)
     std::map<std::pair<int, int>, WrittenExtents> extents; // as last seen, by group and variable
     std::map<std::pair<int, int>, bool> haveFixedLength;   // strings, by group and variable
 };
 
 // Remembers the HDF5 file behind an identifier that nc_open or nc_create has just returned: with
-// two files of one path open, only the order of opening tells them apart. Does nothing for other
-// formats, and nothing when memory runs out: the file is then looked for by its path.
+// two files of one path open, only the order of opening distinguishes them. Does nothing for other
+// formats, and nothing when memory runs out: the file is then found by its path.
 void noteOpenedFile(int ncid) noexcept;
 
-// Forgets what is known of the file; called when the library has closed it.
+// Discards the data about the file; called when the library has closed it.
 void forgetFile(int ncid);
 
-// Null for a file that was never noted, or that was closed without our knowledge.
+// Null for a file that was never noted, or that was closed without forgetting it.
 NotedFile* findNotedFile(int ncid);
 
 // The library's own handle of the file that ncid, of the file or one of its groups, belongs to: to
@@ -68,9 +68,9 @@ hid_t hdf5File(int ncid, const OperationEntry* entry);
 // defined but not yet written to the file.
 Hdf5Id openDataset(int ncid, int varid, int rank, const OperationEntry* entry);
 
-// The extents of a variable of that rank; none when they are unknown, as for a variable that is not
-// yet in the file. Since they only grow, extents that were found before are good enough when they
-// reach the needed ones in every dimension: they cost no look into the file.
+// The extents of a variable of that rank; none if they are unknown, as for a variable that is not
+// yet in the file. Since extents only grow, earlier ones are reused, without access to the file, if
+// they reach the needed ones in every dimension.
 WrittenExtents writtenExtents(int ncid, int varid, const WrittenExtents& needed,
                               const OperationEntry* entry);
 

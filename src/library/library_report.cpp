@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the library that is in use can do.
+// The features of the library in use.
 #include "session_report.h"
 
 #include <netcdf.h>

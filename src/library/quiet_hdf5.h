@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// HDF5 prints what fails unless it is asked not to.
+// Suppresses HDF5's error output.
 #pragma once
 
 #include <hdf5.h>
 
 namespace Ovard::gridio {
 
-// For a scope, since the setting is the whole process's.
+// Limited to a scope, since the setting applies to the whole process.
 class QuietHdf5 {
 public:
     QuietHdf5()

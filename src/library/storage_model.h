@@ -18,10 +18,10 @@ inline int storageModel(int ncid)
 // Some faults of the library affect only HDF5 files (guards/).
 inline bool isStoredInHdf5(int ncid) { return storageModel(ncid) == NC_FORMATX_NC_HDF5; }
 
-// Whether nc_create with this mode makes a netCDF-4 file, the default format considered.
+// Whether nc_create with this mode creates a netCDF-4 file, taking the default format into account.
 bool createsNetcdf4(int mode);
 
-// The identifier of the file that a group belongs to; a file's own stays as it is. The lower half
+// The identifier of the file that a group belongs to; that of a file is unchanged. The lower half
 // of an identifier is the number of the group.
 inline int fileIdOf(int ncid) { return static_cast<int>(static_cast<unsigned>(ncid) & ~0xFFFFU); }
 

@@ -38,7 +38,7 @@ std::optional<int> parentOf(int group, const OperationEntry* entry)
     return parent;
 }
 
-// Calls visit with the group and those around it, from the inside, until it returns true.
+// Calls visit with the group and its parents, from the inside outwards, until it returns true.
 template <class Visit> bool climb(int group, const OperationEntry* entry, Visit&& visit)
 {
     for (std::optional<int> place = group; place; place = parentOf(*place, entry)) {

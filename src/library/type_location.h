@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where in a netCDF-4 file a type is defined.
+// The group of a netCDF-4 file in which a type is defined.
 #pragma once
 
 #include "library/hdf5_file.h"
@@ -10,11 +10,11 @@
 
 namespace Ovard::gridio {
 
-// The group that a user-defined type is defined in: ncid, one of the groups around it, or any other
+// The group in which a user-defined type is defined: ncid, one of its parents, or any other group
 // of the file. None if there is no such type.
 std::optional<int> groupOfType(int ncid, nc_type xtype, const OperationEntry* entry);
 
-// Whether a group is the other one or lies around it.
+// Whether a group is the other one or one of its parents.
 bool isAround(int group, int other, const OperationEntry* entry);
 
 // The type as HDF5 stores it; none while it is defined but not yet written to the file, and in

@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""An independent model of what each operation asks of its arguments, and the cases that follow from it.
+"""An independent model of each operation's rules for its arguments, and the cases that follow from it.
 
-Prints one case a line (--tables: writes tables of them into files), fields separated by tabs: the operation, its arguments as tokens, "=>", the outcome expected:
+Prints one case a line (--tables: writes tables of them into files), fields separated by tabs: the operation ("any." before one
+on values of any type), its arguments as tokens, "=>", the outcome expected:
   success            the call returns
   passes             the arguments are read; the library may accept or refuse (libraryFailure naming the operation)
   memory             as passes, or the host's out-of-memory error
@@ -19,6 +20,7 @@ import urllib.parse
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "docs"))
 import operation_entries  # noqa: E402
 
+import any_rules  # noqa: E402
 from argument_values import INTEGER_RANGES, Value, every_value, row, scalar, text
 
 SHAPE = (3, 2)
@@ -38,10 +40,12 @@ def raises(name, *arguments):
     raise Raised(" ".join(["raises", name, *(urllib.parse.quote(str(a), safe="", encoding="latin-1") for a in arguments)]))
 
 
-# --- Readers: each returns what the library is handed, or raises ------------------------------------------------------
+# --- Readers: each returns the value passed to the library, or raises
+# ------------------------------------------------------
 
 BOUNDS = {  # at or below the first, for double and single values, and at or above the last, a floating value fails
     "int32": (-2147483649.0, -2147483648.0, 2147483648.0),
+    "uint32": (-1.0, -1.0, 4294967296.0),
     "uint64": (-1.0, -1.0, 18446744073709551616.0),
     "int64": (-9223372036854775808.0, -9223372036854775808.0, 9223372036854775808.0),
 }
@@ -233,6 +237,13 @@ def constant(read, values):
         raises("unrecognizedCharParameter", name)
 
 
+def passes():
+    raise Raised("passes")
+
+
+ANY = any_rules.Rules(raises, convert, passes)
+
+
 def deflate_level(read, values):
     if read[3]:
         read[4] = number("deflate level")(values[4])
@@ -255,6 +266,9 @@ READERS = {
     "int": number, "size": size, "text": word, "flag": flag, "mode": lambda name: mode,
     "row": number_row, "index": lambda name: index(name, "uint64"), "stride": lambda name: index(name, "int64"),
     "rawsingle": lambda name: raw_single, "fillvalue": lambda name: anything, "data": lambda name: anything,
+    "type": lambda name: ANY.type(number(name)), "single": ANY.single, "word": ANY.word, "numbers": ANY.numbers,
+    "unsigned": lambda name: number(name, "uint32"), "int64": lambda name: number(name, "int64"),
+    "values": lambda name: anything,
 }
 
 
@@ -321,6 +335,8 @@ def check_of(name):
 
 def valid_value(entry, position):
     argument = entry.arguments[position]
+    if entry.function == operation_entries.ANY:
+        return valid_value_of_any(entry, position)
     form, suffix = typed(entry.name) or ("", None)
     if argument.kind == "data":
         return data_of(suffix, {"putAtt": 3 if suffix == "Text" else 2, "putVar": 6, "putVar1": 1}.get(form, 2))
@@ -334,16 +350,28 @@ def valid_value(entry, position):
     return own.get(position) or VALID.get(argument.error_name) or VALID_OF_KIND[argument.kind]
 
 
+def valid_value_of_any(entry, position):
+    argument = entry.arguments[position]
+    own = any_rules.VALID_IN.get(entry.name, {})
+    shared = VALID if argument.kind != "type" else {}
+    kinds = {**VALID_OF_KIND, **any_rules.VALID_OF_KIND}
+    return (own.get(position) or any_rules.VALID.get(argument.error_name) or shared.get(argument.error_name)
+            or kinds[argument.kind])
+
+
 def operations():
     """{name: ([(reader, valid value), ...], check)} in the order of the manual."""
     result = {}
-    for entry in operation_entries.read_entries():
+    for entry in operation_entries.read_all_entries():
         arguments = []
         for position, argument in enumerate(entry.arguments):
             is_later = (entry.name, position) in READ_LATER
             reader = anything if is_later else READERS[argument.kind](argument.error_name)
             arguments.append((reader, valid_value(entry, position)))
-        result[entry.name] = (arguments, check_of(entry.name))
+        if entry.function == operation_entries.ANY:
+            result[f"any.{entry.name}"] = (arguments, ANY.checks().get(entry.name, no_check))
+        else:
+            result[entry.name] = (arguments, check_of(entry.name))
     return result
 
 
@@ -408,6 +436,11 @@ def every_case():
     arguments, check = all_operations["defVarFill"]
     char_variable = [*arguments[:1], (number("VARID"), double(1)), *arguments[2:3], (anything, text("x"))]
     yield from cases_of("defVarFill", char_variable, check, every)
+    # An attribute takes other values with each kind of type.
+    arguments, check = all_operations["any.putAtt"]
+    for name, value in any_rules.TYPED_ATTRIBUTES.items():
+        of_type = [*arguments[:3], (arguments[3][0], text(name)), (anything, value)]
+        yield from cases_of("any.putAtt", of_type, check, every)
 
 
 def write_tables():

@@ -32,7 +32,7 @@ class Value:
         filled = self.count > 64
         self.elements = list(elements) * self.count if filled else list(elements)
         self.host_class = "double" if written_class in DOUBLE_FORMS else written_class
-        if written_class in ("struct", "function", "object"):
+        if written_class in ("struct", "function", "object", "pair"):
             self.host_class = "other"
         self.size = ELEMENT_SIZES[self.host_class]
         shown = ["*" + self.show(self.elements[0])] if filled else [self.show(x) for x in self.elements]

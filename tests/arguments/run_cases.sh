@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: BSD-3-Clause
-# Hands the model's cases to a driver, in a scratch folder, on its standard input or as tables:
+# Passes the model's cases to a driver, in a scratch folder, on its standard input or as tables:
 # run_cases.sh [--tables] PYTHON DRIVER [ARGS...]
 set -u
 tables=

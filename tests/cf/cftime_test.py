@@ -18,11 +18,11 @@ CONVERT_TIMES = sys.argv.pop(1)
 CALENDARS = ("standard", "proleptic_gregorian", "julian", "noleap", "all_leap", "360_day")
 MICROSECONDS = {"microseconds": 1, "milliseconds": 1000, "seconds": 10**6, "minutes": 60 * 10**6, "hours": 3600 * 10**6,
                 "days": 86400 * 10**6}
-# In forms that both sides read alike.
+# In forms that both sides read identically.
 REFERENCES = ("2000-01-01", "1900-1-1 00:00:0.0", "1970-01-01T00:00:00Z", "1-1-1 00:00:00", "1850-07-15 12:30:15.25",
               "1990-10-30 06:00:00 +01:00", "0000-01-01", "-4712-1-1 12:00", "1582-10-15 00:00", "12000-02-28 23:59:59")
 DATES = 10_000
-LARGEST_YEAR = 240_000  # cftime takes no number of microseconds beyond 64 bits, and the references differ
+LARGEST_YEAR = 240_000  # cftime accepts no number of microseconds beyond 64 bits, and the references differ
 
 
 def answers(lines):
@@ -100,7 +100,7 @@ class Calendars(unittest.TestCase):
         return differing
 
     def explain_difference(self, value, unit, origin, date, fields, what):
-        """cftime is a microsecond off where the product exceeds 64 bits, and moves what is next to a whole second."""
+        """cftime is a microsecond off where the product exceeds 64 bits, and rounds times next to a whole second."""
         microsecond = datetime.timedelta(microseconds=1)
         ours = cftime.datetime(*map(int, fields[:7]), calendar=date.calendar, has_year_zero=True)
         gone = (ours - origin) // microsecond

@@ -4,7 +4,7 @@
 //     value|CALENDAR|UNITS|VALUE     year month day hour minute second microsecond value datenum
 //     date|CALENDAR|DATE             the day of the year, for a date that exists
 //     datenum|CALENDAR|UNITS|DATENUM the value
-// What is refused is answered with "refused" and the reason.
+// Refused input is answered with "refused" and the reason.
 #include "cf/time_text.h"
 #include "cf/time_values.h"
 

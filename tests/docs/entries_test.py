@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The entries of the operations' manual against the sources that they describe."""
+"""Compares the entries of the operations' manual with the sources that they describe."""
 import os
 import pathlib
 import re

@@ -1,5 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% help_entries.m NAMES: what gridio_help prints for each name in the file NAMES, with what it returns checked against it.
+% help_entries.m NAMES: prints gridio_help's output for each name in the file NAMES, and compares
+% its return value with it.
 for name = strsplit (strtrim (fileread (argv (){1})), "\n")
   printed = evalc ("gridio_help (name{1})");
   assert (printed, gridio_help (name{1}));

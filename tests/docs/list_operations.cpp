@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Prints the operation tables, one row a line: the function that calls it, name, number of arguments,
-// and the name of the first row with the same handler.
+// Prints the operation tables, one row a line: the function that calls it, name, number of
+// arguments, and the name of the first row with the same handler.
 #include "gateway/any_operation_table.h"
 #include "gateway/operation_table.h"
 

@@ -17,7 +17,7 @@ gridio ("endDef", data);
 gridio ("putVarDouble", data, 0, [1 1e6 1]);
 nc4 = made ("nc4.nc", "nc_netcdf4");
 group = gridio ("defGrp", nc4, "group");
-% Types: the enumeration sky has the member clear, the compound type pair has room for a second int behind the field a.
+% Types: the enumeration sky has the member clear, the compound type pair has space for a second int after the field a.
 gridio_any ("defEnum", nc4, "byte", "sky");
 gridio_any ("insertEnum", nc4, "sky", "clear", 0);
 gridio_any ("defCompound", nc4, 8, "pair");

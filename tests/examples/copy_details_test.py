@@ -20,7 +20,7 @@ MIB = 2 ** 20
 
 
 def classic_file(path, lengths, content):
-    """A classic file of one byte variable: the header from ncgen, the values written behind it."""
+    """A classic file of one byte variable: the header from ncgen, the values written after it."""
     names = [f"d{i}" for i in range(len(lengths))]
     dimensions = " ".join(f"{n} = {l} ;" for n, l in zip(names, lengths))
     cdl = path + ".cdl"
@@ -136,7 +136,7 @@ def check_nothing_is_lost(folder):
 
 
 def check_full_disk(folder, kind):
-    """A limit on the size of files stands for the full disk."""
+    """A limit on the size of files simulates a full disk."""
     original, old = os.path.join(folder, "original.nc"), os.path.join(folder, "old.nc")
     classic_file(os.path.join(folder, "classic.nc"), (40, MIB), content=True)
     subprocess.run([os.environ["NCCOPY"], "-k", kind, os.path.join(folder, "classic.nc"), original],

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""examples/describe.m: what ncdump gets wrong, what ncgen cannot make, names of files, control
+"""examples/describe.m: cases where ncdump is wrong or ncgen cannot make the file, names of files, control
 characters, failures."""
 import ctypes
 import ctypes.util
@@ -75,7 +75,7 @@ def check_texts_with_control_characters(folder):
     described = output_of(DESCRIBE, made.decode(), cwd="/")
     assert described[3:-1] == [f'\t\t:a{i} = "{in_cdl(text)}" ;' for i, text in enumerate(texts)]
     assert_harmless(described)
-    # What is escaped is still the same text.
+    # The escaped text is still the same.
     cdl = os.path.join(folder, "texts.cdl")
     with open(cdl, "w", encoding="latin-1") as file:
         file.write("\n".join(described))
@@ -84,7 +84,7 @@ def check_texts_with_control_characters(folder):
 
 
 def check_names_with_control_characters(folder):
-    """The library takes no ASCII control characters for names, but reads them."""
+    """The library refuses names with ASCII control characters, but reads them."""
     made = os.path.join(folder, "names.nc")
     ncid, ids = ctypes.c_int(), [ctypes.c_int() for _ in range(3)]
     assert netcdf.nc_create(made.encode(), 0, ctypes.byref(ncid)) == 0
@@ -108,7 +108,7 @@ def check_names_with_control_characters(folder):
         "\tint \xc3\xa9\\%c2\\%85(c1\\%c2\\%9b31m) ;", "", "// global attributes:",
         '\t\t:del\\%7f = "t" ;', "}"], described
     assert_harmless(described)
-    # As ncdump, but for C1, which it prints as it is.
+    # As ncdump, except for C1, which it prints unescaped.
     dumped = "\n".join(ncdump("-h", made)[:-1])
     dumped = re.sub("(\xc2)?[\x80-\x9f]", lambda c: "".join(f"\\%{ord(b):02x}" for b in c[0]), dumped)
     assert dumped == "\n".join(described), dumped

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """examples/describe.m against ncdump -h and ncdump -hs, line by line.
 
-Of what ncdump prints, what no operation tells is taken out first, and nothing else:
+Parts of ncdump's output that no operation can read are removed first, and nothing else:
 declarations of user-defined types, values of string and user-defined attributes, text behind a
 NUL, the byte order (_Endianness), and the name of storage that is neither chunked nor contiguous.
 Control characters beyond ASCII, which ncdump prints as they are, are escaped.
@@ -20,7 +20,7 @@ LEGEND = "// Not known: byte order, and filters other than deflate, shuffle and 
 
 
 def tellable(lines):
-    """What of ncdump's lines the operations can tell, the rest in comments."""
+    """The part of ncdump's lines that the operations can read, with the rest in comments."""
     lines, types = without_types(lines)
     result, of_user_type = [], None
     for line in lines:
@@ -88,7 +88,7 @@ def check(path, folder):
             assert stored.pop() == LEGEND
         same(stored, tellable(ncdump("-hs", path))[:-1], path)
 
-    # What is printed in comments' stead must leave CDL that can be read.
+    # The comments must leave readable CDL.
     cdl = os.path.join(folder, "described.cdl")
     with open(cdl, "w", encoding="latin-1") as file:
         file.write("\n".join(described))

@@ -125,7 +125,7 @@ def check_ticks(numbers, values, what):
 
 
 def marks(picture, place, along_row):
-    """Where tick marks stand in a row or column of the picture outside the frame."""
+    """The positions of tick marks in a row or column of the picture outside the frame."""
     line = picture[place] if along_row else [row[place] for row in picture]
     return [i for i, pixel in enumerate(line) if pixel == BLACK]
 

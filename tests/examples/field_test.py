@@ -22,7 +22,7 @@ FORMATS = {"classic": "classic", "64-bit offset": "64-bit offset", "netCDF-4": "
 
 
 def table(lines, heading):
-    """The rows below the line that begins with this heading, split where two blanks stand."""
+    """The rows below the line that begins with this heading, split at two blanks."""
     start = next((i for i, line in enumerate(lines) if re.split(" {2,}", line)[:2] == heading), None)
     if start is None:
         return []

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Reads the root group of a netCDF file from what ncdump prints, to full precision."""
+"""Reads the root group of a netCDF file from ncdump's output, to full precision."""
 import os
 import re
 import struct

@@ -63,7 +63,7 @@ SHAPES = glyphs()
 
 
 def read_text(rows, column, middle, scale=2):
-    """The text that begins at a column, up to two blanks or the first shape that is no character."""
+    """The text that begins at a column, up to two blanks or the first shape that is not a character."""
     text = ""
     while column + 5 * scale <= len(rows[0]):
         shape = tuple("".join("#" if rows[middle - 4 * scale + y * scale][column + x * scale] == BLACK
@@ -76,7 +76,7 @@ def read_text(rows, column, middle, scale=2):
 
 
 def read_number(rows, column, middle):
-    """A number and its text, in large letters or, where these had no room, in small ones."""
+    """A number and its text, in large letters or, if these did not fit, in small ones."""
     for scale in (2, 1):
         text = read_text(rows, column, middle, scale)
         try:

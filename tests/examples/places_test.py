@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""examples/map.m, series.m and section.m: their pictures, pixel by pixel, against what ncdump prints.
+"""examples/map.m, series.m and section.m: compares their pictures, pixel by pixel, with ncdump's output.
 
 places_test.py          on a small made file
 places_test.py --real   on the real files
@@ -102,7 +102,7 @@ def check_curved_map(folder, path, file, name, lon_name, lat_name, record=0):
 
 
 def check_dates(picture, left, width, bottom, place):
-    """The dates under the frame stand where place(date), a fraction of the width, says."""
+    """The dates under the frame are at place(date), a fraction of the width."""
     found = 0
     for column in marks(picture, bottom + 4, along_row=True):
         if left - 1 < column <= left + width:
@@ -129,7 +129,7 @@ def numbers_beside(picture, left, top, bottom):
 
 
 def check_series(folder, path, file, name, values, hours, since, *arguments):
-    """values and hours: those expected, None where there is none."""
+    """values and hours: those expected, None if there is no value."""
     picture, line, numbers = draw(folder, "series.m", path, name, *arguments)
     width, height, left, top = map(int, numbers[:4])
     x0, x1, y0, y1 = numbers[4:]

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Runs the README: its script as printed, then each `$ ./gridio run` in a console block that shows
-output, in order and in one folder. What is printed there must be what comes out."""
+output, in order and in one folder. The output must be as printed there."""
 import os
 import re
 import shlex

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The files that the tests of describe.m and copy.m go through, and what ncdump prints of them."""
+"""The files for the tests of describe.m and copy.m, and ncdump's output for them."""
 import glob
 import os
 import pathlib

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""examples/subset.m: its pictures, read pixel by pixel, against the values that ncdump prints.
+"""examples/subset.m: compares its pictures, pixel by pixel, with the values that ncdump prints.
 
 subset_test.py          on a small made file
 subset_test.py --real   on fields of the real files

@@ -50,7 +50,7 @@ protected:
         return succeeded;
     }
 
-    // Has the module and the host make what they make only once.
+    // Makes the module and the host do their one-time allocations.
     void warmUp()
     {
         attemptOnce([this](const auto& arguments) { return call(arguments); });
@@ -76,7 +76,7 @@ private:
     bool isWarm_ = false;
 };
 
-TEST_P(EveryAllocation, OfTheHostFailsAsItsErrorAndLeavesNothing)
+TEST_P(EveryAllocation, FailsInTheHostAsItsErrorAndLeaksNothing)
 {
     warmUp();
     for (std::size_t n = 1; n < mostAllocations; ++n) {
@@ -91,9 +91,9 @@ TEST_P(EveryAllocation, OfTheHostFailsAsItsErrorAndLeavesNothing)
     FAIL() << "there was no end of allocations";
 }
 
-TEST_P(EveryAllocation, OfItsOwnFailsOnceAndLeavesNothing) { failEachNew(Failing::once); }
+TEST_P(EveryAllocation, FailsInTheModuleOnceAndLeaksNothing) { failEachNew(Failing::once); }
 
-TEST_P(EveryAllocation, OfItsOwnFailsFromThenOnAndLeavesNothing)
+TEST_P(EveryAllocation, FailsInTheModuleFromThenOnAndLeaksNothing)
 {
     failEachNew(Failing::fromThenOn);
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "tests/faults/any_operation_calls.h"
 
+#include "fuzz/nested_type.h"
+
 #include <netcdf.h>
 
-#include <cstddef>
 #include <map>
 #include <stdexcept>
 
@@ -16,33 +17,6 @@ namespace {
 
 constexpr int numericVariable = 0;
 constexpr int nestedVariable = 2;
-
-struct Nested {
-    char* name;
-    nc_vlen_t words;
-    signed char sky;
-    unsigned char blob[3];
-    short counts[2];
-};
-
-void require(int status)
-{
-    if (status != NC_NOERR)
-        throw std::runtime_error(std::string("preparing types: ") + nc_strerror(status));
-}
-
-// As many values of the type "nested" as a script writes them.
-Value nestedValues(std::size_t count)
-{
-    const std::vector<Value> words(count, Value::cell({2, 1}, {"one", ""}));
-    return Value::structure(
-        {{"name", Value::cell({count, 1}, std::vector<Value>(count, "Oslo"))},
-         {"words", Value::cell({count, 1}, words)},
-         {"sky", Value::cell({count, 1}, std::vector<Value>(count, "clear"))},
-         {"blob",
-          Value::numeric<std::uint8_t>({3, count}, std::vector<std::uint8_t>(3 * count, 7))},
-         {"counts", Value::numeric<double>({2, count}, std::vector<double>(2 * count, 8))}});
-}
 
 // A word or a number by the operation's name; otherwise the usual one.
 template <class T>
@@ -68,7 +42,7 @@ Value type(const std::string& operation, std::size_t typesBefore)
 Value name(const std::string& operation)
 {
     static const std::map<std::string, const char*> existing = {
-        {"getAtt", "typed"}, {"inqTypeID", "nested"}, {"inqGrpFullNcid", "/g"}};
+        {"getAtt", "range"}, {"inqTypeID", "nested"}, {"inqGrpFullNcid", "/g"}};
     return chosen(existing, operation, "new");
 }
 
@@ -90,45 +64,11 @@ Value values(const std::string& operation)
 {
     if (operation == "insertEnum")
         return 5;
-    return nestedValues(
+    return fuzz::nestedValues(
         operation == "putVar1" || operation == "putVars" || operation == "defVarFill" ? 1 : 2);
 }
 
 } // namespace
-
-void addTypes(int ncid)
-{
-    static const signed char members[] = {0, 1};
-    static const int two = 2;
-    static const int x = 0;
-    nc_type sky = 0;
-    nc_type words = 0;
-    nc_type blob = 0;
-    nc_type pair = 0;
-    nc_type nested = 0;
-    require(nc_def_enum(ncid, NC_BYTE, "sky", &sky));
-    require(nc_insert_enum(ncid, sky, "clear", &members[0]));
-    require(nc_insert_enum(ncid, sky, "cloudy", &members[1]));
-    require(nc_def_vlen(ncid, "words", NC_STRING, &words));
-    require(nc_def_opaque(ncid, 3, "blob", &blob));
-    require(nc_def_compound(ncid, 8, "pair", &pair));
-    require(nc_insert_compound(ncid, pair, "a", 0, NC_INT));
-    require(nc_def_compound(ncid, sizeof(Nested), "nested", &nested));
-    require(nc_insert_compound(ncid, nested, "name", offsetof(Nested, name), NC_STRING));
-    require(nc_insert_compound(ncid, nested, "words", offsetof(Nested, words), words));
-    require(nc_insert_compound(ncid, nested, "sky", offsetof(Nested, sky), sky));
-    require(nc_insert_compound(ncid, nested, "blob", offsetof(Nested, blob), blob));
-    require(nc_insert_array_compound(ncid, nested, "counts", offsetof(Nested, counts), NC_SHORT, 1,
-                                     &two));
-    int variable = 0;
-    require(nc_def_var(ncid, "u", nested, 1, &x, &variable));
-
-    char one[] = "one";
-    char* list[] = {one, one};
-    const Nested value = {one, {2, list}, 1, {1, 2, 3}, {4, 5}};
-    const Nested both[] = {value, value};
-    require(nc_put_att(ncid, variable, "typed", nested, 2, both));
-}
 
 std::vector<Value> anyArgumentsThatSucceed(const fuzz::Operation& operation,
                                            const PreparedFile& file)
@@ -197,9 +137,9 @@ void completeNewType(const fuzz::Operation& operation, const PreparedFile& file)
         nc_inq_typeid(file.ncid(), "new", &xtype) != NC_NOERR)
         return;
     if (operation.name == "defEnum")
-        require(nc_insert_enum(file.ncid(), xtype, "a", &zero));
+        static_cast<void>(nc_insert_enum(file.ncid(), xtype, "a", &zero)); // else closing fails
     else if (operation.name == "defCompound")
-        require(nc_insert_compound(file.ncid(), xtype, "a", 0, NC_INT));
+        static_cast<void>(nc_insert_compound(file.ncid(), xtype, "a", 0, NC_INT));
 }
 
 } // namespace faults

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A file is written before it is closed: what becomes of it when one of the two fails.
+// Closing flushes a file first: its state when one of the two steps fails.
 #include "tests/faults/fault_test.h"
 
 #include <netcdf.h>
@@ -19,7 +19,7 @@ protected:
         return ncid;
     }
 
-    // Closes, while the call of that function gives the status.
+    // Closes the file while the call of that function returns the status.
     Outcome closeWith(int ncid, const std::string& function, int status, const Value& mode)
     {
         std::vector<std::string> calls;

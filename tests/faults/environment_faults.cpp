@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the machine can do to a file: no room, no permission, no descriptors, and a file that goes
-// away or shrinks while it is open. In every format.
+// Faults of the environment, in every format: a full disk, missing permissions, no descriptors, and
+// a file that is removed or truncated while it is open.
 #include "tests/faults/fault_test.h"
 #include "tests/support/file_formats.h"
 
@@ -24,7 +24,7 @@ void PrintTo(const FileFormat& format, std::ostream* out) { *out << format.name;
 namespace faults {
 namespace {
 
-// A soft limit of the process, while it lives.
+// Sets a soft limit of the process for its lifetime.
 class Limit {
 public:
     Limit(decltype(RLIMIT_NOFILE) resource, rlim_t limit) : resource_(resource)
@@ -85,7 +85,7 @@ protected:
 
 MATCHER(failsInTheLibrary, "") { return arg.raised && arg.raised->name() == "libraryFailure"; }
 
-TEST_P(Environment, AFullDiskIsToldAndSurvived)
+TEST_P(Environment, ReportsAFullDiskAndContinues)
 {
     const int ncid = create();
     {
@@ -108,8 +108,8 @@ TEST_P(Environment, AFullDiskIsToldAndSurvived)
     expectHealth();
 }
 
-// Once there is room again a netCDF-4 file takes what it could not hold before.
-TEST_P(Environment, ANetcdf4FileOutlivesAFullDisk)
+// Once there is space again, the writes to a netCDF-4 file that failed before succeed.
+TEST_P(Environment, KeepsANetcdf4FileUsableAfterAFullDisk)
 {
     if (!GetParam().isNetcdf4)
         return;
@@ -126,7 +126,7 @@ TEST_P(Environment, ANetcdf4FileOutlivesAFullDisk)
     expectHealth();
 }
 
-TEST_P(Environment, AReadOnlyFileRefusesChangesAndKeepsItsValues)
+TEST_P(Environment, KeepsAReadOnlyFileUnchanged)
 {
     makeFile();
     const int ncid = id("open", {path(), "nowrite"});
@@ -148,7 +148,7 @@ TEST_P(Environment, AReadOnlyFileRefusesChangesAndKeepsItsValues)
     expectHealth();
 }
 
-TEST_P(Environment, AFileOfSomebodyElseIsNotOpenedForWriting)
+TEST_P(Environment, RefusesToOpenAnotherUsersFileForWriting)
 {
     makeFile();
     std::filesystem::permissions(folder.path(), std::filesystem::perms{0755});
@@ -166,7 +166,7 @@ TEST_P(Environment, AFileOfSomebodyElseIsNotOpenedForWriting)
     expectHealth();
 }
 
-TEST_P(Environment, AFileThatIsRemovedWhileOpenIsReadAndClosed)
+TEST_P(Environment, KeepsARemovedFileReadable)
 {
     makeFile();
     const int ncid = id("open", {path(), "write"});
@@ -179,7 +179,7 @@ TEST_P(Environment, AFileThatIsRemovedWhileOpenIsReadAndClosed)
     expectHealth();
 }
 
-TEST_P(Environment, AFileThatIsTruncatedWhileOpenHarmsNobody)
+TEST_P(Environment, SurvivesAFileTruncatedWhileOpen)
 {
     for (const char* mode : {"nowrite", "write"}) {
         for (const std::uintmax_t size :
@@ -202,7 +202,7 @@ TEST_P(Environment, AFileThatIsTruncatedWhileOpenHarmsNobody)
     EXPECT_THAT(host.attempt("inqLibVers"), testsupport::succeeds());
 }
 
-TEST_P(Environment, WithoutDescriptorsNothingIsOpenedAndNothingIsLost)
+TEST_P(Environment, OpensAndLosesNothingWithoutDescriptors)
 {
     makeFile();
     {

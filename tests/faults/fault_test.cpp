@@ -12,7 +12,7 @@
 namespace faults {
 namespace {
 
-// More than a test ever has open.
+// More than any test has open.
 constexpr int fileCount = 512;
 
 std::vector<int> without(std::vector<int> files, const std::vector<int>& others)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The fixture of every test of a fault: what must hold after each.
+// The fixture of every fault test, with the checks that must hold after each.
 #pragma once
 
 #include "hosts/standalone/host.h"
@@ -31,12 +31,12 @@ protected:
     standalone::Host host;
     testsupport::ScratchFolder folder;
 
-    // Holds the module to what must be true after any fault, then closes every file: no block and
-    // no array left, the host's contract kept, each open file held by the registry and nothing
-    // else, the next call good. Values of the test must be gone by then.
+    // Checks what must hold after any fault, then closes every file: no block and no array is left,
+    // the host's contract was kept, the registry has exactly the open files, the next call works.
+    // The test's Values must be destroyed by then.
     void expectHealth();
 
-    // A file that is rightly open without being held.
+    // A file that is rightly open without being registered.
     void expectUnheld(int ncid) { unheld_ = ncid; }
 
 private:
@@ -45,10 +45,10 @@ private:
     int unheld_ = 0;
 };
 
-// What an outcome must be when a call of the library gave that status.
+// The expected outcome when a library call returned that status.
 testing::Matcher<const Outcome&> failsWithStatus(const std::string& operation, int status);
 
-// Whether it is the host's error of exhausted memory.
+// Whether it is the host's out-of-memory error.
 bool ranOutOfMemory(const Outcome& outcome);
 
 // The files that the library has open.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the netCDF library does by itself, with nothing of this project between: the faults of
-// docs/limits.md, each in a process of its own. Tells which of them show; fails when one does not
-// that release 4.9.0 has, since a guard or a warning may then be dropped.
+// Reproduces the library bugs of docs/limits.md without this project's code, each in its own
+// process. Reports which of them occur; fails if one of release 4.9.0 does not, since its guard or
+// warning may then be removed.
 #include <fcntl.h>
 #include <netcdf.h>
 #include <sys/file.h>
@@ -51,7 +51,7 @@ void openAndClose()
         nc_close(ncid);
 }
 
-// A fault shows when its function does not return, or returns true.
+// A bug occurs if its function does not return, or returns true.
 struct Fault {
     const char* name;
     bool (*shows)();
@@ -91,7 +91,7 @@ const Fault faults[] = {
          nc_close(ncid);
          return false;
      }},
-    {"nc_get_att of an attribute that the library makes up writes more than it announces",
+    {"nc_get_att of an attribute that the library generates writes more than it reports",
      [] {
          const int ncid = createNetcdf4();
          std::size_t length = 0;
@@ -223,7 +223,7 @@ const Fault faults[] = {
          std::filesystem::remove(folder / "a\\b.nc");
          return isOther;
      }},
-    {"nc_open of a pipe that nobody writes to",
+    {"nc_open of a pipe without a writer",
      [] {
          mkfifo(file.c_str(), 0600);
          alarm(2);
@@ -268,13 +268,13 @@ const Fault faults[] = {
          nc_def_var(ncid, "v", NC_INT, 1, &id, &id);
          nc_close(ncid);
          std::fstream made(file, std::ios::in | std::ios::out | std::ios::binary);
-         made.seekp(68); // type of v: its name, rank, dimension and no attributes stand before it
+         made.seekp(68); // type of v: its name, rank, dimension and no attributes come before it
          made.write("\0\0\0\x0c", 4);
          made.close();
          openAndClose();
          return false;
      }},
-    {"the end of a process that holds a netCDF-4 file which the disk has no room for",
+    {"the end of a process with a netCDF-4 file open that does not fit on the disk",
      [] {
          const int ncid = createNetcdf4();
          int id = 0;
@@ -290,7 +290,7 @@ const Fault faults[] = {
      }},
 };
 
-// In a child; what the library prints on its way is not of interest.
+// In a child process; the library's own output is dropped.
 bool shows(const Fault& fault)
 {
     const pid_t child = fork();

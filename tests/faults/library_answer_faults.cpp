@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Answers that no file brings the library to give: unknown codes, and sizes beyond all reason.
+// Results that no file makes the library return: unknown codes, and absurd sizes.
 #include "tests/faults/fault_test.h"
 
 #include <functional>
@@ -12,7 +12,7 @@ constexpr std::size_t mostBytes = std::numeric_limits<std::size_t>::max();
 
 struct Answer {
     const char* operation;
-    std::function<void(LibraryStandIn&)> tell;
+    std::function<void(LibraryStandIn&)> inject;
     testing::Matcher<const Outcome&> expected;
 };
 
@@ -26,7 +26,7 @@ protected:
             const fuzz::Operation& operation = find(answer.operation);
             const std::vector<Value> arguments = argumentsThatSucceed(operation, file);
             LibraryStandIn library;
-            answer.tell(library);
+            answer.inject(library);
             EXPECT_THAT(host.attempt(operation.name, arguments), answer.expected);
         }
         expectHealth();
@@ -46,7 +46,7 @@ MATCHER(fails, "") { return !arg.succeeded(); }
 
 using testsupport::raises;
 
-TEST_F(LibraryAnswers, UnknownCodesAreRaisedAsTheyAre)
+TEST_F(LibraryAnswers, AreRaisedWithTheirNumberForUnknownCodes)
 {
     const auto format = [](int code) { return [=](LibraryStandIn& l) { l.format = code; }; };
     const auto storage = [](int code) { return [=](LibraryStandIn& l) { l.storage = code; }; };
@@ -73,7 +73,7 @@ TEST_F(LibraryAnswers, UnknownCodesAreRaisedAsTheyAre)
     }
 }
 
-TEST_F(LibraryAnswers, SizesBeyondMemoryAreRefusedByTheHost)
+TEST_F(LibraryAnswers, RaiseOutOfMemoryForSizesBeyondMemory)
 {
     const auto attribute = [](std::size_t length) {
         return [=](LibraryStandIn& l) { l.attributeLength = length; };
@@ -94,8 +94,8 @@ TEST_F(LibraryAnswers, SizesBeyondMemoryAreRefusedByTheHost)
     expectOutcome({"putVarDouble", dimension(std::size_t{1} << 30), raises("dataSizeMismatch")});
 }
 
-// No more is promised here than an error: such a library is out of its mind.
-TEST_F(LibraryAnswers, CountsOutOfReasonAreSurvived)
+// Only an error is promised here: such counts of the library make no sense.
+TEST_F(LibraryAnswers, MayBeCountsOutOfReason)
 {
     for (const char* operation : {"inqDimIDs", "inqUnlimDims", "inqVarIDs", "inqGrps"})
         expectOutcome({operation, [](LibraryStandIn& l) { l.idCount = -1; }, fails()});
@@ -106,7 +106,7 @@ TEST_F(LibraryAnswers, CountsOutOfReasonAreSurvived)
         expectOutcome({operation, [](LibraryStandIn& l) { l.rank = -1; }, fails()});
 }
 
-TEST_F(LibraryAnswers, MoreDimensionsThanTheLibraryAllowsAreNotAccessed)
+TEST_F(LibraryAnswers, MayBeMoreDimensionsThanTheLibraryCanAccess)
 {
     const auto ranked = [](LibraryStandIn& l) { l.rank = 1025; };
     for (const char* operation : {"getVarDouble", "putVarDouble", "getVarText"})

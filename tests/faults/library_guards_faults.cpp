@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the library itself is at fault, and the module keeps it from harm. Each test does what
-// crashes, or writes past a buffer, when the library is called alone (docs/limits.md).
+// The guards against bugs of the library. Each test makes a call that crashes, or writes past a
+// buffer, when the library is called directly (docs/limits.md).
 #include "tests/faults/fault_test.h"
 
 #include <netcdf.h>
@@ -19,8 +19,8 @@ protected:
     }
 };
 
-// Under the address sanitizer: the library writes four bytes whatever type is asked for.
-TEST_F(LibraryGuards, AttributesMadeUpByTheLibraryFitIntoElementsOfAnySize)
+// Under the address sanitizer: the library writes four bytes whatever type is requested.
+TEST_F(LibraryGuards, ReadGeneratedAttributesAsElementsOfAnySize)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -44,7 +44,7 @@ TEST_F(LibraryGuards, AttributesMadeUpByTheLibraryFitIntoElementsOfAnySize)
     expectHealth();
 }
 
-TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
+TEST_F(LibraryGuards, ReadTheProvenanceAttributeAsBytes)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -56,7 +56,7 @@ TEST_F(LibraryGuards, TheLibrarysTextAttributeFitsIntoBytes)
     expectHealth();
 }
 
-TEST_F(LibraryGuards, TheLibrarysTextAttributeIsCopiedAsTheLibraryWould)
+TEST_F(LibraryGuards, CopyTheProvenanceAttribute)
 {
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
@@ -78,8 +78,8 @@ TEST_F(LibraryGuards, TheLibrarysTextAttributeIsCopiedAsTheLibraryWould)
     expectHealth();
 }
 
-// Renaming a written variable to the name of a dimension that is not its own, or naming a dimension
-// as a variable that was written before, is what the library then trips over.
+// The library fails to close a file after a written variable was renamed to the name of a dimension
+// that is not its own, or a dimension was named as a variable written before.
 class FileThatBreaks : public LibraryGuards, public testing::WithParamInterface<bool> {
 protected:
     int make()
@@ -129,7 +129,7 @@ TEST_P(FileThatBreaks, IsClosedByTheLibraryOnceOnly)
 
 INSTANTIATE_TEST_SUITE_P(LibraryGuards, FileThatBreaks, testing::Bool());
 
-TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
+TEST_F(LibraryGuards, DoNotRenameAScalarAsADimensionOfItsNetcdf4Group)
 {
     for (const char* mode : {"netcdf4", "clobber"}) {
         const int ncid = create(mode);
@@ -143,7 +143,7 @@ TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
         EXPECT_THAT(host.attempt("renameVar", {ncid, 0, "other"}), testsupport::succeeds());
         host.call("close", {ncid});
     }
-    // The dimension of a group around it has its name elsewhere.
+    // A dimension of a parent group has its name there.
     const int ncid = create("netcdf4");
     host.call("defDim", {ncid, "x", 2});
     const int group = static_cast<int>(host.call("defGrp", {ncid, "g"}).at(0).toDouble());
@@ -152,8 +152,8 @@ TEST_F(LibraryGuards, AScalarVariableIsNotRenamedAsADimensionOfItsNetcdf4Group)
     expectHealth();
 }
 
-// A store of another kind, in a folder of its own, is renamed by other means.
-TEST_F(LibraryGuards, AScalarVariableIsRenamedAsADimensionOfItsZarrGroup)
+// A Zarr store is renamed by other code of the library.
+TEST_F(LibraryGuards, RenameAScalarAsADimensionOfItsZarrGroup)
 {
     const std::string path = "file://" + folder.file("store") + "#mode=nczarr,file";
     const int ncid = static_cast<int>(host.call("create", {path, "netcdf4"}).at(0).toDouble());
@@ -165,7 +165,7 @@ TEST_F(LibraryGuards, AScalarVariableIsRenamedAsADimensionOfItsZarrGroup)
 }
 
 // A renaming that fails leaves a second identifier of the file without one of the dimensions.
-TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
+TEST_F(LibraryGuards, RefuseAVariableWithoutItsDimension)
 {
     const int first = create("netcdf4");
     host.call("defDim", {first, "x", 2});
@@ -200,7 +200,7 @@ TEST_F(LibraryGuards, AVariableWithoutItsDimensionIsNeitherAccessedNorRenamed)
         host.attempt("close", {ncid});
 }
 
-TEST_F(LibraryGuards, AFullTableOfFilesIsNotGivenANetcdf4File)
+TEST_F(LibraryGuards, RefuseANetcdf4FileInAFullTable)
 {
     LibraryStandIn library;
     library.answers = {{"nc_inq_path", NC_NOERR}};

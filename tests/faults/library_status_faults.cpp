@@ -26,7 +26,7 @@ std::vector<int> everyStatus()
 
 class LibraryStatus : public FaultTest {};
 
-TEST_F(LibraryStatus, AllStatusesAreTried)
+TEST_F(LibraryStatus, IsTriedWithEveryNamedStatus)
 {
     const std::vector<int> all = everyStatus();
     EXPECT_EQ(
@@ -34,8 +34,8 @@ TEST_F(LibraryStatus, AllStatusesAreTried)
         73 + 16);
 }
 
-// Each status once, so that names, texts and the split between the two identifiers are all seen.
-TEST_F(LibraryStatus, EachIsRaisedByItsNameAndText)
+// Each status once, to cover names, texts and the choice between the two identifiers.
+TEST_F(LibraryStatus, IsRaisedWithItsNameAndText)
 {
     const PreparedFile file(folder.path());
     for (const int status : everyStatus()) {
@@ -47,8 +47,8 @@ TEST_F(LibraryStatus, EachIsRaisedByItsNameAndText)
     expectHealth();
 }
 
-// Calls whose failure the operation lives with: it asks them in order to choose its way, and the
-// call that follows tells what is wrong.
+// Calls whose failure the operation tolerates: it makes them to choose between alternatives, and
+// the call that follows reports the error.
 bool mayFailSilently(const std::string& operation, const std::string& call)
 {
     if (operation == "close")
@@ -67,7 +67,7 @@ const std::vector<int> causes = {NC_EHDFERR, NC_ENOMEM, NC_EDAP, NC_ENODATA, 28,
 
 class EveryLibraryCall : public FaultTest, public testing::WithParamInterface<fuzz::Operation> {
 protected:
-    // The library calls of the operation when all goes well.
+    // The library calls of the operation when it succeeds.
     std::vector<std::string> callsOf(const fuzz::Operation& operation)
     {
         std::vector<std::string> calls;
@@ -111,7 +111,7 @@ TEST_P(EveryLibraryCall, FailsAsAnErrorOfTheOperation)
                     EXPECT_THAT(outcome, failsWithStatus(operation.name, status));
                     EXPECT_THAT(outcome.results, testing::IsEmpty());
                 }
-                // Written, but not closed: the library may have taken it apart.
+                // Written, but not closed: the library may have torn it down.
                 if (calls[n - 1] == "nc_close")
                     expectUnheld(file.ncid());
                 completeNewType(operation, file);
@@ -151,7 +151,7 @@ protected:
     void closeFile(int group) { host.call("close", {group & ~0xFFFF}); }
 };
 
-TEST_F(PartlyWrittenVariable, IsReadByOneCallBesideThatForTheFillValue)
+TEST_F(PartlyWrittenVariable, IsReadByOneCallApartFromTheFillValue)
 {
     const int group = make();
     const std::vector<std::string> calls = callsOfRead(group);
@@ -159,8 +159,8 @@ TEST_F(PartlyWrittenVariable, IsReadByOneCallBesideThatForTheFillValue)
     closeFile(group);
 }
 
-// What is written is not guessed from the last value: land masks end with fill values.
-TEST_F(PartlyWrittenVariable, IsToldFromAWrittenOneThatEndsWithAFillValue)
+// The written part is not guessed from the last value: land masks end with fill values.
+TEST_F(PartlyWrittenVariable, IsDistinguishedFromAWrittenOneThatEndsWithAFillValue)
 {
     const int group = make();
     const Value count = Value::row<double>({3, 3});
@@ -175,8 +175,8 @@ TEST_F(PartlyWrittenVariable, IsToldFromAWrittenOneThatEndsWithAFillValue)
     closeFile(group);
 }
 
-// What was once seen to be written is not asked for again.
-TEST_F(PartlyWrittenVariable, IsNotLookedForInHdf5WhenItIsKnownToBeWritten)
+// Extents once seen to be written are not inquired again.
+TEST_F(PartlyWrittenVariable, IsNotInquiredFromHdf5WhenKnownToBeWritten)
 {
     const int group = make();
     callsOfRead(group);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a message looks up fails: each call of the library, each allocation. The error stays the
-// same, and nothing is left behind.
+// Failures while a message is composed: each call of the library, each allocation. The error stays
+// the same, and nothing leaks.
 #include "tests/library/failing_new.h"
 #include "tests/faults/fault_test.h"
 #include "open_file_registry.h"
@@ -22,7 +22,7 @@ Value row(std::initializer_list<double> numbers)
     return Value::row(std::vector<double>(numbers));
 }
 
-// One call for each kind of look that a message takes.
+// One call for each kind of inquiry that a message makes.
 std::vector<RefusedCall> refusedCalls()
 {
     return {
@@ -70,7 +70,7 @@ protected:
     }
 };
 
-TEST_F(MessageFaults, OfTheLibraryLeaveTheErrorAsItIs)
+TEST_F(MessageFaults, LeaveTheErrorWhenLibraryCallsFail)
 {
     std::size_t lookUps = 0;
     for (const RefusedCall& call : refusedCalls()) {
@@ -103,10 +103,10 @@ TEST_F(MessageFaults, OfTheLibraryLeaveTheErrorAsItIs)
     expectHealth();
 }
 
-TEST_F(MessageFaults, OfMemoryLeaveAnErrorAndNothingBehind)
+TEST_F(MessageFaults, LeaveTheErrorAndNoMemoryWhenAllocationsFail)
 {
     constexpr std::size_t mostAllocations = 2000;
-    host.setRaiser(standalone::Raiser::throws); // the text is then made while the module runs
+    host.setRaiser(standalone::Raiser::throws); // the text is then composed while the module runs
     for (const RefusedCall& call : refusedCalls()) {
         const PreparedFile file(folder.path());
         attempt(call, file);
@@ -131,7 +131,7 @@ TEST_F(MessageFaults, OfMemoryLeaveAnErrorAndNothingBehind)
     expectHealth();
 }
 
-TEST_F(MessageFaults, OfAnAbandonedFileAreNotSought)
+TEST_F(MessageFaults, DoNotInquireAnAbandonedFile)
 {
     const PreparedFile file(folder.path());
     {

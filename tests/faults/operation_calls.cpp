@@ -2,6 +2,7 @@
 #include "tests/faults/operation_calls.h"
 
 #include "open_file_registry.h"
+#include "fuzz/nested_type.h"
 #include "tests/faults/any_operation_calls.h"
 
 #include <netcdf.h>
@@ -113,7 +114,7 @@ PreparedFile::PreparedFile(const std::string& folder, fuzz::Function function) :
     require(nc_put_att_text(ncid_, id, "title", 2, "ab"));
     require(nc_def_grp(ncid_, "g", &group_));
     if (function == fuzz::Function::gridioAny)
-        addTypes(ncid_);
+        fuzz::addNestedType(ncid_);
 }
 
 std::vector<Value> argumentsThatSucceed(const fuzz::Operation& operation, const PreparedFile& file)

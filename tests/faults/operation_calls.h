@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// For each operation of both tables a call that succeeds, on a file made for it.
+// For each operation of both tables a call that succeeds, on a file created for it.
 #pragma once
 
 #include "fuzz/operation_signatures.h"
@@ -17,12 +17,12 @@ inline void PrintTo(const Operation& operation, std::ostream* out) { *out << ope
 
 namespace faults {
 
-// A new netCDF-4 file in define mode, held by the registry, and a classic one to be opened. Both in
+// A new netCDF-4 file in define mode, in the registry, and a classic one to be opened. Both in
 // a folder that must outlive them.
 //
 // Dimensions x (2) and y (3); variables v (y, x) of doubles, all 1, with the attribute "range", and
 // w (y, x) of text with the attribute "title"; a group g. For an operation on values of any type
-// also what addTypes adds.
+// also what fuzz::addNestedType adds.
 class PreparedFile {
 public:
     explicit PreparedFile(const std::string& folder,

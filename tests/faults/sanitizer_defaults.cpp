@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the leak sanitizer is told: the library keeps a list of each Zarr store that it has closed.
+// Suppressions of the leak sanitizer: the library keeps a list of each Zarr store that it has
+// closed.
 
 extern "C" {
 

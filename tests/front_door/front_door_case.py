@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""What the tests of ./gridio share."""
+"""The common test case of ./gridio."""
 import unittest
 
 from sandbox import Sandbox

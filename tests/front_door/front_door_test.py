@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""./gridio: what it says, what it builds, and how scripts run through it."""
+"""./gridio: its messages, its builds, and running scripts."""
 import re
 import sys
 import unittest
@@ -71,8 +71,8 @@ class Commands(FrontDoorTest):
             (self.sandbox.tree / name).parent.mkdir(exist_ok=True)
             (self.sandbox.tree / name).touch()
         self.assertEqual(self.gridio("format").returncode, 0)
-        self.assertEqual(self.sandbox.log("clang-format"),
-                         [f"clang-format -i --style=file {self.sandbox.tree}/src/a b.cpp"])
+        self.assertEqual(self.sandbox.log("clang-format-14"),
+                         [f"clang-format-14 -i --style=file {self.sandbox.tree}/src/a b.cpp"])
 
 
 class Scripts(FrontDoorTest):
@@ -153,7 +153,7 @@ class Scripts(FrontDoorTest):
             self.assertEqual((done.stdout, done.stderr), ("3\n", ""))
 
     def test_draws_plots_without_a_display(self):
-        # What Debian's packages bring beside the interpreter: a shell, gnuplot and ghostscript.
+        # Programs that Debian installs along with the interpreter: a shell, gnuplot and ghostscript.
         for tool in ("gnuplot", "gs", "uname", "rm"):
             self.sandbox.add_tool(tool)
         done = self.gridio("run", self.script("""

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# link_test.sh NINJA BUILD: links gridio.oct of this build once more, elsewhere and as on a machine without "make", which
-# the linker would use to compile several pieces at once. Nothing may be said.
+# link_test.sh NINJA BUILD: links gridio.oct of this build once more, elsewhere and as on a machine
+# without "make", which the linker would use to compile several partitions at once. There must be no
+# output.
 set -eu
 linked=$(mktemp)
 trap 'rm -f "$linked"' EXIT

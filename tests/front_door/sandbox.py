@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""A copy of ./gridio in a folder of its own, with stand-ins for everything that changes a machine.
+"""A copy of ./gridio in its own folder, with stand-ins for every program that changes a machine.
 
 The stand-ins log each call and behave as the files in the folder `machine` say. Nothing else is on
 the PATH but a few tools of the base system, and the real interpreter where a test asks for it.
@@ -19,7 +19,7 @@ NOBODY = 65534
 
 STAND_INS = {
     "id": "cat $M/uid",
-    # Whoever has a password may type it once; that takes a terminal, and rights.
+    # A user with a password may type it once, which needs a terminal and the right to use sudo.
     "sudo": """
         log sudo "$@"
         case $1 in
@@ -67,7 +67,7 @@ STAND_INS = {
     "ninja": '[ ! -e $M/built ] || echo "ninja: no work to do."',
     "ctest": 'log ctest "$@"; echo "100% tests passed of $2"; case $2 in *"$(cat $M/failing)") exit 8; esac',
     "octave-cli": 'log octave-cli "$@"',
-    "clang-format": 'log clang-format "$@"',
+    "clang-format-14": 'log clang-format-14 "$@"',
 }
 
 
@@ -148,12 +148,12 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
                                 stderr=subprocess.PIPE, text=True)
 
     def gridio_of_a_stranger(self, *args):
-        """To whom the tree does not belong; root is nobody for once."""
+        """A user who does not own the tree; root becomes an ordinary user."""
         strange = {"user": NOBODY, "group": NOBODY, "extra_groups": []} if os.getuid() == 0 else {}
         return subprocess.run(**self._call(args), capture_output=True, text=True, stdin=subprocess.DEVNULL, **strange)
 
     def on_a_terminal(self, *args):
-        """What shows on a terminal that a call has for its messages."""
+        """The output of a call whose messages go to a terminal."""
         ours, theirs = pty.openpty()
         with subprocess.Popen(**self._call(args), stdin=theirs, stdout=subprocess.DEVNULL, stderr=theirs) as process:
             os.close(theirs)

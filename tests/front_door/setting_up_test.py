@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""./gridio: what it installs, and trees that cannot be written or that another run is at work in."""
+"""./gridio: installing packages, and trees that cannot be written or that another run is using."""
 import fcntl
 import os
 import re
@@ -178,15 +178,15 @@ class Packages(FrontDoorTest):
     def test_one_clear_line_without_network(self):
         self.sandbox.remove("network")
         done = self.run_empty()
-        self.assert_last_line(done, "apt finds no way to install these packages (is the network there?)")
+        self.assert_last_line(done, "apt cannot install these packages (is the network up?)")
         self.assertIn("    Err:1 http://a.mirror Temporary failure\n", done.stderr)
         self.assertNotIn("Unable to locate", done.stderr)
         self.sandbox.write("lists")
-        self.assert_last_line(self.run_empty(), "could not be installed (is the network there?)")
+        self.assert_last_line(self.run_empty(), "could not be installed (is the network up?)")
 
 
 class Trees(FrontDoorTest):
-    """That cannot be written, or in which another run is at work."""
+    """Trees that cannot be written, or that another run is using."""
 
     COMMANDS = (["run", "script.m"], ["shell"], ["test"], ["manual"], ["package"], ["soak"], ["coverage"], ["bench"],
                 ["fuzz"], ["format"])
@@ -262,7 +262,7 @@ class Trees(FrontDoorTest):
     def assert_waits(self, lock, meanwhile):
         with self.sandbox.start("run", "script.m") as process:
             self.assertEqual(process.stderr.readline(),
-                             "gridio: waiting for another ./gridio that is at work in this tree\n")
+                             "gridio: waiting for another ./gridio that is running in this tree\n")
             meanwhile()
             lock.close()
             rest = process.communicate(timeout=60)

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Includes between folders never run upwards.
 
-The folders are floors of a house. A file may include what lies on a lower floor, and what lies in its own room; rooms of one
-floor do not see each other. Outside of the module, a host sees include/, the message catalogue and itself.
+The folders form layers. A file may include files of lower layers and of its own folder; folders of one layer must not
+include each other. Outside the module, a host may include include/, the message catalogue and itself.
 """
 import pathlib
 import re
@@ -12,34 +12,34 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 SEARCHED = ("include", "src", ".")  # where a quoted name is looked up, besides the file's own folder
 SOURCES = {".h", ".cpp", ".cc"}
 
-# From the ground up. None stands for the rooms of the operations: every other folder of src.
-FLOORS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
-          "src/datasets", "src/gateway", "hosts/messages", "hosts")
+# From the lowest layer up. None is the layer of the operations: every other folder of src.
+LAYERS = ("src/cf", "include/vx", "include", "src/library", "src/convert", "src/data/elements", "src/chunks", "src/types", None,
+          "src/datasets", "src/gateway", "hosts/memory", "hosts/messages", "hosts")
 
 
-def room(path):
-    """The innermost folder of the path that is a room."""
+def area(path):
+    """The innermost folder of the path that is an area of its own."""
     folders = [parent.as_posix() for parent in pathlib.PurePosixPath(path).parents]
     for folder in folders:
-        if folder in FLOORS and folder != "hosts":
+        if folder in LAYERS and folder != "hosts":
             return folder
-    return "/".join(path.split("/")[:2])  # of an operation room or a host
+    return "/".join(path.split("/")[:2])  # of operations or of a host
 
 
-def floor(path):
-    place = room(path)
-    if place in FLOORS:
-        return FLOORS.index(place)
-    return FLOORS.index("hosts" if place.startswith("hosts/") else None)
+def layer(path):
+    place = area(path)
+    if place in LAYERS:
+        return LAYERS.index(place)
+    return LAYERS.index("hosts" if place.startswith("hosts/") else None)
 
 
 def may_include(includer, included):
     """Whether the file includer may include the file included; both relative to the root."""
-    if room(includer) == room(included):
+    if area(includer) == area(included):
         return True
     if includer.startswith("hosts/") and included.startswith("src/"):
         return False
-    return floor(included) < floor(includer)
+    return layer(included) < layer(includer)
 
 
 def resolve(includer, name):
@@ -67,7 +67,7 @@ class IncludeEdges(unittest.TestCase):
             included = resolve(path, name)
             with self.subTest(includer=includer, include=name):
                 self.assertIsNotNone(included, "the file does not exist")
-                self.assertTrue(may_include(includer, included), f"{room(included)} is not below {room(includer)}")
+                self.assertTrue(may_include(includer, included), f"{area(included)} is not below {area(includer)}")
             seen += 1
         self.assertGreater(seen, 100)
 
@@ -75,7 +75,7 @@ class IncludeEdges(unittest.TestCase):
         for path, name in includes():
             self.assertTrue(name.endswith(".h"), f"{path} includes {name}")
 
-    def test_rooms_of_one_floor_and_floors_above_are_refused(self):
+    def test_refuses_folders_of_one_layer_and_layers_above(self):
         for includer, included in (
             ("src/cf/x.cpp", "include/vx/x.h"),
             ("include/vx/x.h", "include/x.h"),
@@ -97,7 +97,7 @@ class IncludeEdges(unittest.TestCase):
         ):
             self.assertFalse(may_include(includer, included), f"{includer} -> {included}")
 
-    def test_lower_floors_and_the_own_room_are_allowed(self):
+    def test_allows_lower_layers_and_the_own_folder(self):
         for includer, included in (
             ("src/library/guards/x.cpp", "src/library/x.h"),
             ("src/library/x.cpp", "src/library/guards/x.h"),

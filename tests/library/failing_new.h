@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// operator new that fails when a test wants it to, in the module and in what it calls, except in
-// the C libraries.
+// operator new that fails at the request of a test, in the module and in code that it calls, except
+// in the C libraries.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +12,8 @@ enum class Failing { once, fromThenOn };
 // Which calls count: those while plugFunction is running, or all of the process.
 enum class Where { inModule, everywhere };
 
-// Until its end, the n-th call of operator new (1: the next) throws std::bad_alloc, and all that
-// follow too if asked for.
+// During its lifetime the n-th call of operator new (1: the next) throws std::bad_alloc, and on
+// request all later calls too.
 class FailingNew {
 public:
     FailingNew(std::size_t n, Failing failing, Where where = Where::inModule);

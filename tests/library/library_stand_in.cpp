@@ -24,7 +24,7 @@ template <class Call> int answer(const char* name, const Call& call)
     return found == current->answers.end() ? call() : found->second;
 }
 
-// Replaces what argument number position points to, if anything, by a test's value.
+// Replaces the value that argument number position points to, if it is not null, by a test's value.
 template <std::size_t position, class T, class... Arguments>
 void report(const std::optional<T>& value, const std::tuple<Arguments...>& arguments)
 {

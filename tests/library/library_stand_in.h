@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The netCDF library as a test wants it: while a LibraryStandIn lives, every call that the module
-// makes passes through it, and may fail, be answered in the library's place, or report what the
-// library would not. At most one at a time.
+// A controllable netCDF library: during a LibraryStandIn's lifetime, every call of the module
+// passes through it, and may fail, be replaced, or report results that the library would not. At
+// most one object at a time.
 #pragma once
 
 #include <array>
@@ -20,11 +20,11 @@ public:
     LibraryStandIn(const LibraryStandIn&) = delete;
     LibraryStandIn& operator=(const LibraryStandIn&) = delete;
 
-    // The functions that were called, in order, and the identifiers that nc_close got.
+    // The functions that were called, in order, and the identifiers passed to nc_close.
     std::vector<std::string> calls;
     std::vector<int> closed;
 
-    // The setting that nc_def_var_fletcher32 got last.
+    // The last setting passed to nc_def_var_fletcher32.
     std::optional<int> checksumGiven;
 
     // The n-th call (1: the first) returns that status, and the library is not called.
@@ -34,13 +34,13 @@ public:
     // Functions that are not called, and the status that they return.
     std::map<std::string, int> answers;
 
-    // What nc_close returns by identifier, 0 for the others; it then closes nothing.
+    // The status that nc_close returns by identifier, 0 for others; it then closes nothing.
     std::optional<std::map<int, int>> closeStatus;
 
     // Texts of nc_strerror by status; the library's for the others.
     std::map<int, std::string> statusTexts;
 
-    // What calls that succeed then report in place of the truth.
+    // Results that successful calls report instead of the library's.
     std::optional<int> format;
     std::optional<int> storage;
     std::optional<int> checksum;

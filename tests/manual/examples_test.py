@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: BSD-3-Clause
-"""Runs every example of the manual and compares what it prints.
+"""Runs every example of the manual and compares its output.
 
 examples_test.py [--accept] [CHAPTER.texi...]   --accept writes what the examples print into the manual
 """
@@ -18,7 +18,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HERE.parent / "remote"))
 import dap2_server
 
-# What the manual calls the server that its examples on remote data read from.
+# The manual's name of the server for its examples on remote data.
 SERVER = "http://data.example.org"
 WIDTH = manual_source.WIDTH
 
@@ -59,7 +59,7 @@ def printed_blocks(chain, outputs, server):
 
 
 def tidy(text):
-    """As the manual shows it: long lines broken, no blanks at the end."""
+    """The output in the manual's form: long lines broken, no trailing blanks."""
     lines = []
     text = re.sub(r"^warning: called from\n(    .*\n)+", "", text, flags=re.M)  # where our own script called it
     for line in text.rstrip().splitlines():
@@ -69,7 +69,7 @@ def tidy(text):
 
 
 def run(chains, server):
-    """The outputs of each chain, and what was said when gridio was unloaded after it."""
+    """The output of each chain, and the messages when gridio was unloaded after it."""
     with tempfile.TemporaryDirectory() as folder:
         for number, chain in enumerate(chains):
             steps = pathlib.Path(folder, f"{number:03}")
@@ -82,7 +82,7 @@ def run(chains, server):
                    str(HERE / "run_chains.m"), folder]
         done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=300,
                               env={**os.environ, "OCTAVE_HISTFILE": os.devnull, "http_proxy": "", "no_proxy": "*"})
-        # The library itself says on stderr that a server was not reached.
+        # The library itself reports on stderr that a server was not reached.
         if done.returncode != 0 or re.search("^error: ", done.stderr, re.M):
             sys.exit(f"the session failed: {done}")
         for number, chain in enumerate(chains):

@@ -18,14 +18,14 @@ STEPS = list(manual_source.blocks(manual_source.CHAPTERS / "first_steps.texi"))
 
 
 def commands():
-    """What is typed in the terminal; the last of it starts the interpreter."""
+    """The commands typed in the terminal; the last one starts the interpreter."""
     typed = [line for block in STEPS if block.kind == "terminal" for line in re.findall(r"^\$ (.+)$", block.text, re.M)]
     assert typed[-1] == "octave-cli" and typed.count("octave-cli") == 1, typed
     return typed
 
 
 def session():
-    """What is typed at the prompt, whose own output is kept away."""
+    """The code typed at the prompt, without its output."""
     typed = [block.text for block in STEPS if block.kind in ("session", "run", "run on")]
     return "PS1 (''); PS2 ('');\n" + "".join(typed) + "printf ('%s\\n', 'the end'); exit (0);\n"
 

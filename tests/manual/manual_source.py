@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The examples of docs/manual/, as docs/manual/gridio.texi says that they are marked."""
+"""The examples of docs/manual/, by the markers that docs/manual/gridio.texi defines."""
 import dataclasses
 import pathlib
 import re
@@ -10,14 +10,14 @@ WIDTH = 80  # so that an example fits a page
 
 
 class Mistake(Exception):
-    """The source is not written as it must be."""
+    """The source violates the format."""
 
 
 @dataclasses.dataclass
 class Block:
     path: pathlib.Path
     first: int  # index of its first line in the file
-    last: int  # and of the one behind its last
+    last: int  # and of the line after its last
     kind: str
     name: str  # of a file or program
     text: str  # as the reader sees it, each line with its end

@@ -1,7 +1,7 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % run_chains.m STEPS: runs the steps of every chain in the folder STEPS/N, in a scratch folder each and in one session.
-% NN.code is run, NN.shell given to the shell, NN.file.NAME written; NN.out becomes what a step printed, with the folder that
-% the manual's reader works in, /home/you/data, in place of the scratch folder.
+% NN.code is run, NN.shell given to the shell, NN.file.NAME written; NN.out becomes the output of a
+% step, with the folder of the manual's reader, /home/you/data, in place of the scratch folder.
 1;
 
 function run_chain (steps__)
@@ -41,7 +41,7 @@ for chain = dir (fullfile (argv (){1}, "*"))'
     mkdir (scratch);
     cd (scratch);
     run_chain (steps);
-    % An example that leaves a file open shows here.
+    % Detects an example that leaves a file open.
     save_text (fullfile (steps, "left.out"), evalc ("clear -f gridio"));
     cd (home);
     rmdir (scratch, "s");

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The manual: that it can be built, leads nowhere wrong, and has an entry for every error."""
+"""The manual: it can be built, its links work, and it has an entry for every error."""
 import html.parser
 import os
 import pathlib
@@ -16,7 +16,7 @@ sys.path.insert(0, str(ROOT / "docs"))
 import make_manual
 
 ERRORS = manual_source.CHAPTERS / "errors.texi"
-# Those that no script can bring about.
+# Errors that no script can cause.
 UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
                "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath"}
 
@@ -51,7 +51,7 @@ def entries():
 
 
 def catalogue():
-    """{identifier: patterns of its messages}: of the general one, and of those that look at the call."""
+    """{identifier: patterns of its messages}: the general one, and those that describe the call."""
     found = {}
     for name in ("message_catalogue", "call_messages"):
         source = (ROOT / "hosts" / "messages" / f"{name}.cpp").read_text()
@@ -165,7 +165,7 @@ class Built(unittest.TestCase):
 
 
 class Pointers(unittest.TestCase):
-    """What README.md, CONTRIBUTING.md and the manual point at is there."""
+    """Everything that README.md, CONTRIBUTING.md and the manual refer to exists."""
     texts = {path.name: path.read_text("utf-8")
              for path in [ROOT / "README.md", ROOT / "CONTRIBUTING.md", *manual_source.CHAPTERS.glob("*.texi")]}
 

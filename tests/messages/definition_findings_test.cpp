@@ -51,7 +51,7 @@ TEST_F(DefinitionFinding, NamesTheNumberThatIsInvalid)
     EXPECT_THAT(messageOf("defVarChunking", {ncid, 0, 0, 9}),
                 HasSubstr("The chunk size 9 is larger than dimension \"x\" (length 5)."));
     EXPECT_THAT(messageOf("setFill", {ncid, 7}), HasSubstr("The fill mode 7 is neither"));
-    EXPECT_THAT(messageOf("setDefaultFormat", {99}), HasSubstr("The format 99 is none of"));
+    EXPECT_THAT(messageOf("setDefaultFormat", {99}), HasSubstr("The format 99 is not one of"));
 }
 
 } // namespace

@@ -71,7 +71,7 @@ TEST_F(FileContents, AreRecognisedAsNetcdf)
     EXPECT_THAT(foreign(std::string(2048, 'u') + netcdf4()), IsEmpty());
 }
 
-TEST_F(FileContents, OfAFileThatWasCutShortAreFewerThanItsSuperblockSays)
+TEST_F(FileContents, AreReportedAsShorterThanTheSuperblockSays)
 {
     const std::string whole = netcdf4();
     EXPECT_THAT(damage(whole), IsEmpty());
@@ -109,7 +109,7 @@ TEST_F(FileContents, AreReadForEveryVersionOfTheSuperblock)
     EXPECT_THAT(damage(signature + "\2\xFF\x08\0"s + addresses), HasSubstr("cannot be read"));
 }
 
-TEST_F(FileContents, AreThoseOfARegularFileOnly)
+TEST_F(FileContents, AreReadFromRegularFilesOnly)
 {
     ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0600), 0);
     for (const std::string& path : {folder.file("pipe"), folder.path(), "/dev/null"s})

@@ -139,7 +139,7 @@ TEST_F(FileFinding, SaysThatTheLibraryHoldsNoMoreFiles)
                           HasSubstr("gridio_open_files()")));
 }
 
-TEST_F(FileFinding, IsNotTheDiskForAnotherRefusal)
+TEST_F(FileFinding, DoesNotBlameTheDiskForOtherFailures)
 {
     const int ncid = createFile("define.nc", "clobber");
     host.call("defVar", {ncid, "v", NC_INT, Value::empty()});

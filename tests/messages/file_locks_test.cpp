@@ -19,7 +19,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A process that holds a lock on a file while it lives.
+// A process that holds a lock on a file during the object's lifetime.
 class OtherProgram {
 public:
     OtherProgram(const std::string& path, int kind)
@@ -65,7 +65,7 @@ protected:
     void SetUp() override { testsupport::LibraryFile::create(path()).close(); }
 };
 
-TEST_F(FileLock, IsFoundWithItsHolder)
+TEST_F(FileLock, IsReportedWithItsHolder)
 {
     EXPECT_THAT(found(true), IsEmpty());
     {
@@ -83,7 +83,7 @@ TEST_F(FileLock, IsFoundWithItsHolder)
     EXPECT_THAT(found(true), IsEmpty());
 }
 
-TEST_F(FileLock, OfAReaderHindersOnlyAWriter)
+TEST_F(FileLock, ConflictsOnlyWithAWriterWhenAReaderHoldsIt)
 {
     const OtherProgram reader(path(), LOCK_SH);
     EXPECT_THAT(found(false), IsEmpty());
@@ -91,7 +91,7 @@ TEST_F(FileLock, OfAReaderHindersOnlyAWriter)
     EXPECT_THAT(messageOf("open", {path(), "write"}), HasSubstr("which reads it"));
 }
 
-TEST_F(FileLock, IsLeftAsItIs)
+TEST_F(FileLock, IsNotReleasedByTheCheck)
 {
     const int ncid = openFile("f.nc", "write");
     for (int i = 0; i < 3; ++i)
@@ -102,7 +102,7 @@ TEST_F(FileLock, IsLeftAsItIs)
     EXPECT_EQ(flock(LookedAtFile(path()).descriptor(), LOCK_EX | LOCK_NB), 0);
 }
 
-TEST_F(FileLock, IsNotSoughtWhereHdf5TakesNone)
+TEST_F(FileLock, IsNotTriedWhereHdf5TakesNone)
 {
     const OtherProgram writer(path(), LOCK_EX);
     for (const char* setting : {"FALSE", "0"}) {
@@ -128,7 +128,7 @@ TEST_F(FileLock, IsTheSessionsOwnWhenItHasTheFileOpen)
     EXPECT_EQ(host.call("inqFormat", {ncid}).at(0).toText(), "FORMAT_NETCDF4");
 }
 
-TEST_F(FileLock, IsNoneOfAFileThatMayBeOpenedTwice)
+TEST_F(FileLock, IsNotReportedForAFileThatMayBeOpenedTwice)
 {
     const int ncid = openFile("f.nc", "write");
     EXPECT_THAT(findOpenHere(path(), false), IsEmpty());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The words that messages suggest are those that the module takes.
+// Checks that the words that messages suggest are those that the module accepts.
 #include "hosts/messages/constant_names.h"
 #include "hosts/messages/mode_words.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the tests of messages share: the text that a call's error has, and a file to call on.
+// The common fixture of message tests: the text of a call's error, and a file for the calls.
 #pragma once
 
 #include "tests/operations/operation_test.h"

@@ -73,7 +73,7 @@ TEST_F(PathFinding, ResolvesARelativePath)
     std::filesystem::current_path(before);
 }
 
-TEST_F(PathFinding, NamesWhatIsNoFile)
+TEST_F(PathFinding, NamesPathsThatAreNotFiles)
 {
     std::filesystem::create_directory(folder.file("folder"));
     EXPECT_THAT(findPathProblem(folder.file("folder/"), Purpose::creating),
@@ -94,7 +94,7 @@ TEST_F(PathFinding, NamesWhatIsNoFile)
     EXPECT_THAT(findPathProblem(folder.file("loop"), Purpose::reading), IsEmpty());
 }
 
-TEST_F(PathFinding, NamesWhatPermissionsForbid)
+TEST_F(PathFinding, NamesTheMissingPermission)
 {
     using std::filesystem::perms;
     const std::string path = makeFile("f.nc");

@@ -9,8 +9,8 @@
 
 namespace testsupport {
 
-// While it lives, the process is not root: permissions hold for it. The files that it looks at
-// belong to it only if it was no root before.
+// During its lifetime the process is not root, so that permissions apply. The files that it
+// inspects belong to it only if it was not root before.
 class OrdinaryUser {
 public:
     OrdinaryUser() : before_(geteuid())

@@ -5,7 +5,7 @@
 
 namespace testsupport {
 
-// While it lives, every file system says that it has so much room.
+// During its lifetime, every file system reports so much free space.
 class StandInDisk {
 public:
     StandInDisk();

@@ -36,7 +36,7 @@ TEST_F(TypeFinding, NamesATypeThatNoOperationReads)
                            "of the variable-length type \"row_t\"", "of the compound type \"pt_t\"",
                            "of the opaque type \"raw_t\""};
     for (int varid = 0; varid < 5; ++varid) {
-        // The library loses the strings that it does not hand over.
+        // The library leaks the strings that it does not return.
         std::optional<testsupport::LeakOfTheLibrary> leak;
         if (varid == 0)
             leak.emplace();

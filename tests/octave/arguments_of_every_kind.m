@@ -1,10 +1,10 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% What the library receives of each kind of value that the interpreter has, as ncdump shows it.
+% Checks with ncdump what the library receives for each kind of value of the interpreter.
 1;
 % Values of every class are written on purpose.
 warning ("off", "Ovard:gridio:octave:rawBytes");
 
-% Every kind of value, with the suffix that takes it as it lies in memory and the netCDF type for it.
+% Every kind of value, with the suffix for its storage in memory and the netCDF type for it.
 function kinds = numeric_kinds ()
   m = reshape (1:6, 2, 3) + 0.25;
   long = 101:120;
@@ -112,7 +112,7 @@ for k = 1:numel (starts)
 end
 gridio ("close", ncid);
 
-% What has no value as a number, a text or a flag.
+% Values that are neither a number, nor a text, nor a flag.
 [ncid, path] = new_file ();
 global impostorCalls
 impostorCalls = {};

@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% A big read needs the memory of its data once, and a big write none: the storage is the interpreter's own.
+% A big read needs the memory of its data once, and a big write none, since the interpreter's storage is used.
 mebibyte = 2^20;
 [ncid, path] = new_file ();
 gridio ("setFill", ncid, gridio ("parameter", "NC_NOFILL"));
@@ -15,7 +15,7 @@ gridio ("putVar1Double", ncid, doubles, 32 * mebibyte - 1, 7);
 gridio ("putVar1Short", ncid, shorts, 32 * mebibyte - 1, int16 (7));
 gridio ("putVar1Schar", ncid, bytes, 128 * mebibyte - 1, int8 (7));
 
-% In ascending order of size: the peak of the process is never reset.
+% In ascending order of size, since the peak of the process is never reset.
 wide = zeros (1, 32 * mebibyte, "int16");
 before = peak_memory ();
 gridio ("putVarShort", ncid, shorts, wide);

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""However a session ends, files left open are closed with one warning, and the session's status stays its own.
+"""However a session ends, files left open are closed with one warning, and the session's exit status is unchanged.
 
-Every way is tried twice: with gridio, and as a control with the calls of gridio left out."""
+Every way is tried twice: with gridio, and as a control without the calls of gridio."""
 import os
 import pathlib
 import re

@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% A result beyond 32 MiB is deliberately allocated in another way than the interpreter releases it: it begins on a cache
-% line, grows, shrinks and goes like any other array.
+% A result beyond 32 MiB is deliberately allocated in another way than the interpreter releases it:
+% it begins on a cache line, and grows, shrinks and is released like any other array.
 ncid = new_file ();
 x = gridio ("defDim", ncid, "x", 5 * 2^20);
 v = gridio ("defVar", ncid, "v", gridio ("parameter", "NC_DOUBLE"), x);

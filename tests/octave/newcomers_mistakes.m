@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% The usual mistakes of newcomers: each message says what is wrong, with which thing, and what to do.
+% The usual mistakes of newcomers: each message says what is wrong, names the object, and says what to do.
 1;
 
 function name = nc (constant)
@@ -52,7 +52,7 @@ end
 
 home = pwd ();
 make_files ();
-% The mistake; what is called; the identifier; what the message must hold.
+% The mistake; the call; the identifier; the words that the message must contain.
 lib = "netcdf:libraryFailure";
 mistakes = {
   "gridio without anything", 'gridio ()', "netcdf:unrecognizedOperation", {"\"open\", \"field.nc\", \"nowrite\"", "gridio_help ()"}
@@ -137,7 +137,7 @@ for k = 1:rows (mistakes)
   end
 end
 
-% What is no error, but silent nonsense without a warning.
+% Calls that are not errors, but would silently store nonsense without a warning.
 warned = {
   'gridio ("endDef", n); gridio ("putVarInt", n, v, 1:5)', {"class int32", "class double", "int32 (x)"}
   'gridio ("putVarFloat", n4, v4, 1:5)', {"class single", "class double", "single (x)"}

@@ -1,7 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% A parade: operations of every family with every odd value in every place. Nothing but an error of gridio's own, or
-% success, may come of it, and the session goes on.
-% Values of every class are written on purpose.
+% Operations of every family with every odd value in every position. Each call must succeed or raise
+% gridio's own error, and the session must continue. Values of every class are written on purpose.
 warning ("off", "Ovard:gridio:octave:rawBytes");
 global impostorCalls
 impostorCalls = {};

@@ -68,7 +68,7 @@ end
 check ("all writes", writes == 12 + 4 * 11);
 check ("all other operations", others == 162 - 56);
 
-% Values of the right class in every form that the interpreter has.
+% Values of the right class in every form of the interpreter.
 for x = {1:3, 0:0.1:1, sparse([1 0 2]), eye(3), 5, ones(2, 2, 2), eye(3)([2 1 3], :)}
   check (["a double as " disp(x{1})], ! warns ("putVarDouble", 77, 77, x{1}));
   check (["not a single as " disp(x{1})], warns ("putVarFloat", 77, 77, x{1}));
@@ -79,7 +79,7 @@ check ("a name that is a column", warns ("putVarFloat"', 77, 77, 1));
 check ("a name with a NUL", warns ("putVarFloat\0x", 77, 77, 1));
 check ("no name", ! warns (5, 77, 77, 1));
 
-% What it says.
+% The text of the warning.
 [~, text] = warning_of ("putVarFloat", 77, 77, 280);
 for words = {"\"putVarFloat\" takes values of class single", "of class double", "single (x)", ["warning (\"off\", \"" id "\")"]}
   check (["says " words{1}], ! isempty (strfind (text, words{1})));

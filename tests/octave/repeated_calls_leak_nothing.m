@@ -1,7 +1,7 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Calls that succeed or fail at any stage leave no memory behind: the session's memory stays as it is.
+% Calls that succeed or fail at any stage leak no memory: the session's memory does not grow.
 1;
-% Values are written as the bytes of another class, on purpose.
+% Values of another class are written as raw bytes, on purpose.
 warning ("off", "Ovard:gridio:octave:rawBytes");
 
 function bytes = memory_in_use ()
@@ -49,7 +49,7 @@ for k = 1:rows (calls)
   before = memory_in_use ();
   repeat (4000, calls{k, 2});
   grown = memory_in_use () - before;
-  % Less than a leaked array of 1000 elements would take; the heap's own unrest takes up to half as much.
+  % Less than a leaked array of 1000 elements would take; fluctuations of the heap take up to half as much.
   check (sprintf ("%s: %d bytes more", calls{k, 1}, grown), grown < 3e6);
 end
 gridio ("close", ncid);

@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Class, shape and value of results, and how many of them a call may ask for.
+% Class, shape and value of results, and how many of them a call may request.
 suffixes = {"Double", "double"; "Float", "single"; "Int64", "int64"; "Uint64", "uint64"; "Int", "int32"
             "Uint", "uint32"; "Short", "int16"; "Ushort", "uint16"; "Schar", "int8"; "Uchar", "uint8"};
 [ncid, path] = new_file ("netcdf4");
@@ -35,7 +35,7 @@ for k = 1:rows (suffixes)
 end
 check ("one dimension reads as a column", isequal (gridio ("getVarDouble", ncid, row), (1:4).'));
 
-% A result is the script's own: writing to it changes nothing else.
+% A result belongs to the script: writing to it changes nothing else.
 first = gridio ("getVarDouble", ncid, cube);
 copy = first;
 first(1) = -1;

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: BSD-3-Clause
 # run_script.sh FOLDER SUPPORT SCRIPT: runs a script in the interpreter with FOLDER/gridio.oct and the compiled functions of
-# SUPPORT, in a folder and with a home of its own. The script's status is the result.
+# SUPPORT, with its own working folder and home. Returns the script's status.
 set -u
 folder=$1
 support=$2

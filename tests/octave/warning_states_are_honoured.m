@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% The warning at unloading can be switched off, turned into an error and captured; the files are closed all the same.
+% The warning at unloading can be switched off, turned into an error and captured; the files are closed in every case.
 1;
 
 function path = leave_open ()

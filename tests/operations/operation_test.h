@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the tests of definitions, attributes and data share: short ways to call an operation.
+// The common fixture of tests of definitions, attributes and data: short ways to call an operation.
 #pragma once
 
 #include "tests/support/library_failure.h"

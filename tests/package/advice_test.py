@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The common causes of errors, met in real sessions: does the message tell a newcomer the cure?"""
+"""Common mistakes in real sessions: the message must tell a newcomer the cure."""
 import os
 import pathlib
 import re
@@ -21,7 +21,7 @@ s = gridio ("defVar", c, "s", 2, xy(1));
 """
 DATA = 'gridio ("endDef", c);\n'
 
-# What is done, after what, and words of the message that name the cure; its first line is not looked at.
+# The call, the preparation, and words of the message that name the cure; its first line is ignored.
 CAUSES = [
     ("file is not netCDF", 'fputs (fopen ("t.nc", "w"), "text"); fclose ("all");', '"open", "t.nc", "nowrite"',
      "not a netCDF file"),

@@ -128,8 +128,8 @@ class OpenFiles(unittest.TestCase):
                                   r"No netCDF file is open\.\n$")
 
     def test_leaves_out_a_file_that_the_library_took_apart(self):
-        # Named as a dimension that is not its own, a written variable keeps the library from closing the file; many a
-        # question about it crashes the library from then on.
+        # A written variable that is renamed to a dimension that is not its own keeps the library
+        # from closing the file; many inquiries about it crash the library from then on.
         printed = session(self, """
             ncid = gridio ("create", "broken.nc", "netcdf4");
             x = gridio ("defDim", ncid, "x", 2);

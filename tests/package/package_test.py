@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""The package: its bytes, what its configure script says, and installing it for everyone and for an ordinary user."""
+"""The package: its bytes, the messages of its configure script, and installing it globally and for an ordinary user."""
 import os
 import pathlib
 import shutil
@@ -26,7 +26,7 @@ def assemble(folder, root=ROOT, **environment):
 
 
 def own_folder(test):
-    """A folder that everyone may look into, gone after the test."""
+    """A folder that everyone may read, removed after the test."""
     folder = pathlib.Path(tempfile.mkdtemp())
     test.addCleanup(shutil.rmtree, folder)
     folder.chmod(0o755)

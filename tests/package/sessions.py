@@ -11,7 +11,7 @@ FOLDERS = (os.environ["GRIDIO_OCT_DIR"], INST)
 
 
 def own_environment(folder):
-    """With nothing of the user's, and no proxy between the library and the loopback address."""
+    """An environment without the user's settings, and without a proxy between the library and the loopback address."""
     return {**os.environ, "OCTAVE_HISTFILE": os.devnull, "HOME": folder, "TMPDIR": folder,
             "http_proxy": "", "HTTP_PROXY": "", "no_proxy": "*"}
 
@@ -22,7 +22,7 @@ def command_for(script, folders=FOLDERS):
 
 
 def session(test, code, *arguments, folders=FOLDERS, **options):
-    """What a session that must succeed prints to both channels, in a folder of its own."""
+    """The output on both channels of a session that must succeed, in its own folder."""
     folder = tempfile.TemporaryDirectory()
     test.addCleanup(folder.cleanup)
     script = pathlib.Path(folder.name, "script.m")

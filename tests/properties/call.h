@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// One step of a random program, said once: what the module is called with by name, and what is
-// replayed in plain C. All lists are in the library's dimension order here.
+// One step of a random program: a call of the module by name, which is replayed in plain C. All
+// lists are in the library's dimension order here.
 #pragma once
 
 #include "hosts/standalone/value.h"
@@ -15,8 +15,8 @@
 
 namespace properties {
 
-// A group by its place in the order of making; 0 is the file. The two files number theirs alike,
-// the library's identifiers differ.
+// A group by its number in the order of creation; 0 is the file. The numbers are the same in both
+// files, unlike the library's identifiers.
 struct Group {
     std::size_t index = 0;
 };
@@ -24,7 +24,7 @@ struct Group {
 using Number = long long;
 using Numbers = std::vector<Number>;
 
-// Values to be written: C elements of the type that the suffix stands for.
+// Values to be written: C elements of the suffix's type.
 struct Elements {
     std::string suffix;
     std::size_t count = 0;
@@ -56,11 +56,11 @@ struct Call {
     const Elements& elements(std::size_t i) const { return std::get<Elements>(arguments.at(i)); }
 };
 
-// As it would be written down: getVaraDouble(group 0, 1, [0 2], [3 1]).
+// As text: getVaraDouble(group 0, 1, [0 2], [3 1]).
 std::string show(const Call& call);
 
-// What became of a call. Identifiers of groups are given as their place, so that replies of the two
-// files compare.
+// The outcome of a call. Groups are given by their number, so that replies of the two files can be
+// compared.
 struct Reply {
     std::string failure; // "getVaraDouble: NC_EEDGE"; empty when it succeeded
     std::vector<standalone::Value> results;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Random blocks of variables that are stored in chunks in random ways: the same bytes as the
-// library reads. GRIDIO_CHUNK_LAYOUTS=N tries N ways instead of the usual number, and GRIDIO_SEED=S
-// others than usual.
+// Compares reads of random blocks, of variables with random chunk layouts, with the library's.
+// GRIDIO_CHUNK_LAYOUTS=N tries N layouts instead of the default, and GRIDIO_SEED=S chooses others.
 #include "chunks/chunk_reads.h"
 #include "chunks/thread_count.h"
 #include "tests/properties/chunk_layouts.h"
@@ -72,7 +71,7 @@ protected:
             compareDecoded(random, layout, block, expected, what);
     }
 
-    // What decoding gives of the expected bytes.
+    // The decoded values of the expected bytes.
     void compareDecoded(Random& random, const Layout& layout, const Block& block,
                         const std::string& stored, const std::string& what)
     {

@@ -29,7 +29,7 @@ const OperationEntry entry = {0, "write", 0, nullptr};
 
 constexpr nc_type types[] = {NC_BYTE, NC_SHORT, NC_INT, NC_FLOAT, NC_DOUBLE, NC_CHAR, NC_INT64};
 
-// What a variable holds, however far it has grown.
+// The expected content of a variable, however far it has grown.
 class Model {
 public:
     Model(std::size_t rank, std::string fill) : size_(fill.size()), fill_(std::move(fill))
@@ -148,7 +148,7 @@ public:
         require(nc_enddef(ncid_));
     }
 
-    // Makes some steps. False after a failed expectation.
+    // Executes some steps. False after a failed expectation.
     void run(std::size_t steps)
     {
         for (std::size_t i = 0; i < steps; ++i) {
@@ -185,7 +185,7 @@ private:
     void define(const std::string& name)
     {
         std::ostringstream text;
-        // The last is no type of the classic model.
+        // The classic model does not have the last type.
         const nc_type type = types[random_.below(std::size(types) - (isClassicModel_ ? 1 : 0))];
         const std::size_t size = callsOfStoredType(type).size;
         std::string fill(size, '\0');
@@ -435,7 +435,7 @@ TEST_F(ChunkWrites, AreInTheFileOnceItIsSynced)
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
-        // The same program once more says what the file is to hold.
+        // Running the same program once more gives the expected file.
         Program program(firstSeed + i, folder.file("repeated.nc"));
         program.run(40);
         program.close();

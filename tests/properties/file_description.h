@@ -7,10 +7,10 @@
 
 namespace properties {
 
-// Stands where the description ends early: the library makes some files that it cannot read.
+// Marks an incomplete description: the library creates some files that it cannot read.
 constexpr const char* unreadable = "cannot be read further: ";
 
-// Two files that hold the same give the same text. Throws std::runtime_error when the library
+// Files of equal content give equal text. Throws std::runtime_error when the library
 // cannot open the file.
 std::string describeFile(const std::string& path);
 

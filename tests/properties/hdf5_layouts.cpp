@@ -46,7 +46,7 @@ std::vector<Type> allTypes()
     };
 }
 
-// One dataset in chunks and its twin, whose chunks nothing is done to.
+// One chunked dataset and its twin, whose chunks have no filters.
 class Dataset {
 public:
     Dataset(Random& random, hid_t file, const std::string& name)

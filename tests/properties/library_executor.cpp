@@ -23,7 +23,7 @@ Reply reply(const Call& call, int status, std::vector<Value> results = {})
     return {"", std::move(results)};
 }
 
-// --- What a script gets, from what the library gave.
+// --- Conversion of the library's results to a script's.
 
 Dims hostShape(const std::vector<std::size_t>& lengths)
 {
@@ -64,8 +64,8 @@ std::size_t productOf(const std::vector<std::size_t>& lengths)
 
 // --- The calls, by the form of their names.
 
-// Of two faults, a call may be refused for either. Who needs the shape or the type of a variable
-// asks for it first, and so hears first that there is no such variable.
+// A call with two faults may be refused for either. An operation that needs the shape or the type
+// of a variable inquires it first, and so reports a missing variable first.
 int askFor(const LibraryExecutor& file, const Call& c)
 {
     int ndims = 0;
@@ -296,7 +296,7 @@ std::vector<std::size_t> lengthsOf(int ncid, int varid)
     return lengths;
 }
 
-// START, COUNT and STRIDE: what the call lacks is ones.
+// START, COUNT and STRIDE: missing ones are all ones.
 struct Subset {
     std::vector<std::size_t> start;
     std::vector<std::size_t> count;

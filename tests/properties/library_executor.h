@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Replays calls in plain C on a file of its own, and says from the library's answer alone what a
-// script is to get.
+// Replays calls in plain C on its own file, and derives the expected outcome of the script from the
+// library's results alone.
 #pragma once
 
 #include "tests/properties/call.h"
@@ -17,15 +17,14 @@ public:
     LibraryExecutor(const LibraryExecutor&) = delete;
     LibraryExecutor& operator=(const LibraryExecutor&) = delete;
 
-    // "create" and "open" take the mode alone, and number the groups afresh, in the order of the
-    // file.
+    // "create" and "open" take only the mode, and renumber the groups in the order of the file.
     Reply run(const Call& call);
 
-    // How many groups there are; none while no file is open.
+    // The number of groups; 0 while no file is open.
     std::size_t groupCount() const { return groups_.size(); }
     int ncid(const Group& group) const { return groups_.at(group.index); }
 
-    // What the forms of calls need and keep account of.
+    // The state that the forms of calls share.
     const std::string& path() const { return path_; }
     void numberGroups(int ncid);
     void addGroup(int ncid) { groups_.push_back(ncid); }

@@ -184,7 +184,7 @@ std::string Planner::oddNameOr(const std::string& name)
 }
 
 // The library makes netCDF-4 files that it cannot close, loses data, or crashes, when a group or a
-// variable without dimensions bears the name of a dimension, when a dimension is given the name of
+// variable without dimensions has the name of a dimension, when a dimension is given the name of
 // a variable that exists, when one of the two is renamed, and when a dimension is renamed through a
 // group inside its own, or in a file that was opened, not made; and when a variable, dimension
 // or group is to be named in a file where a variable was renamed. What remains is the usual
@@ -436,7 +436,7 @@ void Planner::rename()
     }
 }
 
-// The library is told of no size: a write of the whole has to have that of the variable.
+// The library is given no size: a whole write must have that of the variable.
 void Planner::putWhole()
 {
     defining(false);

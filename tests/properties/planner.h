@@ -27,7 +27,7 @@ public:
     // The calls that the command stands for at this moment. Most fit; some are to be refused.
     std::vector<Call> plan(const Command& command);
 
-    // To be told of each call that was carried out.
+    // Must be called after each call that was executed.
     void note(const Call& call, const Reply& reply);
 
 private:

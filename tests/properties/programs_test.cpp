@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Random programs: whatever a script does, it is told and it leaves behind what the same calls of
-// the library in plain C are told and leave behind.
+// Random programs: the results and the files of a script are those of the same library calls in
+// plain C.
 //
 // Without the environment variable RC_PARAMS a few hundred programs run, always the same ones. With
 // RC_PARAMS=max_success=5000 as many run that are new each time; a "seed=..." that was printed
-// brings them back. GRIDIO_TRACE=1 tells each call before it is made, should the library crash.
+// brings them back. GRIDIO_TRACE=1 prints each call before it is made, in case the library crashes.
 #include "tests/properties/file_description.h"
 #include "tests/properties/library_executor.h"
 #include "tests/properties/module_executor.h"
@@ -154,7 +154,7 @@ rc::detail::TestParams parameters()
     return params;
 }
 
-TEST(Programs, AreToldAndLeaveBehindWhatPlainLibraryCallsAre)
+TEST(Programs, MatchPlainLibraryCalls)
 {
     const testsupport::ScratchFolder folder;
     Figures figures;

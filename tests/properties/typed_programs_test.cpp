@@ -280,7 +280,8 @@ void readByLibrary(const std::string& path, const Program& program)
     }
 }
 
-// False for files that ncdump fails on, as it does on enumerations with values that are no member's.
+// False for files that ncdump fails on, as it does on enumerations with values that are no
+// member's.
 bool compareDumps(const std::string& byLibrary, const std::string& byModule)
 {
     std::string expected;

@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % Remote data through gridio against the same data in a local file, and what failures leave behind.
-% Arguments: the folder of gridio.oct, the server's address, the local file, a port that nobody serves.
+% Arguments: the folder of gridio.oct, the server's address, the local file, a port without a server.
 
 1;
 

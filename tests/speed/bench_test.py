@@ -78,7 +78,7 @@ class QuickBenchmark(unittest.TestCase):
 
 
 class WrongWorker:
-    """Answers to everything with a checksum that is none."""
+    """Answers everything with an invalid checksum."""
     name = "wrong"
 
     def ask(self, *words):

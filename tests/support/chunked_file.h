@@ -13,7 +13,7 @@
 
 namespace testsupport {
 
-// What operations in tests of src/chunks are called by: their errors name it.
+// The operation name in tests of src/chunks, which their errors contain.
 extern const Ovard::gridio::OperationEntry chunkEntry;
 
 // A block without steps.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Values of any element type of the table, so that a test may loop over the table: made from bytes
-// and compared as bytes, past every conversion of the module.
+// Values of any element type of the table, for tests that loop over the table: made from bytes and
+// compared as bytes, without the module's conversions.
 #pragma once
 
 #include "data/elements/element_types.h"
@@ -11,7 +11,7 @@
 
 namespace testsupport {
 
-// Elements as the library hands them out: C elements of the type, one byte for each character.
+// Elements in the library's form: C elements of the type, one byte for each character.
 using Bytes = std::string;
 
 // count elements of the type: first its extremes and oddities (of a floating type: NaN with a
@@ -22,10 +22,10 @@ Bytes sampleBytes(const Ovard::gridio::ElementType& element, std::size_t count);
 // 0, 1, 2, ... count-1 as elements of that type.
 Bytes countingBytes(const Ovard::gridio::ElementType& element, std::size_t count);
 
-// What a script has that holds those bytes. Characters are widened by sign extension.
+// The script's value with those bytes. Characters are widened by sign extension.
 standalone::Value valueOfBytes(vxClassID classId, const standalone::Dims& dims, const Bytes& bytes);
 
-// The other way round; of a char array the low byte of each unit.
+// The reverse; for a char array the low byte of each unit.
 Bytes bytesOfValue(const standalone::Value& value);
 
 // Whether operations on variables have the type, and not only those on attributes ("Ubyte").

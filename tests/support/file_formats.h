@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The five kinds of file that the module makes, for tests that hold in each of them.
+// The five formats of files that the module creates, for tests that apply to each of them.
 #pragma once
 
 #include "data/elements/element_types.h"

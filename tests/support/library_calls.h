@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The typed library calls by the suffix of an operation's name, spelled out: what the module's own
-// table is checked against.
+// The typed library calls by the suffix of an operation's name, written out, to check the module's
+// table.
 #pragma once
 
 #include <netcdf.h>

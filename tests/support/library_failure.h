@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The matcher of a failure of the library: a status as the test names it, and the library's own
-// text.
+// The matcher of a library failure: its status, named by the test, and the library's own text.
 #pragma once
 
 #include "tests/support/raised_matcher.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A file that a test looks at, or makes, with the library's own functions, past the module.
+// A file that a test inspects or creates with the library's own functions, without the module.
 #pragma once
 
 #include <netcdf.h>
@@ -9,7 +9,7 @@
 
 namespace testsupport {
 
-// Throws when a library call of the test's own fails.
+// Throws if a library call of the test itself fails.
 inline void require(int status)
 {
     if (status != NC_NOERR)
@@ -35,7 +35,7 @@ public:
     ~LibraryFile()
     {
         if (ncid_ >= 0)
-            static_cast<void>(nc_close(ncid_)); // a test that cares calls close
+            static_cast<void>(nc_close(ncid_)); // a test that checks this calls close
     }
 
     int ncid() const { return ncid_; }

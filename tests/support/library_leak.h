@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// For calls after which the library itself loses memory: nothing of the module may be done in here
-// that is to be watched.
+// For calls in which the library itself leaks memory; leaks of the module would not be detected
+// either.
 #pragma once
 
 #if defined(__has_feature)
@@ -17,7 +17,7 @@
 
 namespace testsupport {
 
-// While it lives, what is allocated and lost is not reported.
+// During its lifetime, leaks are not reported.
 class LeakOfTheLibrary {
 public:
 #ifdef GRIDIO_LEAKS_ARE_WATCHED

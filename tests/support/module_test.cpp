@@ -38,7 +38,8 @@ void closeEverything(standalone::Host& host)
     host.unload();
     if (host.warnings().empty())
         return; // the list is empty
-    // The module goes with its list of files; here it stays, and the list is to be emptied by hand.
+    // Unloading would discard the module's list of files; here the module stays, so the list is
+    // emptied by hand.
     for (int file = 0; file < fileCount; ++file)
         Ovard::gridio::unregisterOpenFile(file * fileStep);
 }

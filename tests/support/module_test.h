@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The fixture of every test that calls the module: a host with clean books, a folder, and at the
-// end a look at the books. Files that a test leaves open are closed for it.
+// The fixture of every test that calls the module: a host with empty records, a folder, and a check
+// of the records at the end. Files that a test leaves open are closed for it.
 #pragma once
 
 #include "hosts/standalone/host.h"
@@ -23,8 +23,8 @@ protected:
     int openFile(const std::string& name, const standalone::Value& mode = "nowrite");
     void closeFile(int ncid);
 
-    // Opens or creates nothing and loses nothing: every block freed, no array but those of Values,
-    // the contract kept. Members of a derived fixture that are Values must be gone by then.
+    // Checks for leaks: every block freed, no array except those of Values, the contract kept.
+    // Values that are members of a derived fixture must be destroyed by then.
     void TearDown() override;
 
 private:

@@ -43,7 +43,7 @@ public:
                 << row.name << " with " << row.nargs << " arguments: "
                 << (isReached ? "was to be out of reach" : "no test carried it out to the end");
         }
-        std::cout << reached << " of " << Ovard::gridio::operationCount
+        std::cout << reached << " of " << operationTable.size()
                   << " rows were carried out to the end\n";
     }
 };

@@ -6,8 +6,9 @@
 ## @deftypefnx {} {@var{ds} =} gridio_dataset (@dots{}, @var{option}, @var{value}, @dots{})
 ## Open a netCDF file, or an address, as a labelled dataset.
 ##
-## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.  The file is closed when
-## the last variable to hold the dataset or a part of it goes.
+## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.
+## The file is closed when the last variable that refers to the dataset or to a part of it is
+## cleared.
 ##
 ## @example
 ## @group

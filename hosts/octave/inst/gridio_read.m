@@ -4,7 +4,7 @@
 ## @deftypefn {} {[@var{x}, @var{at}] =} gridio_read (@var{file}, @var{name}, @var{selection}, @dots{})
 ## Read a variable of a netCDF file, whole or at a selection by coordinates as of @code{gridio_variable}.
 ##
-## @var{at} is a struct of the coordinates of what was read.
+## @var{at} is a struct of the coordinates of the values read.
 ##
 ## @example
 ## @group

@@ -3,7 +3,7 @@
 ## -*- texinfo -*-
 ## @deftypefn  {} {@var{count} =} gridio_threads ()
 ## @deftypefnx {} {@var{before} =} gridio_threads (@var{count})
-## Ask or set how many threads share the reads and writes of @code{gridio_any}.
+## Query or set the number of threads that share the reads and writes of @code{gridio_any}.
 ##
 ## Usually they are as many as the machine runs at once, at most 16: several threads unpack and pack the chunks of compressed
 ## variables of netCDF-4 files, and decode values, much faster than the netCDF library, which works in one.  The functions
@@ -15,14 +15,14 @@
 ## @item 2 to 256
 ## as many threads, the interpreter's own included
 ## @item 1
-## the library's own way: only what the library cannot read for want of a filter is read in another
+## only the netCDF library reads and writes, except for data that need a filter that it lacks
 ## @item 0
 ## the usual number
 ## @end table
 ##
-## @var{before} is what was set before, or 0: hand it back to return to it.  The choice holds until the session ends, also
-## after @code{clear all}, and is kept in the environment variable @env{GRIDIO_THREADS}, which may be set before Octave is
-## started.
+## @var{before} is what was set before, or 0: pass it back to restore it.  The choice holds until
+## the session ends, also after @code{clear all}, and is kept in the environment variable
+## @env{GRIDIO_THREADS}, which may be set before Octave is started.
 ##
 ## @example
 ## @group

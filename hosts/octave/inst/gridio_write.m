@@ -31,21 +31,21 @@
 ## @qcode{"uint"}, @qcode{"uint64"}, @qcode{"float"}, @qcode{"double"}, @qcode{"char"}, @qcode{"string"}, or one that the file
 ## defines; without it, that of the class of @var{values}
 ## @item _FillValue
-## what missing values are stored as; without it, the type's own fill value
+## the stored value of missing ones; without it, the type's own fill value
 ## @item _Unlimited
 ## @code{true} if the slowest varying dimension is to be unlimited, so that one can append, or the name of the dimension
 ## @item _ChunkSizes
 ## lengths of chunks, one for each dimension; without it, chunks of about 1 MiB where chunks are needed
 ## @item _DeflateLevel
 ## @itemx _Shuffle
-## compression from 0 to 9, and whether bytes are sorted before
+## compression from 0 to 9, and whether bytes are reordered first
 ## @item _Fletcher32
 ## whether each chunk gets a checksum
 ## @item _Endianness
 ## @qcode{"little"}, @qcode{"big"} or @qcode{"native"}
 ## @item _NoFill
 ## @itemx _Storage
-## @code{true} to leave unwritten values as they are; @qcode{"contiguous"} or @qcode{"chunked"}
+## @code{true} to leave unwritten values undefined; @qcode{"contiguous"} or @qcode{"chunked"}
 ## @item _Format
 ## the format of a new file, as @command{ncdump -k} names it; without it, @qcode{"netCDF-4"}
 ## @end table

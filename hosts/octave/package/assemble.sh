@@ -33,6 +33,7 @@ cp "$root"/hosts/octave/*.cc "$root"/hosts/octave/*.h "$root/hosts/octave/export
 cp "$root"/hosts/octave/selftest/*.tst "$top/src/selftest"
 copy_sources src src/module
 copy_sources include src/include
+copy_sources hosts/memory src/hosts/memory
 copy_sources hosts/messages src/hosts/messages
 cp "$root"/hosts/octave/inst/*.m "$root"/hosts/octave/inst/*.txt "$top/inst"
 cp "$root"/hosts/octave/inst/private/*.m "$top/inst/private"

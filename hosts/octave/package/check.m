@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% check.m TARBALL: what a package index asks of a package, tried on this one: its files, and a real installation in the
+% check.m TARBALL: checks the requirements of a package index on this package: its files, and a real installation in the
 % current folder, with loading, help, tests, demos, unloading and uninstalling. Exit status 1 if any claim fails.
 1;
 
@@ -57,7 +57,7 @@ function check_files (name, version)
            "Depends", "License", "SystemRequirements", "BuildRequires"};
   check (["DESCRIPTION has only fields that are still in use: " strjoin(setdiff (fieldnames (fields), known)', " ")],
          all (ismember (fieldnames (fields), known)));
-  check ("DESCRIPTION bears the name and version of the archive",
+  check ("DESCRIPTION has the name and version of the archive",
          strcmp ([fields.Name "-" fields.Version], name) && strcmp (fields.Version, version));
   check ("the date is one", ! isempty (regexp (fields.Date, '^\d{4}-\d\d-\d\d$')));
   check ("COPYING is the licence that DESCRIPTION names",
@@ -105,7 +105,7 @@ end
 
 function check_session (folder)
   functions = indexed (fullfile (folder, "packinfo"));
-  check ("INDEX lists exactly the functions that there are", isequal (sort (functions), sort (provided (folder))));
+  check ("INDEX lists exactly the functions of the package", isequal (sort (functions), sort (provided (folder))));
   cellfun (@check_help, functions);
 
   for word = {"netCDF", "HDF5", "NetCDF-4", "CDF"}
@@ -113,7 +113,7 @@ function check_session (folder)
   end
   check ("news are shown", ! isempty (strfind (evalc ("news gridio"), "## gridio 1")));
 
-  % The tests of every function, and no file without any.
+  % Runs the tests of every function; each file must have some.
   sources = {file_in_loadpath("gridio.cc-tst")};
   for f = functions
     if (! strcmp (f{1}, "gridio"))
@@ -128,7 +128,7 @@ function check_session (folder)
   end
   printf ("%d tests of the package passed\n", total);
   check ("there are a few hundred tests", total > 200);
-  % What "pkg test" prints comes from the same tests, found by itself.
+  % "pkg test" finds and runs the same tests.
   said = evalc ("pkg test gridio");
   counts = regexp (said, '\n +PASS +(\d+)\n +FAIL +(\d+)\n', "tokens", "once");
   check (["pkg test passes: " said], isequal (str2double (counts)(:), [total; 0]));

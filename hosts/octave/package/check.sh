@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# check.sh TARBALL: makes the package again and compares, then runs check.m on it in a home of its own, without the
-# network where the machine lets it be switched off.
+# check.sh TARBALL: makes the package again and compares, then runs check.m on it with its own home
+# folder, without the network if the machine allows that.
 set -u
 here=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 tarball=$(readlink -f "$1")

@@ -33,7 +33,7 @@ private:
 class ElementSource {
 public:
     // Raises dataSizeMismatch when the array's storage holds fewer bytes than its elements need;
-    // its class is deliberately not checked. Construct it right before the library call.
+    // see requireStorage. Construct it right before the library call.
     ElementSource(const vxArray* data, const ElementType& element)
         : values_(element.form->borrow(data, element, bytes_))
     {

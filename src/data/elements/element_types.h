@@ -52,12 +52,13 @@ struct TypedFamily {
 constexpr TypedFamily attributeReads  = {15, 26, true};
 constexpr TypedFamily wholeReads      = {27, 37, false};
 constexpr TypedFamily subsetReads     = {38, 48, false};
-constexpr TypedFamily attributeWrites = {77, 87, true}; // without Text
+constexpr TypedFamily attributeWrites = {77, 87, true};
 constexpr TypedFamily wholeWrites     = {89, 99, false};
 constexpr TypedFamily subsetWrites    = {100, 110, false};
 // clang-format on
 
-constexpr std::int32_t attributeTextWrite = 88;
+// "putAttText", which has a handler of its own since it takes no type, follows its family.
+constexpr std::int32_t attributeTextWrite = attributeWrites.lastCode + 1;
 
 constexpr bool isAttributeWrite(std::int32_t code)
 {

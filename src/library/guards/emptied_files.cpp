@@ -14,7 +14,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// HDF5 locks files unless its environment variable says otherwise.
+// HDF5 locks files unless its environment variable disables it.
 bool areFilesLocked()
 {
     const char* setting = std::getenv("HDF5_USE_FILE_LOCKING");
@@ -28,7 +28,7 @@ bool isLocked(const std::string& path)
     if (descriptor < 0)
         return false;
     const bool isRefused = flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    static_cast<void>(::close(descriptor)); // and with it the lock
+    static_cast<void>(::close(descriptor)); // which also releases the lock
     return isRefused;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Creating a netCDF-4 file over one that another program has open: HDF5 1.10.8 empties the file
-// before it finds that it is locked, so that nc_create of release 4.9.0 fails and the data are
-// lost.
+// before it detects the lock, so that nc_create of release 4.9.0 fails and the data are lost.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// The first "mode=" of the parameters, which stand behind "#" or in brackets before the address.
+// The first "mode=" of the parameters, which follow "#" or precede the address in brackets.
 std::string modeList(const std::string& address)
 {
     const std::string key = "mode=";

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Addresses with which nc_open and nc_create of release 4.9.0 never return: while they look for the
-// kind of store, they expand the word "zarr" at the end of a mode list again and again.
+// Addresses with which nc_open and nc_create of release 4.9.0 never return: while they determine
+// the kind of store, they expand the word "zarr" at the end of a mode list endlessly.
 #pragma once
 
 #include <string>

@@ -22,7 +22,8 @@ bool isFixedLength(const Hdf5Id& dataset)
     return type && H5Tget_class(type.get()) == H5T_STRING && H5Tis_variable_str(type.get()) == 0;
 }
 
-// What the library refuses of a block. The product of its lengths is what is left of it to read.
+// The status with which the library refuses a block. The product of its lengths is what remains to
+// be read.
 int refusalOf(const Extents& start, const Extents& count, const std::ptrdiff_t* stride,
               const Extents& extents)
 {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Files in a forked process. A child's copies of the files that its parent has open are as they
-// were at the fork: when release 4.9.0 closes one, it writes the old number of records over a newer
-// one.
+// Files in a forked process. A child's copies of its parent's open files have the state of the
+// fork: when release 4.9.0 closes one, it writes the old number of records over a newer one.
 #pragma once
 
 #include <unistd.h>

@@ -12,7 +12,7 @@ bool overflowsFileTable(int mode)
 {
     if (!createsNetcdf4(mode))
         return false;
-    // The lowest free number is given first, so that a free one is found at once unless the table
+    // The library assigns the lowest free number, so a free one is found at once unless the table
     // is nearly full. The upper half of an identifier is the file's number, from 1.
     for (unsigned number = 0xFFFF; number > 0; --number) {
         const int ncid = static_cast<int>(number << 16);

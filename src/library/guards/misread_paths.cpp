@@ -15,11 +15,11 @@ namespace {
 
 bool isLetter(char c) { return std::isalpha(static_cast<unsigned char>(c)) != 0; }
 
-// The library skips what is not above a blank.
+// The library skips characters up to and including the blank.
 bool isSkipped(char c) { return static_cast<unsigned char>(c) <= ' '; }
 
-// A relative path in which the library sees more than a name: blanks to skip, the root folder of a
-// share, a drive.
+// A relative path with a beginning that the library interprets: blanks to skip, the root folder of
+// a share, a drive.
 bool isMisunderstood(const std::string& path)
 {
     const char first = path.empty() ? '/' : path[0];
@@ -27,7 +27,7 @@ bool isMisunderstood(const std::string& path)
            (path.size() > 1 && isLetter(first) && path[1] == ':');
 }
 
-// A file of the classic formats, which the library opens by the path as it stands.
+// A file of the classic formats, which the library opens by the unchanged path.
 bool isClassic(int descriptor)
 {
     char magic[3] = {};
@@ -81,7 +81,7 @@ LibraryPath::LibraryPath(const std::string& path, Purpose purpose, int& mode) : 
 LibraryPath::~LibraryPath()
 {
     if (descriptor_ >= 0)
-        static_cast<void>(::close(descriptor_)); // the library has one of its own
+        static_cast<void>(::close(descriptor_)); // the library has its own
 }
 
 void LibraryPath::openDescriptor(const std::string& path, int flags)

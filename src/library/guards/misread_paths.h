@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Paths that release 4.9.0 takes for others. It drops blanks and control characters at the
-// beginning of a path, and in paths of netCDF-4 files takes a backslash for a slash and "c:" for a
-// drive.
+// Paths that release 4.9.0 misreads. It drops blanks and control characters at the beginning of a
+// path, and in paths of netCDF-4 files takes a backslash for a slash and "c:" for a drive.
 #pragma once
 
 #include <string>
@@ -12,14 +11,14 @@ namespace Ovard::gridio {
 // "file:///data#mode=zarr,file" or "https://...", with parameters in brackets before it or not.
 bool isAddress(const std::string& path);
 
-// The path by which the library finds the file that a script names, alive as long as the object.
-// Addresses are left alone. A netCDF-4 file with a backslash in its path is handed over by a
-// descriptor of its own, which a new file is made for.
+// A path by which the library finds the file that a script names, valid as long as the object.
+// Addresses are unchanged. A netCDF-4 file with a backslash in its path is passed by a descriptor;
+// a new file is created for it.
 class LibraryPath {
 public:
     enum class Purpose { opening, creating };
 
-    // mode: the flags of nc_open or nc_create, from which the format of a new file is known.
+    // mode: the flags of nc_open or nc_create, which determine the format of a new file.
     LibraryPath(const std::string& path, Purpose purpose, int& mode);
     ~LibraryPath();
     LibraryPath(const LibraryPath&) = delete;

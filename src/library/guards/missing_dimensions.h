@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Variables of damaged netCDF-4 files, whose dimensions may be missing. Release 4.9.0 crashes when
-// it is to read, write or rename such a variable.
+// it reads, writes or renames such a variable.
 #pragma once
 
 #include "operation_entry.h"

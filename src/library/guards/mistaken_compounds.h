@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Inquiring a field of a type that is not a compound type: release 4.9.0 does not look at what kind of
-// type it is, and crashes.
+// Inquiring a field of a type that is not a compound type: release 4.9.0 does not check the class
+// of the type, and crashes.
 #pragma once
 
 #include "operation_entry.h"

@@ -24,7 +24,7 @@ public:
                 throw std::bad_alloc();
         }
     }
-    ~Reservation() { static_cast<void>(munmap(memory_, size_)); } // nothing left to report to
+    ~Reservation() { static_cast<void>(munmap(memory_, size_)); } // no caller to report to
     Reservation(const Reservation&) = delete;
     Reservation& operator=(const Reservation&) = delete;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Variables of classic files with more than NC_MAX_VAR_DIMS dimensions. Release 4.9.0 opens such a
-// file, but its reads and writes of the variable write past the end of arrays of their own.
+// file, but its reads and writes of the variable write past the end of internal arrays.
 #pragma once
 
 #include "operation_entry.h"

@@ -16,8 +16,8 @@ namespace {
 template <class T> using Vector = boost::container::small_vector<T, 8>;
 using Lengths = Vector<std::size_t>;
 
-// The unlimited dimensions that a variable of the group may have: those of the groups around it,
-// too.
+// The unlimited dimensions that a variable of the group may have, including those of the parent
+// groups.
 Vector<int> unlimitedDimensions(int group, const OperationEntry* entry)
 {
     Vector<int> ids;
@@ -36,8 +36,8 @@ Vector<int> unlimitedDimensions(int group, const OperationEntry* entry)
     return ids;
 }
 
-// The extents of a variable of which the whole block is written: one more than its last index along
-// each dimension. None when they are beyond any number.
+// The extents that a variable needs for the whole block to be written: one more than the block's
+// last index along each dimension. None if they overflow.
 WrittenExtents extentsOf(const LibraryBlock& block)
 {
     WrittenExtents ends(block.rank);
@@ -58,7 +58,7 @@ bool isWithin(const WrittenExtents& needed, const WrittenExtents& extents)
                       std::less_equal<>());
 }
 
-// How many of the block's indices along each dimension lie in the written part.
+// How many of the block's indices along each dimension are in the written part.
 Lengths writtenCounts(const LibraryBlock& block, const WrittenExtents& extents)
 {
     Lengths counts(block.count, block.count + block.rank);
@@ -89,15 +89,15 @@ void fillElements(char* destination, std::size_t count, const void* element, std
         std::memcpy(destination + done * size, destination, std::min(done, count - done) * size);
 }
 
-// Spreads the written part, which lies without gaps at the beginning of the values, over the whole
-// block, and puts the fill value between. Rows are moved from the last to the first, so that, in
-// the same memory, none overwrites one that is still to be moved.
+// Distributes the written part, which is contiguous at the beginning of the values, over the whole
+// block, and fills the gaps with the fill value. Rows are moved from the last to the first, so
+// that, in the same memory, none overwrites one that has not been moved yet.
 class Spreading {
 public:
     Spreading(const LibraryBlock& block, const Lengths& written, const void* fill, std::size_t size)
         : counts_(block.count), written_(written), fill_(fill), size_(size), rowRank_(block.rank)
     {
-        // A row takes in all dimensions that are written whole, and the one before them.
+        // A row covers all dimensions that are completely written, and the one before them.
         while (rowRank_ > 0 && rowLength_ == rowWritten_) {
             --rowRank_;
             rowLength_ *= counts_[rowRank_];
@@ -118,7 +118,8 @@ public:
     }
 
 private:
-    // Whether a row of the block has a written part, and which of the written rows that is.
+    // Whether a row of the block has a written part, and the number of that row among the written
+    // ones.
     bool isWritten(std::size_t row, std::size_t& source) const
     {
         std::size_t step = 1;
@@ -141,7 +142,7 @@ private:
     std::size_t rowWritten_ = 1;
 };
 
-// The block's last element alone, which the library reads right wherever it lies.
+// Only the block's last element, which the library reads correctly at any position.
 int readLastElement(const LibraryBlock& block, const WrittenExtents& needed,
                     const GetVarsCall& getVars, void* value)
 {
@@ -188,13 +189,13 @@ PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVa
     if (isWithin(needed, extents))
         return {readAll(), false};
 
-    // The read of the last element also makes the library write a variable to the file that was
-    // only defined: it then has extents.
+    // The read of the last element also makes the library write a newly defined variable to the
+    // file, so that it has extents.
     const int fillStatus = readLastElement(block, needed, getVars, memory.fill);
     if (extents.empty())
         extents = writtenExtents(block.ncid, block.varid, needed, entry);
     if (!isReadable(fillStatus) || extents.empty() || isWithin(needed, extents)) {
-        const int status = readAll(); // which says best what it refuses of the block
+        const int status = readAll(); // which reports best why it refuses the block
         return {isReadable(fillStatus) || status != NC_NOERR ? status : fillStatus, false};
     }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reads of netCDF-4 variables of which less was written than their unlimited dimensions have grown
-// to. What was not written is to read as the fill value; but with a stride along an unlimited
-// dimension, or where one is not the variable's first, release 4.9.0 puts values in the wrong
-// places, takes fill values for written ones or leaves elements as they were, and reports success.
+// to. The unwritten part should read as the fill value; but with a stride along an unlimited
+// dimension, or when one is not the variable's first, release 4.9.0 puts values in the wrong
+// places, returns fill values for written ones or leaves elements unset, and reports success.
 #pragma once
 
 #include "operation_entry.h"
@@ -12,7 +12,7 @@
 
 namespace Ovard::gridio {
 
-// nc_get_vars_double and its kind with the element type erased.
+// nc_get_vars_double and the like with the element type erased.
 using GetVarsCall =
     std::function<int(int ncid, int varid, const std::size_t* start, const std::size_t* count,
                       const std::ptrdiff_t* stride, void* values)>;
@@ -37,9 +37,8 @@ struct BlockMemory {
     std::size_t elementSize;
     char* values; // for the whole block
     char* fill;   // for one value, zeroed
-    // Where written values and copies of the fill value are put together, as bytes: values itself,
-    // or other memory of its size for values that own memory, each of which then stays where it was
-    // read.
+    // Where written values and copies of the fill value are assembled, as bytes: values itself or,
+    // for values that own memory and must stay where they were read, other memory of the same size.
     char* spread;
 };
 
@@ -48,8 +47,8 @@ struct PartlyRead {
     bool isSpread; // the block is in spread, not in values
 };
 
-// What getVars is to do, and its status, done right: the written part is read by one call, to the
-// beginning of values, and another one reads a fill value as the library converts it.
+// A correct getVars, with its status: one call reads the written part to the beginning of values,
+// and another one a fill value, converted by the library.
 PartlyRead readPartlyWritten(const LibraryBlock& block, const GetVarsCall& getVars,
                              const BlockMemory& memory, const OperationEntry* entry);
 

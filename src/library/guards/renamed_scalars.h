@@ -10,7 +10,7 @@
 
 namespace Ovard::gridio {
 
-// Whether the name is that of a dimension of this very group, not of one around it.
+// Whether the name is that of a dimension of this group itself, not of a parent.
 bool isOwnDimension(int ncid, const std::string& name, const OperationEntry* entry);
 
 } // namespace Ovard::gridio

@@ -13,7 +13,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// What the library takes for the path in "file:///data/store#mode=zarr,file".
+// The path that the library reads from "file:///data/store#mode=zarr,file".
 std::string localPath(const std::string& address)
 {
     const std::string scheme = "file://";

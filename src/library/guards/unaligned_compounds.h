@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Compound types whose fields do not lie as in a C structure. As long as the file stays open in
-// which such a type was defined, release 4.9.0 describes it as it was defined but reads its values
-// as a C structure: past the end of the memory that they were said to need.
+// Compound types whose fields are not laid out as in a C structure. As long as the file in which
+// such a type was defined stays open, release 4.9.0 describes it as it was defined but reads its
+// values as a C structure, past the size that it reported.
 #pragma once
 
 #include "operation_entry.h"
@@ -13,7 +13,7 @@
 
 namespace Ovard::gridio {
 
-// Where the fields of a C structure lie.
+// The layout of the fields of a C structure.
 class CStructure {
 public:
     // Adds a field and returns its offset.
@@ -27,8 +27,8 @@ private:
     std::size_t alignment_ = 1;
 };
 
-// Whether a compound type that is not a C structure is read as it is described: its size and the
-// offsets of its fields are those of the type in the file, for this machine.
+// Whether a compound type without a C structure's layout is read as it is described: its size and
+// the offsets of its fields are those of the type in the file, converted to this machine.
 bool isReadAsDescribed(int ncid, nc_type xtype, std::size_t size,
                        const std::vector<std::size_t>& offsets, const OperationEntry* entry);
 

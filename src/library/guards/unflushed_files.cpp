@@ -9,7 +9,7 @@ namespace {
 // Probes with a rename that cannot succeed: on a read-only file it fails with NC_EPERM first.
 bool isWritable(int ncid) { return nc_rename_dim(ncid, -1, "") != NC_EPERM; }
 
-// Not one of its groups, which are never closed.
+// Not a group, which is never closed.
 bool isWholeFile(int ncid) { return nc_inq_grp_parent(ncid, nullptr) == NC_ENOGRP; }
 
 bool mayHavePendingData(int ncid)

@@ -6,8 +6,8 @@
 
 namespace Ovard::gridio {
 
-// Ends the definitions of a file that may be written, and flushes its data (nc_enddef, nc_sync).
-// The status of what failed: the file is then still open and usable.
+// Ends define mode of a writable file, and flushes its data (nc_enddef, nc_sync). Returns the
+// status of the first failure; the file is then still open and usable.
 int flushBeforeClose(int ncid);
 
 } // namespace Ovard::gridio

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Ending the definitions of a classic file with an alignment of zero: release 4.9.0 divides by it
-// when it places a variable.
+// Ending define mode of a classic file with an alignment of zero: release 4.9.0 divides by it when
+// it places a variable.
 #pragma once
 
 namespace Ovard::gridio {

@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% An object that notes every call of the methods by which an interpreter could ask for its size or value.
+% An object that records every call of the methods by which an interpreter could get its size or value.
 classdef Impostor
   methods
     function n = numel (varargin)

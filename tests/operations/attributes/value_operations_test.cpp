@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(AttributeValues, OfEveryTypeAreStoredBitByBitInEveryFormatThatHoldsThem)
+TEST_F(AttributeValues, StoreEveryTypeBitByBitInEveryFormatThatHasIt)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
@@ -66,7 +66,7 @@ TEST_F(AttributeValues, OfEveryTypeAreStoredBitByBitInEveryFormatThatHoldsThem)
     }
 }
 
-TEST_F(AttributeValues, OfEveryTypeAreReadBitByBitAsARow)
+TEST_F(AttributeValues, ReadEveryTypeBitByBitAsARow)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
@@ -100,7 +100,7 @@ TEST_F(AttributeValues, AreConvertedByTheLibraryToTheTypeOfTheOperation)
     }
 }
 
-TEST_F(AttributeValues, AreConvertedByTheLibraryToTheTypeThatIsAskedFor)
+TEST_F(AttributeValues, AreConvertedByTheLibraryToTheRequestedType)
 {
     const int ncid = createWithVariable(0);
     host.call("putAttDouble", {ncid, 0, "d", NC_SHORT, row({1.9, -2})});
@@ -127,7 +127,7 @@ TEST_F(AttributeValues, KeepTheStorageOrderWhateverTheShape)
     EXPECT_EQ(got("getAttDouble", {ncid, 0, "m"}), row({1, 2, 3, 4}));
 }
 
-TEST_F(AttributeValues, OfNoElementsAreWrittenDeliberatelyAndReadAsZeroByZero)
+TEST_F(AttributeValues, MayBeEmptyDeliberatelyAndReadAsZeroByZero)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
@@ -150,7 +150,7 @@ TEST_F(AttributeValues, OfNoElementsAreWrittenDeliberatelyAndReadAsZeroByZero)
     }
 }
 
-TEST_F(AttributeValues, OfTextEndAtTheFirstNulDeliberately)
+TEST_F(AttributeValues, EndTextAtTheFirstNulDeliberately)
 {
     struct {
         std::string stored, read;
@@ -176,7 +176,7 @@ TEST_F(AttributeValues, OfTextEndAtTheFirstNulDeliberately)
     }
 }
 
-TEST_F(AttributeValues, OfTextAreStoredAsTheLowBytesOfTheirUnits)
+TEST_F(AttributeValues, StoreTheLowBytesOfTextUnits)
 {
     const int ncid = createWithVariable();
     host.call("putAttText", {ncid, 0, "t", Value::text(u"\u0141")});
@@ -185,7 +185,7 @@ TEST_F(AttributeValues, OfTextAreStoredAsTheLowBytesOfTheirUnits)
     EXPECT_EQ(storedBytes(ncid, 0, "t", 1), Bytes("a\0\xE9\x80", 4));
 }
 
-TEST_F(AttributeValues, OfTextAreWrittenFromAnyClassAsItsRawUnits)
+TEST_F(AttributeValues, WriteTextFromAnyClassAsItsRawUnits)
 {
     const int ncid = createWithVariable();
     host.call("putAttText", {ncid, 0, "t", Value::row<std::uint16_t>({65, 0x142})});
@@ -204,7 +204,7 @@ TEST_F(AttributeValues, AreWrittenFromAnyClassAsItsRawStorageDeliberately)
     EXPECT_EQ(got("getAttShort", {ncid, 0, "raw"}), Value::row<std::int16_t>({0, 0}));
 }
 
-TEST_F(AttributeValues, ThatHoldFewerBytesThanAreReadAreRefused)
+TEST_F(AttributeValues, RefuseFewerBytesThanTheLibraryReads)
 {
     const int ncid = createWithVariable();
     const Value bytes = Value::row<std::int8_t>({1, 2, 3});
@@ -224,14 +224,14 @@ TEST_F(AttributeValues, ThatHoldFewerBytesThanAreReadAreRefused)
                 raises("dataSizeMismatch"));
 }
 
-TEST_F(AttributeValues, OfCellsWithoutElementsAreEmpty)
+TEST_F(AttributeValues, TakeACellWithoutElementsForEmpty)
 {
     const int ncid = createWithVariable();
     host.call("putAttInt", {ncid, 0, "none", NC_INT, Value::cell({0, 0}, {})});
     EXPECT_EQ(storedBytes(ncid, 0, "none", 4), "");
 }
 
-TEST_F(AttributeValues, NamedFillValueAreRefusedForVariablesOfFormatCode3Only)
+TEST_F(AttributeValues, RefuseFillValueForVariablesOfFormatCode3Only)
 {
     for (const FileFormat& format : fileFormats) {
         for (const ElementType& element : elementTypes) {
@@ -254,19 +254,19 @@ TEST_F(AttributeValues, NamedFillValueAreRefusedForVariablesOfFormatCode3Only)
     }
 }
 
-TEST_F(AttributeValues, NamedFillValueAreRefusedByNameEvenOfAMissingVariable)
+TEST_F(AttributeValues, RefuseFillValueByNameEvenForAMissingVariable)
 {
     const int ncid = createWithVariable();
     EXPECT_THAT(attempt("putAttDouble", {ncid, 99, "_FillValue", NC_DOUBLE, 1}),
                 raises("postCreationFillValueDefinition"));
     EXPECT_THAT(attempt("putAttDouble", {-7, 0, "_FillValue", NC_DOUBLE, 1}),
                 failsWith("putAttDouble", NC_EBADID));
-    // Before the storage of the values is looked at.
+    // Before the storage of the values is checked.
     EXPECT_THAT(attempt("putAttDouble", {ncid, 0, "_FillValue", NC_DOUBLE, true}),
                 raises("postCreationFillValueDefinition"));
 }
 
-TEST_F(AttributeValues, NamedFillValueGoStraightToTheLibraryAsText)
+TEST_F(AttributeValues, PassFillValueToTheLibraryAsText)
 {
     const int ncid = createFile("a.nc");
     number("defVar", {ncid, "c", NC_CHAR, row({})});
@@ -276,7 +276,7 @@ TEST_F(AttributeValues, NamedFillValueGoStraightToTheLibraryAsText)
     EXPECT_EQ(fill, 'x');
 }
 
-TEST_F(AttributeValues, OfTextAreNotNumbersNorNumbersText)
+TEST_F(AttributeValues, DoNotConvertBetweenTextAndNumbers)
 {
     const int ncid = createWithVariable();
     require(nc_put_att_text(ncid, 0, "t", 3, "abc"));
@@ -298,7 +298,7 @@ TEST_F(AttributeValues, OutOfTheRangeOfTheOperationFail)
     EXPECT_THAT(attempt("getAttUint", {ncid, 0, "minus"}), failsWith("getAttUint", NC_ERANGE));
 }
 
-TEST_F(AttributeValues, ThatAreMissingFailWithTheStatusOfTheLibrary)
+TEST_F(AttributeValues, ReportTheLibrarysStatusForAMissingAttribute)
 {
     const int ncid = createWithVariable();
     for (const ElementType& element : elementTypes) {

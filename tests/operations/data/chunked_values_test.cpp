@@ -115,7 +115,7 @@ TEST_F(ChunkedValues, AreReadThoughTheLibraryLacksTheirFilter)
     }
 }
 
-TEST_F(ChunkedValues, ThatAreDamagedAreTheLibrarysError)
+TEST_F(ChunkedValues, RaiseTheLibrarysErrorWhenDamaged)
 {
     const auto damage = [](std::string& bytes) { bytes[bytes.size() / 2] ^= 0x55; };
     makeFiltered(

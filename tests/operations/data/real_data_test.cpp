@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Every value of every variable and attribute of real files, against direct library calls. The
+// Compares every value of every variable and attribute of real files with direct library calls. The
 // folder of the files comes from the environment variable GRIDIO_DATA.
 #include "tests/operations/operation_test.h"
 #include "tests/support/element_samples.h"
@@ -81,7 +81,7 @@ protected:
         return Value::row(std::vector<double>(indices.begin(), indices.end()));
     }
 
-    // What a call must do where the library answers with that status and these bytes.
+    // The expected outcome of a call for which the library returns that status and these bytes.
     void expectSame(const std::string& operation, const Outcome& outcome, int status,
                     const std::function<Value()>& expected)
     {
@@ -92,7 +92,7 @@ protected:
         } else if (!outcome.succeeded()) {
             ADD_FAILURE() << operation << ": " << *outcome.raised;
         } else {
-            EXPECT_TRUE(outcome.results.at(0) == expected()) << operation; // no printing of it all
+            EXPECT_TRUE(outcome.results.at(0) == expected()) << operation; // not printed whole
         }
     }
 
@@ -115,7 +115,7 @@ protected:
         valuesSeen += count;
     }
 
-    // The whole, a block over everything, and strided pieces put together again.
+    // The whole variable, a block that covers it, and strided pieces reassembled.
     void compareWaysOfReading(const Variable& v)
     {
         const ElementType* element = findExternalType(v.xtype);
@@ -192,7 +192,7 @@ protected:
     }
 };
 
-TEST_F(RealData, AreWhatTheLibraryReadsInEveryTypeAndWay)
+TEST_F(RealData, EqualTheLibrarysReadsInEveryTypeAndWay)
 {
     const char* data = std::getenv("GRIDIO_DATA");
     if (data == nullptr || !std::filesystem::is_directory(data))

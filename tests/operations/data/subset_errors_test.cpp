@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the subset operations refuse, and in which order.
+// Errors of the subset operations, and their order.
 #include "tests/operations/data/subset_grid.h"
 #include "tests/support/file_formats.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 using SubsetErrors = SubsetGrid;
 
-TEST_F(SubsetErrors, OfAScalarVariableIsRefused)
+TEST_F(SubsetErrors, RefuseAScalarVariable)
 {
     const int ncid = createFile("s.nc");
     number("defVar", {ncid, "lonely", NC_INT, row({})});
@@ -101,7 +101,7 @@ TEST_F(SubsetErrors, ComparesTheProductOfCountWithTheNumberOfValues)
                 succeeds());
 }
 
-TEST_F(SubsetErrors, OfACountWhoseProductOverflowsIsOutOfBounds)
+TEST_F(SubsetErrors, ReportACountWhoseProductOverflows)
 {
     for (const ElementType& element : elementTypes) {
         if (!servesVariables(element))
@@ -122,7 +122,7 @@ TEST_F(SubsetErrors, OfACountWhoseProductOverflowsIsOutOfBounds)
     }
 }
 
-TEST_F(SubsetErrors, OfMoreThanMemoryHoldsIsTheHostsOutOfMemoryAndNoCrash)
+TEST_F(SubsetErrors, RaiseTheHostsOutOfMemoryBeyondMemory)
 {
     const int ncid = createCountingGrid();
     for (const double count : {0x1p60, 0x1p61, 0x1p62, 0x1p63}) // bytes that overflow, and not
@@ -162,7 +162,7 @@ TEST_F(SubsetErrors, LooksAtTheStorageAfterEveryOtherCheck)
                 raises("badIndexArgumentLength", {"START", "v", 2L, 1L}));
     EXPECT_THAT(attempt("putVaraDouble", {ncid, 3, origin, row({2, 2}), bytes}),
                 failsWith("putVaraDouble", NC_ENOTVAR));
-    // And before the library would have refused the place.
+    // And before the library would have refused the position.
     EXPECT_THAT(attempt("putVaraDouble", {ncid, 0, row({99, 99}), row({2, 2}), bytes}),
                 raises("dataSizeMismatch"));
 }
@@ -192,7 +192,7 @@ TEST_F(SubsetErrors, LeavesTheRangeToTheLibrary)
     }
 }
 
-TEST_F(SubsetErrors, OfMissingVariablesFailsWithTheStatusOfTheLibrary)
+TEST_F(SubsetErrors, ReportTheLibrarysStatusForAMissingVariable)
 {
     const int ncid = createCountingGrid();
     EXPECT_THAT(attempt("getVar1Int", {-7, 0, 0}), failsWith("getVar1Int", NC_EBADID));
@@ -231,7 +231,7 @@ TEST_F(SubsetErrors, ReadsLeftToRightAndAsksTheFileLast)
             EXPECT_THAT(attempt(operationName("putVars", element.suffix), write),
                         raises(c.error, c.details));
         }
-        // Empty data are reported before the file is asked.
+        // Empty data are reported before the file is inquired.
         EXPECT_THAT(attempt(operationName("putVars", element.suffix), {-7, 0, 0, 1, 1, none}),
                     raises("emptyVariableData"));
         EXPECT_THAT(attempt(operationName("putVara", element.suffix), {-7, 0, 0, 1, none}),

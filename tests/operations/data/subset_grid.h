@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The variable of two dimensions on which subset operations are tried.
+// A variable of two dimensions for tests of subset operations.
 #pragma once
 
 #include "tests/operations/operation_test.h"

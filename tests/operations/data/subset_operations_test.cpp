@@ -14,7 +14,7 @@ namespace {
 
 using SubsetAccess = SubsetGrid;
 
-// Elements of bytes at these places, in this order.
+// The elements of bytes at these positions, in this order.
 Bytes picked(const Bytes& bytes, std::size_t size, const std::vector<std::size_t>& places)
 {
     Bytes result;
@@ -23,7 +23,7 @@ Bytes picked(const Bytes& bytes, std::size_t size, const std::vector<std::size_t
     return result;
 }
 
-// What each form is given, and the places in the file, in the order of the host's elements.
+// The arguments of each form, and the positions in the file, in the order of the host's elements.
 struct Subset {
     const char* readForm;
     const char* writeForm;
@@ -126,7 +126,7 @@ TEST_F(SubsetAccess, CountsFromZeroInTheHostsOrder)
               Value::numeric<std::int32_t>({2, 2}, {1, 2, 11, 12}));
 }
 
-TEST_F(SubsetAccess, OfOneDimensionGivesAColumn)
+TEST_F(SubsetAccess, ReturnsAColumnForOneDimension)
 {
     ncgen(folder.file("s.nc"),
           "netcdf s { dimensions: n = 8 ; variables: short v(n) ; "
@@ -153,7 +153,7 @@ TEST_F(SubsetAccess, TruncatesIndices)
               Value::column<double>({1, 3}));
 }
 
-TEST_F(SubsetAccess, OfACountOfZeroHasTheShapeOfTheCount)
+TEST_F(SubsetAccess, ReturnsTheShapeOfACountWithZero)
 {
     for (const FileFormat& format : fileFormats) {
         const int ncid = createCountingGrid(NC_INT, format.mode);
@@ -164,7 +164,7 @@ TEST_F(SubsetAccess, OfACountOfZeroHasTheShapeOfTheCount)
     }
 }
 
-TEST_F(SubsetAccess, OfAVariableWithoutRecordsIsNotFlattenedButCheckedDeliberately)
+TEST_F(SubsetAccess, ChecksAndDoesNotFlattenAVariableWithoutRecordsDeliberately)
 {
     for (const FileFormat& format : fileFormats) {
         const int ncid = createFile("s.nc", format.mode);

@@ -283,14 +283,14 @@ TEST_F(WholeAccess, ReportsWhatTheLibraryRefuses)
                 failsWith("putVarDouble", NC_EINDEFINE));
 }
 
-TEST_F(WholeAccess, OfStringsAndOtherTypesIsLeftToTheLibrary)
+TEST_F(WholeAccess, LeavesStringsAndOtherTypesToTheLibrary)
 {
     ncgen(folder.file("w.nc"), "netcdf w { types: byte enum e { no = 0, yes = 1 } ; variables: "
                                "string s ; e f ; data: s = \"hello\" ; f = yes ; }");
     const int ncid = openFile("w.nc");
     {
         const LeakOfTheLibrary
-            leak; // it reads the strings before it finds that they are no numbers
+            leak; // it reads the strings before it finds that they are not numbers
         EXPECT_THAT(attempt("getVarDouble", {ncid, 0}), failsWith("getVarDouble", NC_EBADTYPE));
     }
     EXPECT_THAT(attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));

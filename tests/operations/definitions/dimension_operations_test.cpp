@@ -27,7 +27,7 @@ TEST_F(Dimensions, AreDefinedFoundDescribedAndRenamed)
               "netcdf test {\ndimensions:\n\ty = 3 ;\n\tlongitude = 4 ;\n}\n");
 }
 
-TEST_F(Dimensions, OfLengthZeroAreUnlimited)
+TEST_F(Dimensions, AreUnlimitedWithLengthZero)
 {
     const int ncid = createFile("d.nc", 0);
     number("defDim", {ncid, "t", 0});
@@ -36,7 +36,7 @@ TEST_F(Dimensions, OfLengthZeroAreUnlimited)
     EXPECT_THAT(ncdump(folder.file("d.nc"), "-h"), HasSubstr("t = UNLIMITED ;"));
 }
 
-TEST_F(Dimensions, OfLengthZeroAreOneAtMostInAClassicFile)
+TEST_F(Dimensions, AreUnlimitedAtMostOnceInAClassicFile)
 {
     const int ncid = createFile("d.nc", 0);
     number("defDim", {ncid, "t", 0});
@@ -44,7 +44,7 @@ TEST_F(Dimensions, OfLengthZeroAreOneAtMostInAClassicFile)
     EXPECT_THAT(attempt("defDim", {ncid, "u", -0.5}), failsWith("defDim", NC_EUNLIMIT));
 }
 
-TEST_F(Dimensions, ThatAreMissingFailAndNeverGiveMinusOne)
+TEST_F(Dimensions, RaiseWhenMissingAndNeverReturnMinusOne)
 {
     for (const char* mode : {"clobber", "netcdf4"}) {
         const int ncid = createFile("d.nc", mode);
@@ -65,7 +65,7 @@ TEST_F(Dimensions, TakeOnlyTextForTheirName)
     }
 }
 
-TEST_F(Dimensions, OfLengthZeroShowTheLengthThatTheyHaveGrownTo)
+TEST_F(Dimensions, ReportTheirPresentLengthWhenUnlimited)
 {
     ncgen(folder.file("d.nc"), "netcdf d { dimensions: t = UNLIMITED ; variables: int v(t) ; "
                                "data: v = 1, 2, 3, 4, 5 ; }");
@@ -73,7 +73,7 @@ TEST_F(Dimensions, OfLengthZeroShowTheLengthThatTheyHaveGrownTo)
     EXPECT_EQ(host.call("inqDim", {ncid, 0}).at(1), Value(5));
 }
 
-TEST_F(Dimensions, OfMoreThanTwoTo32ElementsKeepTheirLength)
+TEST_F(Dimensions, KeepLengthsAboveTwoTo32)
 {
     const int ncid = createFile("d.nc");
     const double length = 9007199254740991; // 2^53 - 1
@@ -81,7 +81,7 @@ TEST_F(Dimensions, OfMoreThanTwoTo32ElementsKeepTheirLength)
     EXPECT_EQ(host.call("inqDim", {ncid, 0}).at(1), Value(length));
 }
 
-TEST_F(Dimensions, FromTwoTo63UpNeverTurnNegative)
+TEST_F(Dimensions, KeepLengthsFromTwoTo63Positive)
 {
     for (const int mode : {NC_64BIT_DATA, NC_NETCDF4}) {
         const int ncid = createFile("d.nc", mode);
@@ -91,13 +91,13 @@ TEST_F(Dimensions, FromTwoTo63UpNeverTurnNegative)
     }
 }
 
-TEST_F(Dimensions, OfNegativeLengthAreOutOfBounds)
+TEST_F(Dimensions, RefuseNegativeLengths)
 {
     for (const Value& length : {Value(-1), Value::scalar<std::int8_t>(-1), Value(0x1p64)})
         EXPECT_THAT(attempt("defDim", {-7, "x", length}), raises("argumentOutOfBounds")) << length;
 }
 
-TEST_F(Dimensions, AreLeftToTheLibraryToJudge)
+TEST_F(Dimensions, AreValidatedByTheLibrary)
 {
     const int ncid = createFile("d.nc", 0);
     number("defDim", {ncid, "x", 3});

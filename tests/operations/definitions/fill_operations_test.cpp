@@ -26,7 +26,7 @@ protected:
         number("defVar", {ncid, "v", xtype, row({})});
         return ncid;
     }
-    // What the library says of the variable: the flag, and one element into value.
+    // The library's inquiry of the variable: the flag, and one element into value.
     static int libraryNoFill(int ncid, void* value)
     {
         int noFill = -1;
@@ -35,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(FillValues, OfEveryTypeAreStoredAndReadBackInTheVariablesClass)
+TEST_F(FillValues, AreStoredAndReadBackInTheVariablesClass)
 {
     for (nc_type xtype = NC_BYTE; xtype <= NC_UINT64; ++xtype) {
         const ElementType& element = *findExternalType(xtype);
@@ -97,7 +97,7 @@ TEST_F(FillValues, ShowInUnwrittenElements)
     EXPECT_THAT(ncdump(folder.file("f.nc")), HasSubstr("v:_FillValue = -999s ;"));
 }
 
-TEST_F(FillValues, SwitchedOffDoNotLookAtTheValue)
+TEST_F(FillValues, IgnoreTheValueWhenSwitchedOff)
 {
     const Value values[] = {Value::empty(), "text", Value::cell({0, 0}, {}), Value::anythingElse(),
                             nan_};
@@ -110,7 +110,7 @@ TEST_F(FillValues, SwitchedOffDoNotLookAtTheValue)
     }
 }
 
-TEST_F(FillValues, SwitchedOffDoNotLookAtTheTypeEither)
+TEST_F(FillValues, IgnoreTheTypeWhenSwitchedOff)
 {
     const int ncid = createFile("f.nc");
     nc_type enumType = NC_NAT;
@@ -121,7 +121,7 @@ TEST_F(FillValues, SwitchedOffDoNotLookAtTheTypeEither)
     EXPECT_THAT(attempt("defVarFill", {ncid, 1, true, 0}), failsWith("defVarFill", NC_EINVAL));
 }
 
-TEST_F(FillValues, OfFloatingVariablesMayBeNanOrInfinite)
+TEST_F(FillValues, MayBeNanOrInfiniteForFloatingVariables)
 {
     for (const nc_type xtype : {NC_FLOAT, NC_DOUBLE}) {
         for (const double special : {nan_, std::numeric_limits<double>::infinity()}) {
@@ -177,7 +177,7 @@ TEST_F(FillValues, AreConvertedFromAnyNumericClassWithARangeCheck)
     }
 }
 
-TEST_F(FillValues, OfNumbersMustBeANumericScalar)
+TEST_F(FillValues, MustBeANumericScalarForNumbers)
 {
     for (nc_type xtype = NC_BYTE; xtype <= NC_UINT64; ++xtype) {
         if (xtype == NC_CHAR)
@@ -191,7 +191,7 @@ TEST_F(FillValues, OfNumbersMustBeANumericScalar)
     }
 }
 
-TEST_F(FillValues, OfTextMustBeOneCharacter)
+TEST_F(FillValues, MustBeOneCharacterForText)
 {
     const int ncid = createWith(NC_CHAR);
     for (const Value& bad : {Value("ab"), Value(120), Value::empty(vxCHAR_CLASS), Value(true)})
@@ -204,7 +204,7 @@ TEST_F(FillValues, OfTextMustBeOneCharacter)
     EXPECT_EQ(stored, 'x');
 }
 
-TEST_F(FillValues, OfTextAreTheFirstByteOfTheNarrowCharacter)
+TEST_F(FillValues, AreTheFirstByteOfTheNarrowCharacterForText)
 {
     const int ncid = createWith(NC_CHAR);
     host.call("defVarFill", {ncid, 0, false, "é"}); // C3 A9 in UTF-8
@@ -213,7 +213,7 @@ TEST_F(FillValues, OfTextAreTheFirstByteOfTheNarrowCharacter)
     EXPECT_EQ(stored, '\xC3');
 }
 
-TEST_F(FillValues, OfTextAreTheNulCharacterToo)
+TEST_F(FillValues, MayBeTheNulCharacter)
 {
     const int ncid = createWith(NC_CHAR);
     host.call("defVarFill", {ncid, 0, false, Value::text({1, 1}, std::u16string(1, u'\0'))});
@@ -222,7 +222,7 @@ TEST_F(FillValues, OfTextAreTheNulCharacterToo)
     EXPECT_EQ(stored, '\0');
 }
 
-TEST_F(FillValues, OfTextHaveNoSignExtensionDeliberatelyUnlikeDataReads)
+TEST_F(FillValues, AreNotSignExtendedForTextDeliberately)
 {
     const int ncid = createWith(NC_CHAR);
     const char byte = '\xE9';
@@ -232,10 +232,10 @@ TEST_F(FillValues, OfTextHaveNoSignExtensionDeliberatelyUnlikeDataReads)
     EXPECT_EQ(got("getVarText", {ncid, 0}).toUtf16(), u"\uFFE9");
 }
 
-TEST_F(FillValues, OfTypesWithoutAnElementTypeAreUnhandled)
+TEST_F(FillValues, AreUnhandledForTypesWithoutAnElementType)
 {
     const int ncid = createWith(NC_STRING);
-    // The value is not looked at before the type is.
+    // The value is not checked before the type.
     EXPECT_THAT(attempt("defVarFill", {ncid, 0, false, Value::cell({0, 0}, {})}),
                 raises("unhandledFillDatatype", {static_cast<long>(NC_STRING)}));
     EXPECT_THAT(attempt("inqVarFill", {ncid, 0}),
@@ -251,7 +251,7 @@ TEST_F(FillValues, OfTypesWithoutAnElementTypeAreUnhandled)
                 raises("unhandledFillDatatype", {static_cast<long>(enumType)}));
 }
 
-TEST_F(FillValues, OfNoVariableFailWithTheStatusOfTheLibrary)
+TEST_F(FillValues, ReportTheLibrarysStatusForAMissingVariable)
 {
     const int ncid = createWith(NC_INT);
     const int global = nc_inq_vartype(ncid, NC_GLOBAL, nullptr);

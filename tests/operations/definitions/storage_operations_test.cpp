@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(StorageSettings, OfChunksAreFastestFirst)
+TEST_F(StorageSettings, ListChunkSizesFastestFirst)
 {
     const int ncid = createGrid();
     EXPECT_TRUE(host.call("defVarChunking", {ncid, 0, NC_CHUNKED, row({10, 5})}).empty());
@@ -56,7 +56,7 @@ TEST_F(StorageSettings, TakeOneChunkSizeForEachDimension)
                 raises("invalidChunkParameter", {1L, 0L}));
 }
 
-TEST_F(StorageSettings, OfContiguousVariablesIgnoreTheChunkSizes)
+TEST_F(StorageSettings, IgnoreChunkSizesOfContiguousVariables)
 {
     for (const Value& sizes : {row({}), row({1}), row({1, 2, 3}), row({-1, 0})}) {
         const int ncid = createGrid();
@@ -66,7 +66,7 @@ TEST_F(StorageSettings, OfContiguousVariablesIgnoreTheChunkSizes)
     }
 }
 
-TEST_F(StorageSettings, AreNothingButChunkedAndContiguous)
+TEST_F(StorageSettings, AcceptOnlyChunkedAndContiguous)
 {
     for (const int storage : {2, -1, 3})
         EXPECT_THAT(attempt("defVarChunking", {-7, 0, storage, row({})}),
@@ -93,22 +93,22 @@ TEST_F(StorageSettings, LeaveAbsurdChunkSizesToTheLibrary)
     EXPECT_EQ(host.call("inqVarChunking", {ncid, 0}).at(1), row({10, 5}));
 }
 
-TEST_F(StorageSettings, OfContiguousVariablesShowNoSizesAsZeroByZero)
+TEST_F(StorageSettings, ReturnZeroByZeroSizesForContiguousVariables)
 {
     const int ncid = createGrid();
     EXPECT_EQ(host.call("inqVarChunking", {ncid, 0}),
               (Values{"contiguous", Value::empty(vxDOUBLE_CLASS, {0, 0})}));
 }
 
-// No file that the library makes has a chunked scalar: nc_inq_var_chunking is asked in its place.
-TEST_F(StorageSettings, OfAChunkedScalarCannotBeMade)
+// The library creates no file with a chunked scalar, so nc_inq_var_chunking is replaced.
+TEST_F(StorageSettings, CannotChunkAScalar)
 {
     const int ncid = createGrid();
     EXPECT_THAT(attempt("defVarChunking", {ncid, 1, NC_CHUNKED, row({})}),
                 failsWith("defVarChunking", NC_EINVAL));
 }
 
-TEST_F(StorageSettings, NeitherChunkedNorContiguousAreNotDescribed)
+TEST_F(StorageSettings, RaiseForOtherStorageCodes)
 {
     ncgen(folder.file("s.nc"), "netcdf s { dimensions: x = 3 ; variables: int v(x) ; "
                                "v:_Storage = \"compact\" ; data: v = 1, 2, 3 ; }");
@@ -132,7 +132,7 @@ TEST_F(StorageSettings, AreInquiredInNetcdf4FilesOnly)
             EXPECT_THAT(attempt("inqVarFletcher32", {ncid, 0}),
                         raises("attemptedChecksumInquiryOnNetcdf3File"))
                 << format.name;
-            // The library decides, and answers that nothing is set.
+            // The library decides, and reports that nothing is set.
             EXPECT_EQ(host.call("inqVarDeflate", {ncid, 0}), (Values{false, false, 0}))
                 << format.name;
         }
@@ -140,7 +140,7 @@ TEST_F(StorageSettings, AreInquiredInNetcdf4FilesOnly)
     }
 }
 
-TEST_F(StorageSettings, OfABadVariableInAClassicFileAreRefusedByFormatFirst)
+TEST_F(StorageSettings, ReportTheFormatBeforeABadVariable)
 {
     const int ncid = createGrid(0);
     EXPECT_THAT(attempt("inqVarChunking", {ncid, 99}),
@@ -167,7 +167,7 @@ TEST_F(StorageSettings, AreDefinedInClassicFilesAsTheLibraryAllows)
                 failsWith("defVarFletcher32", NC_ENOTNC4));
 }
 
-TEST_F(StorageSettings, OfDeflateAreThoseThatWereGiven)
+TEST_F(StorageSettings, ReturnTheDeflateSettingsGiven)
 {
     struct {
         bool shuffle, deflate;
@@ -199,7 +199,7 @@ TEST_F(StorageSettings, OfDeflateAreThoseThatWereGiven)
     }
 }
 
-TEST_F(StorageSettings, OfDeflateTakeALevelThatTheLibraryAllows)
+TEST_F(StorageSettings, TakeDeflateLevelsThatTheLibraryAllows)
 {
     const int ncid = createGrid();
     for (const int level : {-1, 10})
@@ -208,7 +208,7 @@ TEST_F(StorageSettings, OfDeflateTakeALevelThatTheLibraryAllows)
             << level;
 }
 
-TEST_F(StorageSettings, OfDeflateTakeNoNumbersForFlags)
+TEST_F(StorageSettings, RefuseNumbersForDeflateFlags)
 {
     for (const double flag : {0.0, 1.0}) {
         EXPECT_THAT(attempt("defVarDeflate", {1, 0, flag, true, 4}),
@@ -218,12 +218,12 @@ TEST_F(StorageSettings, OfDeflateTakeNoNumbersForFlags)
     }
 }
 
-TEST_F(StorageSettings, OfDeflateNeedTheirLevelEvenWhereItIsNotLookedAt)
+TEST_F(StorageSettings, NeedADeflateLevelEvenWhenItIsIgnored)
 {
     EXPECT_THAT(attempt("defVarDeflate", {0, 0, false, false}), raises("wrongNumberOfInputs"));
 }
 
-TEST_F(StorageSettings, OfTheChecksumAreThoseThatWereGiven)
+TEST_F(StorageSettings, ReturnTheChecksumSettingGiven)
 {
     const int ncid = createGrid();
     EXPECT_EQ(got("inqVarFletcher32", {ncid, 0}), Value("NOCHECKSUM"));
@@ -232,11 +232,11 @@ TEST_F(StorageSettings, OfTheChecksumAreThoseThatWereGiven)
     EXPECT_THAT(dumped(ncid), HasSubstr("v:_Fletcher32 = \"true\" ;"));
 }
 
-TEST_F(StorageSettings, OfTheChecksumReachTheLibraryUnchanged)
+TEST_F(StorageSettings, PassTheChecksumSettingUnchanged)
 {
     for (const int setting : {7, -1}) {
         const int ncid = createGrid();
-        const int status = nc_def_var_fletcher32(ncid, 0, setting); // what the library thinks of it
+        const int status = nc_def_var_fletcher32(ncid, 0, setting); // the library's status for it
         const int again = createFile("t.nc");
         number("defVar", {again, "v", NC_INT, number("defDim", {again, "x", 3})});
         const Outcome outcome = attempt("defVarFletcher32", {again, 0, setting});
@@ -246,7 +246,7 @@ TEST_F(StorageSettings, OfTheChecksumReachTheLibraryUnchanged)
     }
 }
 
-TEST_F(StorageSettings, OfMissingVariablesFailWithTheStatusOfTheLibrary)
+TEST_F(StorageSettings, ReportTheLibrarysStatusForAMissingVariable)
 {
     const int ncid = createGrid();
     EXPECT_THAT(attempt("defVarChunking", {ncid, 9, NC_CHUNKED, row({1})}),
@@ -265,7 +265,7 @@ TEST_F(StorageSettings, OfMissingVariablesFailWithTheStatusOfTheLibrary)
 TEST_F(StorageSettings, AreReadLeftToRight)
 {
     const Value bad = "bad";
-    const Value badFlag = 1; // a number is no flag
+    const Value badFlag = 1; // a number is not a flag
     const Value badRow = true;
     struct {
         const char* operation;

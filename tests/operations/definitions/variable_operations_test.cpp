@@ -53,7 +53,7 @@ TEST_F(Variables, AreFoundDescribedAndRenamed)
     EXPECT_THAT(ncdump(folder.file("v.nc"), "-h"), HasSubstr("int counter ;"));
 }
 
-TEST_F(Variables, OfAnUnknownNameFailWithTheStatusOfTheLibrary)
+TEST_F(Variables, ReportTheLibrarysStatusForAnUnknownName)
 {
     for (const FileFormat& format : fileFormats) {
         const int ncid = createGrid(format.mode);
@@ -64,7 +64,7 @@ TEST_F(Variables, OfAnUnknownNameFailWithTheStatusOfTheLibrary)
     }
 }
 
-TEST_F(Variables, AreNotRenamedForTheReasonThatTheLibraryNames)
+TEST_F(Variables, ReportTheLibrarysOwnRenameFailures)
 {
     const std::pair<int, const char*> refused[] = {
         {7, "w"}, {7, "x"}, {7, "a/b"}, {-1, "w"}, {-1, "x"},
@@ -119,7 +119,7 @@ TEST_F(Variables, MayBeOfATypeWithoutAnElementType)
     EXPECT_EQ(host.call("inqVar", {ncid, varid}).at(1), Value(NC_STRING));
 }
 
-TEST_F(Variables, WithoutDimensionsAreScalar)
+TEST_F(Variables, AreScalarWithoutDimensions)
 {
     for (const Value& none : {Value::empty(), Value::empty(vxDOUBLE_CLASS, {1, 0})}) {
         const int ncid = createGrid();
@@ -146,7 +146,7 @@ TEST_F(Variables, LeaveImpossibleDimensionIdentifiersToTheLibrary)
             << bad;
 }
 
-TEST_F(Variables, OfUpTo1024DimensionsReachTheLibrary)
+TEST_F(Variables, MayHaveUpTo1024Dimensions)
 {
     const int ncid = createFile("v.nc", 0);
     number("defDim", {ncid, "x", 1});
@@ -163,7 +163,7 @@ TEST_F(Variables, TakeNoDimensionIdentifiersButDoubles)
                 raises("badRowDatatype", {"dimids"}));
 }
 
-TEST_F(Variables, OfTheGlobalAttributesAreRefusedBeforeTheLibraryIsAsked)
+TEST_F(Variables, RefuseNcGlobalBeforeCallingTheLibrary)
 {
     for (const Value& ncid : {Value(-7), Value(createGrid())})
         EXPECT_THAT(attempt("inqVar", {ncid, NC_GLOBAL}), raises("inqVarNcGlobal"));
@@ -171,7 +171,7 @@ TEST_F(Variables, OfTheGlobalAttributesAreRefusedBeforeTheLibraryIsAsked)
                 raises("badScalarArgument", {"ncid", "numeric"}));
 }
 
-TEST_F(Variables, AreLeftToTheLibraryToJudge)
+TEST_F(Variables, AreValidatedByTheLibrary)
 {
     const int ncid = createGrid();
     number("defVar", {ncid, "v", NC_INT, row({})});

@@ -51,7 +51,7 @@ TEST_F(Groups, AreFoundByNameAndListedInTheLibrarysOrder)
     EXPECT_THAT(names, testing::ElementsAre("b", "a", "c"));
 }
 
-TEST_F(Groups, WithoutChildrenGiveAZeroByZeroList)
+TEST_F(Groups, ReturnAZeroByZeroListWithoutChildren)
 {
     const int ncid = createFile("x.nc");
     const Value group = host.call("defGrp", {ncid, "g"}).at(0);
@@ -123,7 +123,7 @@ TEST_F(Groups, ReportTheLibrarysFailures)
                     raises("libraryFailure", {name, "NC_EBADID", "Not a valid ID"}));
 }
 
-TEST_F(Groups, OfAClassicFileAreItsRootOnly)
+TEST_F(Groups, AreOnlyTheRootInAClassicFile)
 {
     const int ncid = createFile("x.nc", "clobber");
     EXPECT_EQ(host.call("inqGrps", {ncid}).at(0), Value::empty(vxDOUBLE_CLASS, {0, 0}));

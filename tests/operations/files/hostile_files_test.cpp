@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Classic files that the library opens although their headers go past its own limits.
+// Classic files that the library opens although their headers exceed its own limits.
 #include "tests/operations/operation_test.h"
 #include "tests/support/element_samples.h"
 
@@ -60,7 +60,7 @@ class HostileFiles : public OperationTest {
 protected:
     int openFileOf(const std::string& name, std::size_t rank)
     {
-        // So much is read at once: the library takes no piece of a header beyond that.
+        // The library reads so much at once, and rejects header items larger than that.
         constexpr int chunkSizeHint = 1 << 22;
         const std::string path = folder.file("h.nc");
         writeFile(path, name, rank);
@@ -69,7 +69,7 @@ protected:
     }
 };
 
-TEST_F(HostileFiles, OfTheHighestRankAreRead)
+TEST_F(HostileFiles, AreReadUpToTheHighestRank)
 {
     const int ncid = openFileOf("v", NC_MAX_VAR_DIMS);
     const Value zeros = Value::row(std::vector<double>(NC_MAX_VAR_DIMS));
@@ -80,7 +80,7 @@ TEST_F(HostileFiles, OfTheHighestRankAreRead)
     EXPECT_EQ(got("getVar1Int", {ncid, 0, zeros}).numel(), 1U);
 }
 
-TEST_F(HostileFiles, OfAHigherRankAreDescribedButTheirDataRefused)
+TEST_F(HostileFiles, AreDescribedButNotReadAboveTheHighestRank)
 {
     for (const std::size_t rank : {1025U, 5000U}) {
         const int ncid = openFileOf("v", rank);
@@ -111,7 +111,7 @@ TEST_F(HostileFiles, OfAHigherRankAreDescribedButTheirDataRefused)
     }
 }
 
-TEST_F(HostileFiles, WithNamesOfAnyLengthAreDescribed)
+TEST_F(HostileFiles, AreDescribedWithNamesOfAnyLength)
 {
     for (const std::size_t length : {256U, 257U, 1000U, 300000U}) {
         const std::string name(length, 'n');

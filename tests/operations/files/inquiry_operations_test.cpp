@@ -10,7 +10,7 @@ namespace {
 
 using standalone::Value;
 
-// A file of the library's own making, opened through the module.
+// A file created by the library directly, opened through the module.
 class Inquiry : public ModuleTest {
 protected:
     int open(const std::string& cdl, const std::string& kind = "nc4")

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Inquiries about real files, held against the library's own answers. The folder of the files comes
+// Compares inquiries about real files with direct library calls. The folder of the files comes
 // from the environment variable GRIDIO_DATA.
 #include "tests/support/command_line_tools.h"
 #include "tests/support/library_file.h"
@@ -34,7 +34,7 @@ class RealFiles : public ModuleTest {
 protected:
     std::size_t groupsSeen = 0;
 
-    // Compares a group and all below it, through the identifier that the module gave.
+    // Compares a group and all groups below it, through the identifier that the module returned.
     void compareGroup(int id, const std::string& path)
     {
         SCOPED_TRACE(path);
@@ -65,7 +65,7 @@ protected:
     }
 };
 
-TEST_F(RealFiles, AreWhatTheLibrarySaysTheyAre)
+TEST_F(RealFiles, AreDescribedAsByTheLibrary)
 {
     const char* data = std::getenv("GRIDIO_DATA");
     if (data == nullptr)

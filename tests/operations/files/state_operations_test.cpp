@@ -48,7 +48,7 @@ TEST_F(State, AbortDropsAFileThatWasBeingDefined)
                 raises("libraryFailure", {"abort", "NC_EBADID", "Not a valid ID"}));
 }
 
-TEST_F(State, AbortTakesBackTheDefinitionsSinceRedef)
+TEST_F(State, AbortDiscardsTheDefinitionsSinceRedef)
 {
     int ncid = createFile("x.nc", "clobber");
     host.call("defDim", {ncid, "x", 2});
@@ -177,7 +177,7 @@ TEST_F(State, PEndDefRefusesANegativeValueAndStaysInDefineMode)
                        {"pEndDef", "NC_ENOTINDEFINE", "Operation not allowed in data mode"}));
 }
 
-TEST_F(State, SetFillGivesTheModeThatWasInForce)
+TEST_F(State, SetFillReturnsThePreviousMode)
 {
     const int ncid = createFile("x.nc", "clobber");
     EXPECT_EQ(host.call("setFill", {ncid, NC_NOFILL}), std::vector<Value>{Value::number(NC_FILL)});
@@ -186,7 +186,7 @@ TEST_F(State, SetFillGivesTheModeThatWasInForce)
     EXPECT_EQ(host.call("setFill", {ncid, NC_FILL})[0], Value::number(NC_FILL));
 }
 
-TEST_F(State, SetFillLeavesTheJudgementToTheLibrary)
+TEST_F(State, SetFillLeavesValidationToTheLibrary)
 {
     const int ncid = createFile("x.nc", "clobber");
     const auto outcome = host.attempt("setFill", {ncid, 77});
@@ -211,7 +211,7 @@ TEST_F(State, SetFillSwitchesPrefillingOff)
     }
 }
 
-TEST_F(State, SetDefaultFormatGivesTheFormatThatWasInForce)
+TEST_F(State, SetDefaultFormatReturnsThePreviousFormat)
 {
     const double formats[] = {NC_FORMAT_NETCDF4, NC_FORMAT_64BIT_OFFSET, NC_FORMAT_NETCDF4_CLASSIC,
                               NC_FORMAT_CDF5, NC_FORMAT_CLASSIC};

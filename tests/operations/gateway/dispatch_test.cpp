@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// From the first argument to the handler.
+// Dispatch: from the operation's name to the handler.
 #include "tests/support/module_test.h"
 
 #include <tuple>
@@ -80,7 +80,7 @@ TEST_F(Dispatch, GivesNoResultWhenTheLibraryFails)
     }
 }
 
-// Each argument in turn, with all before it right and all after it as wrong as itself.
+// Each argument in turn is bad, with good ones before it and bad ones after it.
 TEST_F(Dispatch, ReportsTheFirstBadArgument)
 {
     const Value good = folder.file("x.nc");

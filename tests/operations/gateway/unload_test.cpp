@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What becomes of open files when the host unloads the module.
+// Open files when the host unloads the module.
 #include "tests/support/command_line_tools.h"
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"
@@ -43,7 +43,7 @@ bool isOpen(int ncid)
     return nc_inq_format(ncid, &format) == NC_NOERR;
 }
 
-TEST_F(Unload, WarnsNotWhenNoFileIsOpen)
+TEST_F(Unload, DoesNotWarnWhenNoFileIsOpen)
 {
     host.call("inqLibVers");
     EXPECT_EQ(warningsOfUnload(), 0U);
@@ -154,7 +154,7 @@ TEST_F(Unload, DeliberatelyNeitherWarnsAboutNorClosesAFileOfPCreate)
     EXPECT_EQ(warningsOfUnload(), 0U);
     EXPECT_TRUE(isOpen(ncid));
 
-    EXPECT_THAT(host.attempt("close", {ncid}), succeeds()); // and finds nothing to forget
+    EXPECT_THAT(host.attempt("close", {ncid}), succeeds()); // and finds nothing to remove
     EXPECT_FALSE(isOpen(ncid));
 }
 
@@ -180,7 +180,7 @@ TEST_F(Unload, StillHoldsAFileWhoseCloseOrAbortFailed)
 {
     for (const char* operation : {"close", "abort"}) {
         const int ncid = createFile("x.nc");
-        require(nc_close(ncid)); // behind the module's back
+        require(nc_close(ncid)); // without the module
         EXPECT_THAT(host.attempt(operation, {ncid}),
                     raises("libraryFailure", {operation, "NC_EBADID", "Not a valid ID"}));
         EXPECT_EQ(warningsOfUnload(), 1U) << operation;
@@ -203,7 +203,7 @@ TEST_F(Unload, StillHoldsTheFileWhenAGroupOfItWasAborted)
 {
     const int ncid = createFile("x.nc");
     const Value group = host.call("defGrp", {ncid, "g"})[0];
-    EXPECT_THAT(host.attempt("abort", {group}), succeeds()); // the library drops the whole file
+    EXPECT_THAT(host.attempt("abort", {group}), succeeds()); // the library aborts the whole file
     EXPECT_FALSE(isOpen(ncid));
     EXPECT_EQ(warningsOfUnload(), 1U); // and closing it again fails quietly
 }
@@ -230,7 +230,7 @@ TEST_F(Unload, HoldsNothingAfterAnOpeningThatFailed)
 
 TEST_F(Unload, StillHoldsTheFileWhenThereWasNoMemoryForTheResult)
 {
-    // A script that got no identifier cannot close the file: the unload handler does.
+    // A script that received no identifier cannot close the file: the unload handler does.
     host.failAllocation(2); // after the name
     EXPECT_THAT(host.attempt("create", {folder.file("x.nc"), "netcdf4"}), raises("outOfMemory"));
     EXPECT_EQ(warningsOfUnload(), 1U);

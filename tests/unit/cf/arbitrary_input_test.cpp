@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Random text and values: whatever comes from a file or a user gives a value or a reason. Meant to
-// run under sanitizers.
+// Random text and values: any input gives a value or a reason. Meant to run under sanitizers.
 #include "cf/time_columns.h"
 
 #include <gtest/gtest.h>

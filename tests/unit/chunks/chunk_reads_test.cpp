@@ -28,7 +28,7 @@ using testsupport::makeFiltered;
 using testsupport::outcomeOf;
 using testsupport::require;
 
-// One of the codecs, whichever are there, that the library lacks.
+// A codec of this build that the library lacks.
 unsigned foreignCodec()
 {
     for (const unsigned id : testsupport::testCodecs()) {
@@ -54,7 +54,7 @@ protected:
         return blockAt({0, 0, 0}, variable.lengths);
     }
 
-    // Whether readChunked takes the block on; the values are in read then.
+    // Whether readChunked accepts the block; if so, the values are in read.
     bool takesOn(const LibraryFile& file, const Block& block, Reads reads = Reads::whereFaster)
     {
         Variable variable(file.ncid(), file.varid("v"), &chunkEntry);
@@ -266,13 +266,13 @@ TEST_F(ReadsOfChunks, TakeOnFiltersThatTheLibraryLacks)
     }
 }
 
-// The library says what is wrong with the chunk of a filter that it knows.
+// The library reports the error in a chunk of a filter that it knows.
 TEST_F(ReadsOfChunks, RaiseTheLibrarysErrorForDamagedChunks)
 {
     const auto damage = [](std::string& bytes) { bytes[bytes.size() / 2] ^= 0x55; };
     for (const unsigned id : testsupport::testCodecs()) {
         if (id == bloscFilter || id == szipFilter)
-            continue; // without a checksum most damage goes unseen
+            continue; // without a checksum most damage is not detected
         const ChunkedVariable variable;
         const Filter checksum = filterFor(fletcher32Filter, 4);
         makeFiltered(path(), variable, {filterFor(id, 4), checksum}, damage);
@@ -284,7 +284,7 @@ TEST_F(ReadsOfChunks, RaiseTheLibrarysErrorForDamagedChunks)
                     }),
                     failsWith("chunked", NC_EHDFERR))
             << id;
-        // The file is as usable as before.
+        // The file is still usable.
         EXPECT_THAT(outcomeOf([&] {
                         readValues(opened, blockAt({0, 0, 0}, {1, 1, 1}), {read.data(), nullptr});
                     }),
@@ -340,7 +340,7 @@ TEST_F(ReadsOfChunks, LeaveDefineModeAsTheLibraryDoes)
     require(nc_def_var_chunking(file.ncid(), varid, NC_CHUNKED, chunk));
     EXPECT_TRUE(takesOn(file, blockAt({0, 0, 0}, {20, 20, 20}), Reads::wherePossible));
     EXPECT_EQ(read, std::vector<int>(8000, NC_FILL_INT));
-    // A dimension that becomes a variable: its dataset is another one by then.
+    // A dimension becomes a variable: its dataset is replaced.
     require(nc_redef(file.ncid()));
     require(nc_def_var(file.ncid(), "x", NC_INT, 1, &dimids[2], &varid));
     require(nc_def_var_chunking(file.ncid(), varid, NC_CHUNKED, chunk));
@@ -366,7 +366,7 @@ TEST_F(ReadsOfChunks, RaiseThatOfTheClassicModelInDefineMode)
                 failsWith("chunked", NC_EINDEFINE));
 }
 
-// The library leaves the memory as it was.
+// The library leaves the memory unchanged.
 TEST_F(ReadsOfChunks, GiveZerosForMissingChunksWithoutFilling)
 {
     const LibraryFile file = LibraryFile::create(path());
@@ -388,7 +388,7 @@ TEST_F(ReadsOfChunks, GiveZerosForMissingChunksWithoutFilling)
 
 class InterruptedReads : public ReadsOfChunks {
 protected:
-    // Each read is interrupted at a later question, until it has none that late.
+    // Each read is interrupted at a later check, until it has fewer checks.
     template <class Read> void interruptEach(const LibraryFile& file, Read readAll)
     {
         const std::vector<int> expected = upTo(countOf(variable.lengths));
@@ -411,7 +411,7 @@ protected:
     ChunkedVariable variable;
 };
 
-TEST_F(InterruptedReads, OfChunksRaiseTheHostsInterrupt)
+TEST_F(InterruptedReads, RaiseTheHostsInterruptBetweenChunks)
 {
     variable.lengths = {64, 200, 200};
     variable.chunk = {1, 50, 200};
@@ -425,7 +425,7 @@ TEST_F(InterruptedReads, OfChunksRaiseTheHostsInterrupt)
     }
 }
 
-TEST_F(InterruptedReads, OfSlabsRaiseTheHostsInterrupt)
+TEST_F(InterruptedReads, RaiseTheHostsInterruptBetweenSlabs)
 {
     variable.lengths = {50, 500, 400}; // 40 MB: three slabs
     variable.chunk.clear();

@@ -20,7 +20,7 @@ TEST(CopyElements, TakesEachStepAndOrderOfEachSize)
         for (const std::size_t step : {1U, 2U, 3U}) {
             for (const bool isSwapped : {false, true}) {
                 Bytes copied(5 * size);
-                // Behind an odd byte: elements need not be aligned.
+                // After an odd byte: elements need not be aligned.
                 copyElements(source.data() + 1, size, step, 5, isSwapped, copied.data());
                 for (std::size_t i = 0; i < copied.size(); ++i) {
                     const std::size_t b = isSwapped ? size - 1 - i % size : i % size;

@@ -20,7 +20,7 @@ constexpr std::size_t elementSize = 4;
 constexpr std::size_t elementCount = 300;
 constexpr std::size_t chunkSize = elementCount * elementSize;
 
-// Numbers that grow, which every filter makes smaller.
+// Increasing numbers, which every filter compresses.
 std::string someElements()
 {
     std::string bytes(chunkSize, '\0');
@@ -41,7 +41,7 @@ FilterPipeline pipelineOf(const Filters& filters)
     return *pipeline;
 }
 
-// One after the other, whether they come in planes or not.
+// Contiguous, whether they are stored as planes or not.
 std::string joined(const ChunkElements& elements)
 {
     std::string bytes(chunkSize, '\0');
@@ -139,7 +139,7 @@ TEST(ChunkDecoder, DecompressesToWhereTheElementsBelong)
     }
 }
 
-// Whatever is stored gives a chunk or throws.
+// Any stored bytes give a chunk or throw.
 TEST(ChunkDecoder, ThrowsForDamagedBytes)
 {
     std::mt19937 engine(1);

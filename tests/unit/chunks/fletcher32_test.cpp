@@ -34,7 +34,7 @@ TEST(Fletcher32, IsTheSumOfNumbersAndOfTheirSums)
     EXPECT_EQ(checksumOf(std::string("\x01\x02\x03", 3)), 0x05040402U) << "an odd byte";
 }
 
-TEST(Fletcher32, OfLongDataIsTheSameAsSummedUpOneByOne)
+TEST(Fletcher32, EqualsTheSumOneByOneForLongData)
 {
     std::mt19937 engine(1);
     for (int round = 0; round < 400; ++round) {

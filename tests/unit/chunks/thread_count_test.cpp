@@ -24,7 +24,7 @@ protected:
     static constexpr const char* variable = "GRIDIO_THREADS";
 };
 
-TEST_F(ThreadCount, IsThatOfTheMachineUnlessItIsSet)
+TEST_F(ThreadCount, DefaultsToTheMachinesNumber)
 {
     const std::size_t usual = threadCount();
     EXPECT_GE(usual, 1U);
@@ -73,7 +73,7 @@ TEST_F(ThreadCount, IsNoLargerThanTheWork)
     EXPECT_EQ(workSizes(10000, 1024).threads, 8U);
 }
 
-// What is packed, and one unpacked chunk for each thread.
+// The packed chunks, and one unpacked chunk for each thread.
 TEST_F(ThreadCount, KeepsTheMemoryWithinItsBound)
 {
     for (const std::size_t threads : {1U, 2U, 5U, 16U, 64U}) {

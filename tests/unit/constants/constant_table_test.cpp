@@ -13,14 +13,14 @@
 namespace Ovard::gridio {
 namespace {
 
-constexpr double typed = -1; // never returned: the value comes in the class of its netCDF type
+constexpr double typed = -1; // never returned: the value has the class of its netCDF type
 
 struct Expected {
     const char* name;
     double value;
 };
 
-// Typed anew, in the order of the list.
+// Written independently of the table, in its order.
 // clang-format off
 const Expected expectedConstants[] = {
     {"NC_BYTE", 1}, {"NC_UBYTE", 7}, {"NC_CHAR", 2}, {"NC_DOUBLE", 6}, {"NC_FLOAT", 5},

@@ -183,7 +183,7 @@ TEST(RequireStorage, ComparesBytesAndNotElements)
     }
 }
 
-TEST(RequireStorage, IsNotFooledByAProductThatOverflows)
+TEST(RequireStorage, DetectsAProductThatOverflows)
 {
     const Value data = Value(1);
     EXPECT_THAT(outcomeOf([&] {

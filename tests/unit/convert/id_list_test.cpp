@@ -16,7 +16,7 @@ using testsupport::raises;
 
 const OperationEntry row = {61, "inqGrps", 1, nullptr};
 
-// A library that answers the first call with a count and the second with a list.
+// A stand-in that returns a count at the first call and a list at the second.
 struct Library {
     std::vector<int> ids;
     int countStatus = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the scalar readers do not reach; numeric_readers_test.cpp has the bounds.
+// Cases that the scalar readers do not reach; numeric_readers_test.cpp has the bounds.
 #include "convert/numeric_conversion.h"
 
 #include <gtest/gtest.h>

@@ -33,7 +33,7 @@ constexpr float singleInf = std::numeric_limits<float>::infinity();
 constexpr double doubleNan = std::numeric_limits<double>::quiet_NaN();
 constexpr float singleNan = std::numeric_limits<float>::quiet_NaN();
 
-// What a reader gave: a value, or the way in which it failed.
+// The outcome of a reader: a value, or the kind of failure.
 template <class T> struct Reading {
     std::optional<T> value;
     std::string failure;
@@ -223,7 +223,7 @@ TEST(NumericReaders, RoundADoubleToNearestForFloatWithinTheFiniteFloats)
         const double limit = sign * FLT_MAX;
         expectValue(&readFloatScalar, Value(limit), static_cast<float>(limit));
         expectValue(&readFloatScalar, Value(std::nextafter(limit, 0.0)), static_cast<float>(limit));
-        // would round to the largest float, but lies beyond it
+        // would round to the largest float, but is beyond it
         expectFailure(&readFloatScalar, Value(std::nextafter(limit, sign * doubleInf)), failure);
         expectFailure(&readFloatScalar, Value(sign * DBL_MAX), failure);
     }

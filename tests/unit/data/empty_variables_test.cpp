@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What a whole read makes of the library's answers about a variable without values, in which
-// releases of the library differ.
+// Whole reads of a variable without values, for which releases of the library return different
+// statuses.
 #include "tests/library/library_stand_in.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
@@ -26,7 +26,7 @@ protected:
         host.call("endDef", {ncid});
     }
 
-    // Has the library answer typed reads with a status and do nothing.
+    // Makes the library's typed reads return a status and do nothing.
     void answerReads(int status)
     {
         library.answers = {{"nc_get_var_int", status}, {"nc_get_var_text", status}};
@@ -36,7 +36,7 @@ private:
     LibraryStandIn library;
 };
 
-TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
+TEST_F(EmptyVariables, AreFlattenedWithOrWithoutAStatusOfTheLibrary)
 {
     for (const int status : {NC_NOERR, NC_EINVALCOORDS}) {
         answerReads(status);
@@ -45,14 +45,14 @@ TEST_F(EmptyVariables, AreFlattenedWhetherTheLibraryAnswersWithAStatusOrWithout)
     }
 }
 
-TEST_F(EmptyVariables, ReadAsTextThatIsNoneHaveNoClass)
+TEST_F(EmptyVariables, HaveNoClassWhenReadAsTextWithoutBeingText)
 {
     EXPECT_THAT(host.attempt("getVarText", {ncid, 0}), failsWith("getVarText", NC_ECHAR));
-    answerReads(NC_EINVALCOORDS); // of a library that looks at the type later
+    answerReads(NC_EINVALCOORDS); // from a library that checks the type later
     EXPECT_EQ(host.call("getVarText", {ncid, 0}).at(0), Value::empty(vxUNKNOWN_CLASS));
 }
 
-TEST_F(EmptyVariables, ThatAreCharGiveACharArrayWhateverTheOperation)
+TEST_F(EmptyVariables, ReadAsCharArraysWhenTheyAreChar)
 {
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 1}), failsWith("getVarInt", NC_ECHAR));
     answerReads(NC_EINVALCOORDS);
@@ -66,7 +66,7 @@ TEST_F(EmptyVariables, FailWithEveryOtherStatus)
     EXPECT_THAT(host.attempt("getVarText", {ncid, 1}), failsWith("getVarText", NC_EHDFERR));
 }
 
-TEST_F(EmptyVariables, OfOtherShapesAreNotFlattened)
+TEST_F(EmptyVariables, AreNotFlattenedFromOtherShapes)
 {
     answerReads(NC_EINVALCOORDS);
     EXPECT_THAT(host.attempt("getVarInt", {ncid, 2}), failsWith("getVarInt", NC_EINVALCOORDS));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Family handlers reached with a code outside their family: the operation table never does that.
+// Family handlers called with a code outside their family, which the operation table never does.
 #include "operation_entry.h"
 
 #include "tests/support/library_file.h"
@@ -20,7 +20,7 @@ namespace {
 
 class FamilyCodes : public ModuleTest {
 protected:
-    // Calls a handler with a row of our own.
+    // Calls a handler with our own row.
     static Outcome callWithCode(Handler handler, std::int32_t code,
                                 const std::vector<Value>& values)
     {

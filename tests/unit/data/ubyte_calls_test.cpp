@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Which library function serves "Uchar" and which "Ubyte": no file shows the difference.
+// Which library functions "Uchar" and "Ubyte" call: no file shows the difference.
 #include "tests/library/library_stand_in.h"
 #include "tests/support/module_test.h"
 

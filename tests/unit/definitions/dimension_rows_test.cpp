@@ -38,7 +38,7 @@ TEST_F(DimensionRows, AreReadInStorageOrderWhateverTheShape)
     EXPECT_THAT(ids(Value::numeric<double>({2, 2}, {0, 1, 2, 3})), ElementsAre(3, 2, 1, 0));
 }
 
-TEST_F(DimensionRows, OfNoElementsAreEmpty)
+TEST_F(DimensionRows, MayBeEmpty)
 {
     EXPECT_THAT(ids(Value::empty()), IsEmpty());
     EXPECT_THAT(sizes(Value::empty(vxDOUBLE_CLASS, {0, 3})), IsEmpty());
@@ -104,7 +104,7 @@ Value hugeArray(vxClassID classId, std::size_t count)
     return Value(array);
 }
 
-TEST_F(DimensionRows, ThatOverflowAnIntAreOutOfBoundsAndNotMerelyTooLong)
+TEST_F(DimensionRows, AreOutOfBoundsWhenTheyOverflowAnInt)
 {
     const Value atLimit = hugeArray(vxDOUBLE_CLASS, 2147483647);
     EXPECT_THAT(host.attempt("defVar", {0, "v", 6, atLimit}),

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the storage operations make of answers that no file brings the library to give, and what
-// they hand over.
+// The storage operations for results that no file makes the library return, and the arguments that
+// they pass.
 #include "tests/library/library_stand_in.h"
 #include "tests/support/library_file.h"
 #include "tests/support/module_test.h"

@@ -11,7 +11,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// Typed anew, not copied from the map.
+// Written independently, not copied from the map.
 // clang-format off
 const std::map<int, std::string> expectedNames = {
     {-1, "NC2_ERR"}, {-33, "NC_EBADID"}, {-34, "NC_ENFILE"}, {-35, "NC_EEXIST"},

@@ -22,7 +22,7 @@ struct Case {
     std::vector<Argument> arguments;
 };
 
-// Made from arguments of exactly these kinds, in this order.
+// Constructible from arguments of exactly these kinds, in this order.
 template <class Id, class... Arguments>
 Case make(const std::string& identifier, const Arguments&... arguments)
 {
@@ -31,7 +31,7 @@ Case make(const std::string& identifier, const Arguments&... arguments)
     return {std::make_shared<Id>(arguments...), "Ovard:gridio:" + identifier, {arguments...}};
 }
 
-// Typed anew: every kind of failure, its identifier and the kinds of its arguments.
+// Written independently: every kind of failure, its identifier and the kinds of its arguments.
 std::vector<Case> catalogue()
 {
     const Text a = "first";

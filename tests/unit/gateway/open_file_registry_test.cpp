@@ -27,7 +27,7 @@ protected:
     standalone::Host host;
     testsupport::LibraryStandIn library;
 
-    // Registers a file, and takes it out at the end of the test whatever happens.
+    // Registers a file, and removes it at the end of the test in any case.
     void hold(int ncid)
     {
         held_.push_back(ncid);

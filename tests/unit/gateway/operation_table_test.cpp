@@ -25,7 +25,7 @@ struct ExpectedRow {
     int code;
 };
 
-// Typed anew, not copied from the table.
+// Written independently, not copied from the table.
 // clang-format off
 const ExpectedRow expectedRows[] = {
     // File life cycle
@@ -138,7 +138,7 @@ TEST(OperationTable, KeepsTheUnreachableSecondInqDimIDsRowAfterTheFirst)
     EXPECT_EQ(handlers.size(), 1U);
 }
 
-// The family whose handler serves an operation; an operation that is alone is its own family.
+// The family whose handler serves an operation; a single operation is its own family.
 std::string familyOf(const std::string& name)
 {
     if (name == "putAttText")

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// How an identifier becomes an error: vx/error.h.
+// Raising an identifier as an error: vx/error.h.
 #include "vx/error.h"
 
 #include "error_identifiers.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// What the library would crash on, and a script must survive.
+// Calls that would crash the library, and must not crash a script.
 #include "tests/operations/operation_test.h"
 #include "tests/support/library_failure.h"
 #include "tests/support/library_file.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-// No file may grow beyond this size while it lives, as on a full disk.
+// During its lifetime no file may grow beyond this size, as on a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes)
@@ -39,8 +39,8 @@ using testsupport::raises;
 
 class CrashGuards : public OperationTest {
 protected:
-    // A classic file in define mode with a fill value of the wrong type, which the library takes
-    // and then can not write.
+    // A classic file in define mode with a fill value of the wrong type, which the library accepts
+    // and then cannot write.
     int createUnclosableFile()
     {
         const int ncid = id("create", {folder.file("unclosable.nc"), "clobber"});
@@ -51,7 +51,7 @@ protected:
     }
 };
 
-TEST_F(CrashGuards, UserDefinedFormatsAreRefusedWhereTheLibraryWouldCrash)
+TEST_F(CrashGuards, RefuseUnregisteredUserDefinedFormats)
 {
     for (const int flag : {NC_UDF0, NC_UDF1, NC_UDF0 | NC_NETCDF4}) {
         EXPECT_THAT(attempt("create", {folder.file("x.nc"), flag}),
@@ -61,7 +61,7 @@ TEST_F(CrashGuards, UserDefinedFormatsAreRefusedWhereTheLibraryWouldCrash)
     }
 }
 
-TEST_F(CrashGuards, OpeningAFileInMemoryIsRefusedWhereTheLibraryWouldCrash)
+TEST_F(CrashGuards, RefuseToOpenAFileInMemoryWithoutMemory)
 {
     host.call("close", host.call("create", {folder.file("x.nc"), "clobber"}));
     EXPECT_THAT(attempt("open", {folder.file("x.nc"), NC_INMEMORY}),
@@ -70,8 +70,8 @@ TEST_F(CrashGuards, OpeningAFileInMemoryIsRefusedWhereTheLibraryWouldCrash)
                 raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
 }
 
-// The library itself refuses a file in memory with some of the flags that -1 stands for.
-TEST_F(CrashGuards, OpeningWithEveryFlagIsLeftToTheLibrary)
+// The library itself refuses a file in memory with some of the flags in -1.
+TEST_F(CrashGuards, LeaveEveryOtherOpenFlagToTheLibrary)
 {
     host.call("close", host.call("create", {folder.file("x.nc"), "clobber"}));
     for (const int mode : {-1, NC_INMEMORY | NC_DISKLESS, NC_INMEMORY | NC_MMAP}) {
@@ -83,7 +83,7 @@ TEST_F(CrashGuards, OpeningWithEveryFlagIsLeftToTheLibrary)
     }
 }
 
-TEST_F(CrashGuards, AlignmentsOfZeroAreLeftToTheLibraryInAFileWithoutVariables)
+TEST_F(CrashGuards, AllowZeroAlignmentsInAFileWithoutVariables)
 {
     const int ncid = id("create", {folder.file("x.nc"), "clobber"});
     host.call("defDim", {ncid, "x", 3});
@@ -91,7 +91,7 @@ TEST_F(CrashGuards, AlignmentsOfZeroAreLeftToTheLibraryInAFileWithoutVariables)
     host.call("close", {ncid});
 }
 
-TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideByThem)
+TEST_F(CrashGuards, RefuseZeroAlignmentsThatTheLibraryWouldDivideBy)
 {
     const int ncid = id("create", {folder.file("x.nc"), "clobber"});
     host.call("defVar", {ncid, "v", NC_INT, row({})});
@@ -106,7 +106,7 @@ TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreRefusedWhereTheLibraryWouldDivideB
     host.call("close", {netcdf4});
 }
 
-TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreLeftToTheLibraryInDataMode)
+TEST_F(CrashGuards, LeaveZeroAlignmentsToTheLibraryInDataMode)
 {
     const int ncid = id("create", {folder.file("x.nc"), "clobber"});
     host.call("defVar", {ncid, "v", NC_INT, row({})});
@@ -120,7 +120,7 @@ TEST_F(CrashGuards, ClassicAlignmentsOfZeroAreLeftToTheLibraryInDataMode)
     host.call("close", {readOnly});
 }
 
-TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedStaysOpenAndUsable)
+TEST_F(CrashGuards, KeepAClassicFileUsableThatCannotBeClosed)
 {
     const int ncid = createUnclosableFile();
     const auto refusal =
@@ -134,14 +134,14 @@ TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedStaysOpenAndUsable)
     host.call("close", {ncid});
 }
 
-TEST_F(CrashGuards, AClassicFileThatCanNotBeClosedCanBeAborted)
+TEST_F(CrashGuards, LetAClassicFileBeAbortedThatCannotBeClosed)
 {
     host.call("abort", {createUnclosableFile()});
 }
 
-// In closing, the library would say nothing of values that it could not write. (A disk that takes
-// a part of them leaves a file that closing again does not mend either: then only the error tells.)
-TEST_F(CrashGuards, AClassicFileOnAFullDiskStaysOpenUntilThereIsRoom)
+// When it closes a file, the library would not report values that it could not write. (If the disk
+// takes part of them, closing again does not repair the file: then there is only the error.)
+TEST_F(CrashGuards, KeepAClassicFileOpenWhileTheDiskIsFull)
 {
     const int ncid = id("create", {folder.file("full.nc"), "clobber"});
     const double dimid = number("defDim", {ncid, "x", 100});
@@ -161,7 +161,7 @@ TEST_F(CrashGuards, AClassicFileOnAFullDiskStaysOpenUntilThereIsRoom)
     EXPECT_EQ(values, std::vector<double>(100, 1.5));
 }
 
-TEST_F(CrashGuards, AReadOnlyFileThatIsTruncatedCanStillBeClosed)
+TEST_F(CrashGuards, LetATruncatedReadOnlyFileBeClosed)
 {
     const int made = id("create", {folder.file("short.nc"), "clobber"});
     host.call("defDim", {made, "x", 100});
@@ -171,8 +171,8 @@ TEST_F(CrashGuards, AReadOnlyFileThatIsTruncatedCanStillBeClosed)
     host.call("close", {ncid});
 }
 
-// Another process has the file open, and has locked it as HDF5 does.
-TEST_F(CrashGuards, AFileThatIsLockedIsNotEmptied)
+// Another process has the file open and locked, as HDF5 does.
+TEST_F(CrashGuards, DoNotEmptyALockedFile)
 {
     const std::string path = folder.file("locked.nc");
     const int made = id("create", {path, "netcdf4"});

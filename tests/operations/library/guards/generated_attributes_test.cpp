@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The name of the text that the library makes up for netCDF-4 files is like any other in other
-// places.
+// _NCProperties, which the library generates for netCDF-4 files, is an ordinary name elsewhere.
 #include "tests/operations/operation_test.h"
 #include "tests/support/library_file.h"
 
@@ -8,9 +7,9 @@ using namespace testsupport;
 
 namespace {
 
-class MadeUpText : public OperationTest {};
+class ProvenanceAttribute : public OperationTest {};
 
-TEST_F(MadeUpText, IsAnAttributeLikeAnyOtherInAClassicFile)
+TEST_F(ProvenanceAttribute, IsAnOrdinaryAttributeInAClassicFile)
 {
     const int from = createFile("from.nc", "clobber");
     const int to = createFile("to.nc", "clobber");
@@ -30,8 +29,8 @@ TEST_F(MadeUpText, IsAnAttributeLikeAnyOtherInAClassicFile)
     closeFile(to);
 }
 
-// Of these attributes the library writes fewer bytes than the type asked for has.
-TEST_F(MadeUpText, ReadAsNumbersShowsNothingOfOtherMemory)
+// For these attributes the library writes fewer bytes than the requested type has.
+TEST_F(ProvenanceAttribute, ReadAsNumbersShowsNothingOfOtherMemory)
 {
     closeFile(createFile("x.nc"));
     const int ncid = openFile("x.nc");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The file that a path names is the file that is opened or created, whatever characters it has.
+// Checks that the file that a path names is opened or created, whatever characters it has.
 #include "tests/operations/operation_test.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/file_formats.h"
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// In a working folder of its own, since these paths are relative.
+// In its own working folder, since these paths are relative.
 class FilePaths : public OperationTest {
 protected:
     void SetUp() override
@@ -41,8 +41,8 @@ protected:
         return found;
     }
 
-    // The length of the one dimension of the file, read past the module from a copy with a plain
-    // name: the library's own functions would open another file.
+    // The length of the file's dimension, read by the library from a copy with a plain name: under
+    // the original name it would open another file.
     static std::size_t lengthIn(const std::string& path)
     {
         fs::copy_file(path, "copy.nc", fs::copy_options::overwrite_existing);
@@ -114,7 +114,7 @@ TEST_F(FilePaths, LeaveFilesOfSimilarNamesAlone)
     }
 }
 
-TEST_F(FilePaths, WithABackslashFailAsOthersDo)
+TEST_F(FilePaths, FailWithTheUsualStatusDespiteABackslash)
 {
     for (const FileFormat& format : fileFormats) {
         host.call("close", {number("create", {"a\\b.nc", format.mode})});
@@ -135,7 +135,7 @@ TEST_F(FilePaths, WithABackslashFailAsOthersDo)
     EXPECT_EQ(ncdumpKind("plain.nc"), "netCDF-4");
 }
 
-TEST_F(FilePaths, InMemoryLeaveNothingOnTheDisk)
+TEST_F(FilePaths, LeaveNothingOnTheDiskForFilesInMemory)
 {
     host.call("close", {number("create", {"a\\b.nc", NC_NETCDF4 | NC_DISKLESS})});
     EXPECT_EQ(files(), std::set<std::string>());
@@ -143,7 +143,7 @@ TEST_F(FilePaths, InMemoryLeaveNothingOnTheDisk)
     EXPECT_EQ(files(), std::set<std::string>{"a\\b.nc"});
 }
 
-TEST_F(FilePaths, OfPipesAndDevicesAreRefusedAtOnce)
+TEST_F(FilePaths, RefusePipesAndDevicesAtOnce)
 {
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
     for (const char* path : {"pipe", "/dev/zero", "/dev/null"}) {
@@ -160,7 +160,7 @@ protected:
     }
 };
 
-TEST_F(ZarrFolders, ThatHoldAnythingElseAreNotReplaced)
+TEST_F(ZarrFolders, AreNotReplacedWhenTheyHoldAnythingElse)
 {
     fs::create_directories("store/data");
     std::ofstream("store/data/results.txt") << "of a year";
@@ -176,7 +176,7 @@ TEST_F(ZarrFolders, ThatHoldAnythingElseAreNotReplaced)
     EXPECT_EQ(files(), std::set<std::string>{"store/data/results.txt"});
 }
 
-TEST_F(ZarrFolders, AtAddressesThatFreezeTheLibraryAreRefused)
+TEST_F(ZarrFolders, AreRefusedAtAddressesThatFreezeTheLibrary)
 {
     const std::string place = "file://" + folder.file("here/store");
     for (const char* parameters : {"#mode=zarr", "#mode=file,zarr", "#x=1&mode=ZARR",
@@ -197,7 +197,7 @@ TEST_F(ZarrFolders, AtAddressesThatFreezeTheLibraryAreRefused)
     }
 }
 
-TEST_F(ZarrFolders, ThatAreEmptyOrMissingOrStoresBecomeStores)
+TEST_F(ZarrFolders, BecomeStoresWhenEmptyMissingOrStores)
 {
     fs::create_directories("store");
     host.call("close", {number("create", {address(), "netcdf4"})}); // empty

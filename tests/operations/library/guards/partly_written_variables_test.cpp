@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Variables that are shorter than their unlimited dimensions have become. First seen as differences
-// between a random program and its replay in plain C, which the library's bulk reads get wrong.
+// Variables that are shorter than their unlimited dimensions. The random programs found that the
+// library's bulk reads return wrong values for them.
 #include "tests/operations/operation_test.h"
 #include "tests/support/library_file.h"
 
@@ -15,8 +15,8 @@ protected:
     void SetUp() override { host.fillUninitialised(0x55); }
 
     // v has the values 1, 2, ... in its first written[0] by written[1] elements; w, of the same
-    // dimensions, has made both lengths what they are, where 0 stands for unlimited. The fill value
-    // of v is -1. In a group whose dimensions are those of the file.
+    // dimensions, determines both lengths, where 0 means unlimited. The fill value of v is -1. In a
+    // group whose dimensions are those of the file.
     int makeFile(const std::array<std::size_t, 2>& lengths,
                  const std::array<std::size_t, 2>& written)
     {
@@ -42,7 +42,7 @@ protected:
         return ncid;
     }
 
-    // What the library says of the element, read alone.
+    // The element as the library reads it alone.
     static double element(int ncid, std::size_t t, std::size_t x)
     {
         const std::size_t index[] = {t, x};
@@ -63,7 +63,7 @@ const Written files[] = {
     {{0, 4}, {3, 4}}, {{5, 0}, {5, 2}}, {{0, 0}, {3, 2}}, {{0, 0}, {1, 1}}, {{0, 0}, {5, 4}},
 };
 
-TEST_F(UnwrittenElements, AreFillValuesAndMoveNoOthers)
+TEST_F(UnwrittenElements, AreFillValuesAndLeaveOthersInPlace)
 {
     for (const Written& file : files) {
         const int ncid = makeFile(file.lengths, file.written);
@@ -92,7 +92,7 @@ TEST_F(UnwrittenElements, AreFillValuesAndMoveNoOthers)
     }
 }
 
-TEST_F(UnwrittenElements, OfRecordsWithAStrideAreOnlyThoseNotWritten)
+TEST_F(UnwrittenElements, AreOnlyTheUnwrittenOnesOfRecordsWithAStride)
 {
     const int ncid = createFile("records.nc");
     int t = 0;
@@ -140,8 +140,9 @@ TEST_F(UnwrittenElements, DoNotHideThatAnElementIsOutOfRange)
     closeFile(ncid & ~0xFFFF);
 }
 
-// Only the library's own word, that there are none, tells that the last element may be unwritten.
-TEST_F(UnwrittenElements, OfAVariableWithoutFillValuesMoveNoOthers)
+// Only the library's report that there is no fill value shows that the last element may be
+// unwritten.
+TEST_F(UnwrittenElements, LeaveOthersInPlaceWithoutFillValues)
 {
     const int ncid = createFile("unfilled.nc");
     int dimids[2] = {};
@@ -164,7 +165,7 @@ TEST_F(UnwrittenElements, OfAVariableWithoutFillValuesMoveNoOthers)
 }
 
 // The last element of such a variable may be larger than any that it is compared with.
-TEST_F(UnwrittenElements, OfTypesThatTheHostDoesNotHaveFailAsAnyOther)
+TEST_F(UnwrittenElements, FailAsUsualForTypesThatTheHostDoesNotHave)
 {
     const int ncid = createFile("types.nc");
     int dimids[2] = {};
@@ -173,7 +174,7 @@ TEST_F(UnwrittenElements, OfTypesThatTheHostDoesNotHaveFailAsAnyOther)
     nc_type opaque = NC_NAT;
     require(nc_def_opaque(ncid, 4096, "large", &opaque));
     int varid = 0;
-    // Not strings, of which the library leaks those that it reads and cannot convert.
+    // Not strings: the library leaks those that it reads and cannot convert.
     require(nc_def_var(ncid, "o", opaque, 2, dimids, &varid));
     require(nc_def_var(ncid, "w", NC_INT, 2, dimids, &varid));
     const std::size_t last[] = {2, 2};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Renaming dimensions and variables of a file that was opened for it.
+// Renaming dimensions and variables of an existing file.
 #include "tests/operations/operation_test.h"
 #include "tests/support/command_line_tools.h"
 #include "tests/support/library_file.h"
@@ -42,7 +42,7 @@ protected:
     }
 };
 
-TEST_F(RenamedDimensions, AreThoseOfVariablesThatAreSeenAfterwards)
+TEST_F(RenamedDimensions, StayThoseOfVariablesInquiredLater)
 {
     for (const int mode : modes) {
         const std::string path = makeFile(mode);
@@ -59,7 +59,7 @@ TEST_F(RenamedDimensions, AreThoseOfVariablesThatAreSeenAfterwards)
     }
 }
 
-TEST_F(RenamedDimensions, OfAGroupAreThoseOfVariablesOutsideOfIt)
+TEST_F(RenamedDimensions, StayThoseOfVariablesInOtherGroups)
 {
     const int made = createFile("groups.nc");
     int group = 0;
@@ -78,7 +78,7 @@ TEST_F(RenamedDimensions, OfAGroupAreThoseOfVariablesOutsideOfIt)
     EXPECT_THAT(ncdump(folder.file("groups.nc"), "-h"), HasSubstr("int w(latitude) ;\n"));
 }
 
-// What the C library's own tests do in tst_vars2: a longer name is refused in data mode.
+// As in tst_vars2 of the C library's tests: a longer name is refused in data mode.
 TEST_F(RenamedDimensions, SurviveThatAVariableIsNotRenamed)
 {
     const std::string path = makeFile(modes[1]);
@@ -94,7 +94,7 @@ TEST_F(RenamedDimensions, SurviveThatAVariableIsNotRenamed)
     EXPECT_THAT(ncdump(path, "-h"), HasSubstr("\tint x(x) ;\n\tint v(x, z) ;\n"));
 }
 
-TEST_F(RenamedDimensions, OfClassicFilesAreLeftToTheLibrary)
+TEST_F(RenamedDimensions, AreLeftToTheLibraryInClassicFiles)
 {
     const int ncid = createFile("classic.nc", "clobber");
     host.call("defDim", {ncid, "x", 3});

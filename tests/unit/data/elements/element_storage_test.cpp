@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// Where the library reads elements from and writes them to.
+// The storage that the library reads elements from and writes them to.
 #include "data/elements/element_storage.h"
 
 #include "gateway/operation_table.h"
@@ -18,7 +18,7 @@ namespace {
 
 class ElementStorage : public ModuleTest {
 protected:
-    // What a read of these bytes gives.
+    // The result of reading these bytes.
     static Value readBytes(const ElementType& element, const SizeVector& dims, const Bytes& bytes)
     {
         vxArray* slot = nullptr;
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(ElementStorage, OfAResultIsWhatTheLibraryWrites)
+TEST_F(ElementStorage, ReturnsWhatTheLibraryWritesIntoAResult)
 {
     for (const ElementType& element : elementTypes) {
         const Bytes bytes = sampleBytes(element, 12);
@@ -40,13 +40,13 @@ TEST_F(ElementStorage, OfAResultIsWhatTheLibraryWrites)
     }
 }
 
-TEST_F(ElementStorage, OfTextIsWidenedBySignExtensionDeliberately)
+TEST_F(ElementStorage, WidensTextBySignExtensionDeliberately)
 {
     const Value text = readBytes(*findExternalType(NC_CHAR), {4, 1}, "A\x7F\x80\xE9");
     EXPECT_EQ(text.toUtf16(), u"A\x7F\xFF80\xFFE9");
 }
 
-TEST_F(ElementStorage, OfAnEmptyResultHasNoElements)
+TEST_F(ElementStorage, IsEmptyForAnEmptyResult)
 {
     for (const ElementType& element : elementTypes) {
         const Value value = readBytes(element, {0, 3}, "");
@@ -64,7 +64,7 @@ TEST_F(ElementStorage, IsInTheResultSlotBeforeAnythingIsRead)
     }
 }
 
-TEST_F(ElementStorage, ThatOverflowsIsRefused)
+TEST_F(ElementStorage, RefusesSizesThatOverflow)
 {
     vxArray* slot = nullptr;
     const std::size_t half = std::size_t{1} << 32;
@@ -75,7 +75,7 @@ TEST_F(ElementStorage, ThatOverflowsIsRefused)
     EXPECT_EQ(slot, nullptr);
 }
 
-TEST_F(ElementStorage, OfASourceIsTheHostsOwn)
+TEST_F(ElementStorage, UsesTheHostsStorageOfASource)
 {
     for (const ElementType& element : elementTypes) {
         const Bytes bytes = sampleBytes(element, 12);
@@ -86,7 +86,7 @@ TEST_F(ElementStorage, OfASourceIsTheHostsOwn)
     }
 }
 
-TEST_F(ElementStorage, OfASourceMustHoldAsManyBytesAsAreRead)
+TEST_F(ElementStorage, RefusesASourceWithFewerBytesThanAreRead)
 {
     for (const ElementType& element : elementTypes) {
         const std::size_t read = element.hostClass == vxCHAR_CLASS ? 2 : element.size;

@@ -63,7 +63,7 @@ TEST(ElementTypes, HaveNoRowOutsideTheirFamily)
     }
 }
 
-TEST(ElementTypes, WithoutUbyteGoFromUcharToText)
+TEST(ElementTypes, GoFromUcharToTextWithoutUbyte)
 {
     EXPECT_STREQ(findElementType(wholeReads, 36)->suffix, "Uchar");
     EXPECT_STREQ(findElementType(wholeReads, 37)->suffix, "Text");

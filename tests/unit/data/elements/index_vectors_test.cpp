@@ -25,7 +25,7 @@ protected:
     static SizeVector sizes(const Value& a) { return toSizeVector(a.array(), "START"); }
     static StrideVector strides(const Value& a) { return toStrideVector(a.array(), "STRIDE"); }
 
-    // Of the conversion within a call of the module, where an overflow is given its name.
+    // The conversion within a call of the module, which names an overflow.
     Outcome start(const Value& a) { return host.attempt("getVar1Double", {-7, 0, a}); }
     Outcome count(const Value& a) { return host.attempt("getVaraDouble", {-7, 0, 1, a}); }
     Outcome stride(const Value& a) { return host.attempt("getVarsDouble", {-7, 0, 1, 1, a}); }

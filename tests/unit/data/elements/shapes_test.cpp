@@ -39,7 +39,7 @@ TEST(ProductOf, MultipliesAndIsOneOfNothing)
     EXPECT_EQ(productOf({half, half - 1}), half * (half - 1));
 }
 
-TEST(ProductOf, ThatDoesNotFitOverflows)
+TEST(ProductOf, OverflowsWhenItDoesNotFit)
 {
     const std::size_t half = std::size_t{1} << 32;
     EXPECT_THROW(productOf({half, half}), boost::numeric::positive_overflow);

@@ -14,7 +14,7 @@ using Ovard::gridio::nameBuffer;
 
 namespace {
 
-// Runs a piece of code that may take so many more bytes of addresses than the process has now.
+// Runs code that may take only so many more bytes of address space than the process has now.
 template <class Function> void withRoomFor(rlim_t bytes, Function&& function)
 {
     rlim_t pages = 0;
@@ -28,7 +28,7 @@ template <class Function> void withRoomFor(rlim_t bytes, Function&& function)
     setrlimit(RLIMIT_AS, &before);
 }
 
-// The buffer is made once in a process, so that each of these has a process of its own.
+// The buffer is created once per process, so each of these tests has its own process.
 class NameBuffer : public testing::Test {
 protected:
     NameBuffer() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
@@ -36,7 +36,7 @@ protected:
 
 TEST_F(NameBuffer, IsTheSameEachTime) { EXPECT_EQ(nameBuffer(), nameBuffer()); }
 
-TEST_F(NameBuffer, IsSmallerWhereAddressesAreScarce)
+TEST_F(NameBuffer, IsSmallerWhenAddressSpaceIsScarce)
 {
     const auto useIt = [] {
         char* name = nullptr;
@@ -47,10 +47,10 @@ TEST_F(NameBuffer, IsSmallerWhereAddressesAreScarce)
     EXPECT_EXIT(useIt(), testing::ExitedWithCode(0), "");
 }
 
-TEST_F(NameBuffer, IsOutOfMemoryWithoutAddresses)
+TEST_F(NameBuffer, RaisesOutOfMemoryWithoutAddressSpace)
 {
     const auto askForIt = [] {
-        // A first exception takes memory that the next ones use again.
+        // The first exception allocates memory that later ones reuse.
         try {
             throw std::bad_alloc();
         } catch (const std::bad_alloc&) {

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: BSD-3-Clause
+#include "tests/chunk_faults/failing_calls.h"
+
+#include <hdf5.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace faults {
+namespace {
+
+std::atomic<long> live{0};
+std::atomic<std::size_t> toHdf5{0}; // calls until the one that fails; 0: none
+std::atomic<std::size_t> toNew{0};
+std::atomic<bool> failed{false};
+std::atomic<const char*> failedName{""};
+
+// Whether this is the call that fails.
+bool counts(std::atomic<std::size_t>& left, const char* name)
+{
+    std::size_t before = left.load();
+    while (before > 0 && !left.compare_exchange_weak(before, before - 1)) {
+    }
+    if (before != 1)
+        return false;
+    failedName = name;
+    failed = true;
+    return true;
+}
+
+void* allocate(std::size_t size)
+{
+    if (counts(toNew, "new"))
+        throw std::bad_alloc();
+    void* block = std::malloc(size == 0 ? 1 : size);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    ++live;
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block != nullptr)
+        --live;
+    std::free(block);
+}
+
+} // namespace
+
+FailingCall::FailingCall(Failing what, std::size_t n)
+{
+    failed = false;
+    failedName = "";
+    (what == Failing::hdf5 ? toHdf5 : toNew) = n;
+}
+
+FailingCall::~FailingCall() { toHdf5 = toNew = 0; }
+
+bool FailingCall::hasFailed() { return failed; }
+
+std::string FailingCall::name() { return failedName.load(); }
+
+long liveBlocks() { return live; }
+
+} // namespace faults
+
+extern "C" {
+
+// clang-format off
+#define CALL(result, name, parameters, arguments)                                                  \
+    result __real_##name parameters;                                                               \
+    result __wrap_##name parameters;                                                               \
+    result __wrap_##name parameters                                                                \
+    {                                                                                              \
+        return faults::counts(faults::toHdf5, #name) ? static_cast<result>(-1) : __real_##name arguments; \
+    }
+// clang-format on
+#include "tests/chunk_faults/hdf5_calls.inc"
+#undef CALL
+
+} // extern "C"
+
+void* operator new(std::size_t size) { return faults::allocate(size); }
+void* operator new[](std::size_t size) { return faults::allocate(size); }
+void operator delete(void* block) noexcept { faults::release(block); }
+void operator delete[](void* block) noexcept { faults::release(block); }
+void operator delete(void* block, std::size_t) noexcept { faults::release(block); }
+void operator delete[](void* block, std::size_t) noexcept { faults::release(block); }
