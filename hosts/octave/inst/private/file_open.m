@@ -16,7 +16,7 @@ function file = file_open (path, varargin)
     varargin(1) = [];
   endif
   [format, varargin] = format_option (mode, varargin);
-  file = struct ("path", path, "mode", mode, "isOpen", true, "flags", decoding_flags (varargin{:}), ...
+  file = struct ("path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
                  "lastError", lasterror ());
   switch (mode)
     case {"read", "write"}
