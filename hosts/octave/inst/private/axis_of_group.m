@@ -11,7 +11,10 @@ function k = axis_of_group (d, group, name)
   if (! any (strcmp (name, {"lat", "lon", "time", "level"})))
     return;
   endif
-  numbers = find (d.variables.group == group)(:)';
+  numbers = find (d.variables.group == group & d.variables.mayBeAxis)(:)';
+  if (isempty (numbers))
+    return;
+  endif
   [roles, stages] = cellfun (@axis_role, d.variables.attributes(numbers), d.variables.name(numbers), ...
                              "UniformOutput", false);
   isIt = strcmp (roles, name)(:)';

@@ -27,7 +27,8 @@ function [numbers, ranks] = coordinates_of (d, number)
       ranks(end+1) = 2;
     endif
   endfor
-  others = find (d.variables.group == group & cellfun (@(list) is_among (list, dimensions), d.variables.dimensions))(:)';
+  others = find (d.variables.group == group & d.variables.mayBeAxis);
+  others = others(cellfun (@(list) is_among (list, dimensions), d.variables.dimensions(others)))(:)';
   for k = setdiff (others, numbers)
     [role, stage] = axis_role (d.variables.attributes{k}, d.variables.name{k});
     if (! isempty (role) && (stage < 3 || ! strcmp (role, "level")))

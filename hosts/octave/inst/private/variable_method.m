@@ -16,6 +16,14 @@ function [method, most] = variable_method (name)
     "parts",      @variable_parts,      1
     "labels",     @variable_labels,     1
     "area",       @variable_area,       1
+    "mean",       @mean,                2
+    "sum",        @sum,                 2
+    "min",        @min,                 2
+    "max",        @max,                 2
+    "std",        @std,                 2
+    "var",        @var,                 2
+    "count",      @count,               2
+    "median",     @median,              2
     "plot",       @gridio_plot,         1
   };
   method = [];
