@@ -71,6 +71,18 @@ def check_map(folder, path):
     assert lowest[0] > highest[0], "90 degrees west are to the left of 0"
 
 
+def check_texts_that_gnuplot_would_run(folder):
+    """Texts of a file are drawn, and nothing in them is a command."""
+    evil = r'\" ; system \"touch run\" `touch run` back\\slash %s @x {b}'
+    cdl, path = pathlib.Path(folder) / "evil.cdl", os.path.join(folder, "evil.nc")
+    cdl.write_text(f"""netcdf evil {{ dimensions: x = 2; y = 2; variables: float v(y, x); v:units = "{evil}"; v:long_name = "{evil * 9}";
+        float x(x); x:long_name = "{evil}"; float y(y); y:long_name = "{evil * 3}"; data: x = 1, 2; y = 1, 2; v = 1, 2, 3, 4; }}""")
+    ncgen(str(cdl), path, "classic")
+    picture = draw(folder, "map.m", path, "v")
+    assert len(places(picture, HIGHEST, 0.9)) > 5000
+    assert not os.path.exists(os.path.join(folder, "run"))
+
+
 def check_series(folder, path):
     picture = draw(folder, "series.m", path, "t", "1", "55")
     columns = sorted({x for x, _ in places(picture, LINE)})
@@ -169,6 +181,7 @@ with tempfile.TemporaryDirectory() as scratch:
         ncgen(str(cdl), made, "classic")
         check_lengths()
         check_map(scratch, made)
+        check_texts_that_gnuplot_would_run(scratch)
         check_series(scratch, made)
         check_section(scratch, made)
         check_subset(scratch, made)
