@@ -5,12 +5,11 @@ import pathlib
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-FIELD = str(ROOT / "examples" / "field.m")
 
 
 def command(script, *args):
     return [os.environ["OCTAVE_CLI"], "--norc", "--no-history", "--quiet",
-            "--path", os.environ["GRIDIO_OCT_DIR"], script, *args]
+            "--path", str(ROOT / "hosts" / "octave" / "inst"), "--path", os.environ["GRIDIO_OCT_DIR"], script, *args]
 
 
 def environment():

@@ -31,6 +31,14 @@
 ## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
 ## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
 ## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
+## @item Writing
+## @qcode{"new"} creates a file and refuses one that is there; @qcode{"replace"} writes beside the file, which is replaced when
+## the new one is closed, and stays if an error comes before; @qcode{"write"} opens a file to change it.  The option
+## @qcode{"_Format"} chooses the format of a new file.  @code{put (NAME, VALUES, DIMENSIONS, ATTRIBUTE, VALUE, @dots{})}
+## makes a variable, as @code{gridio_write} explains.  @code{append (NAME, VALUES, NAME, VALUES, @dots{})} adds records along
+## the unlimited dimension.  @code{ds.sst(:,:,3) = x} writes values, packed as the variable is and NaN as its fill value, and
+## @code{ds.sst.units = "K"} and @code{ds.title = "SST"} write attributes, which @code{[]} deletes.  Values that do not fit
+## are an error, and then nothing is written.
 ## @item Options
 ## Missing values become NaN, packed values are unpacked, times become day numbers as of @code{datenum}, and characters
 ## texts.  Rules are switched off by name: @qcode{"missing"} (the attributes @code{_FillValue} and @code{missing_value}),
@@ -42,7 +50,7 @@
 ##
 ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
 ##
-## @seealso{gridio_variable, gridio_show, gridio_read, gridio}
+## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
 ## @end deftypefn
 
 classdef gridio_dataset < handle
