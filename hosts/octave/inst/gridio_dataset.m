@@ -45,7 +45,8 @@
 ## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
 ## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
 ## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
-## packed values become single.
+## packed values become single.  @qcode{"months"} says how months and years are taken as units of time: @qcode{"calendar"},
+## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
 ## @end table
 ##
 ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.

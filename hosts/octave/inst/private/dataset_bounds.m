@@ -22,7 +22,7 @@ function bounds = dataset_bounds (self, name)
   bounds = bounds_of (file, number);
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar) && bitand (file.flags, 64))
-    bounds = gridio_native ("timesToDatenum", bounds, units, calendar);
+    bounds = convert_times ("timesToDatenum", bounds, units, calendar);
   endif
 
 endfunction

@@ -12,7 +12,7 @@ function x = decoded_times (file, number, x)
   endif
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar))
-    x = gridio_native ("timesToDatenum", double (x), units, calendar);
+    x = convert_times ("timesToDatenum", double (x), units, calendar);
   endif
 
 endfunction

@@ -7,6 +7,6 @@
 
 function yes = has_datenum (calendar)
 
-  yes = any (strcmp (calendar, {"standard", "gregorian", "proleptic_gregorian"}));
+  yes = any (strcmp (strtok (calendar, "|"), {"standard", "gregorian", "proleptic_gregorian"}));
 
 endfunction

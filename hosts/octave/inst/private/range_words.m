@@ -73,9 +73,9 @@ function words = number_range (file, k, values, isField)
   endif
   [units, calendar] = time_of (file, k);
   if (! isempty (units))
-    texts = short_dates (gridio_native ("timesToText", values(:), units, calendar))(:)';
+    texts = short_dates (convert_times ("timesToText", values(:), units, calendar))(:)';
     if (! has_datenum (calendar))
-      texts{end} = sprintf ("%s, calendar %s", texts{end}, visible_text (calendar));
+      texts{end} = sprintf ("%s, calendar %s", texts{end}, visible_text (strtok (calendar, "|")));
     endif
   else
     texts = arrayfun (@(x) sprintf ("%.6g", x), values(:)', "UniformOutput", false);

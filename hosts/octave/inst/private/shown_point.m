@@ -8,7 +8,7 @@
 function shown = shown_point (axis, point)
 
   if (axis.isTime)
-    shown = gridio_native ("timesToText", point, axis.units, axis.calendar){1};
+    shown = convert_times ("timesToText", point, axis.units, axis.calendar){1};
   else
     shown = sprintf ("%.8g", point);
   endif

@@ -23,5 +23,8 @@ function [units, calendar] = time_of (file, number)
   if (! isempty (named))
     calendar = lower (named);
   endif
+  if (! strcmp (file.months, "refused"))
+    calendar = [calendar "|" file.months];
+  endif
 
 endfunction

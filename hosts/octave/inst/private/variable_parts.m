@@ -8,6 +8,6 @@
 function parts = variable_parts (self, varargin)
 
   [values, units, calendar] = time_values (self, varargin{:});
-  parts = gridio_native ("timesToParts", values(:), units, calendar);
+  parts = convert_times ("timesToParts", values(:), units, calendar);
 
 endfunction

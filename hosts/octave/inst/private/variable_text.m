@@ -8,7 +8,7 @@
 function texts = variable_text (self, varargin)
 
   [values, units, calendar] = time_values (self, varargin{:});
-  texts = gridio_native ("timesToText", values, units, calendar);
+  texts = convert_times ("timesToText", values, units, calendar);
   texts = reshape (texts, size (values));
 
 endfunction
