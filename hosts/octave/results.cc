@@ -86,8 +86,8 @@ octave_value shortTextRow(const char* bytes, size_t length)
     charNDArray row(lengths);
     if (length > 0)
         std::memcpy(row.fortran_vec(), bytes, length);
-    // Made by the interpreter's library: what is made here has its virtual functions here, and cannot
-    // be destroyed once gridio.oct is unloaded.
+    // Made by the interpreter's library: what is made here has its virtual functions here, and
+    // cannot be destroyed once gridio.oct is unloaded.
     return octave_value(row, '\'');
 }
 

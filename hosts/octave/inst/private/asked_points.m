@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} asked_points
-## Undocumented internal function: what a selection asks of a coordinate: all, names, points that are near, or a range, in the coordinate's own numbers.
+## @deftypefn {} {@var{asked} =} asked_points (@var{axis}, @var{request})
+## Undocumented internal function: what a selection asks of a coordinate: all, names, points that are near, or a range, in
+## the coordinate's own numbers.
 ## @end deftypefn
 
 function asked = asked_points (axis, request)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} convert_times
+## @deftypefn {} {[@dots{}] =} convert_times (@var{operation}, @var{values}, @var{units}, @var{calendar})
 ## Undocumented internal function: a conversion of times by gridio_native.  Behind the calendar and a bar may stand how
 ## months and years are taken.
 ## @end deftypefn

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} coordinates_at
-## Undocumented internal function: the coordinates of what a selection gives: a field for each, and in the field "about" what they are.
+## @deftypefn {} {@var{at} =} coordinates_at (@var{file}, @var{number}, @var{plan})
+## Undocumented internal function: the coordinates of what a selection gives: a field for each, and in the field "about"
+## what they are.
 ## @end deftypefn
 
 function at = coordinates_at (file, number, plan)

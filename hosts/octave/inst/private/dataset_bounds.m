@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_bounds
-## Undocumented internal function: the method @code{bounds} of @code{gridio_dataset}: the bounds of a coordinate's cells, as stored or else half way between
-## the values.
+## @deftypefn {} {@var{bounds} =} dataset_bounds (@var{self}, @var{name})
+## Undocumented internal function: the method @code{bounds} of @code{gridio_dataset}: the bounds of a coordinate's cells, as
+## stored or else half way between the values.
 ## @end deftypefn
 
 function bounds = dataset_bounds (self, name)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} decoded_times
-## Undocumented internal function: times as day numbers, where the variable has times and the calendar has such; all else unchanged.
+## @deftypefn {} {@var{x} =} decoded_times (@var{file}, @var{number}, @var{x})
+## Undocumented internal function: times as day numbers, where the variable has times and the calendar has such; all else
+## unchanged.
 ## @end deftypefn
 
 function x = decoded_times (file, number, x)

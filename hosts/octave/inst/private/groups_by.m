@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} groups_by
-## Undocumented internal function: the groups that parts of the time make of the indices of a dimension: the dimension's place, the group of each index, and
-## what the groups are.
+## @deftypefn {} {@var{groups} =} groups_by (@var{file}, @var{number}, @var{request})
+## Undocumented internal function: the groups that parts of the time make of the indices of a dimension: the dimension's
+## place, the group of each index, and what the groups are.
 ## @end deftypefn
 
 function groups = groups_by (file, number, request)

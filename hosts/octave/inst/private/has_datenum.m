@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} has_datenum
+## @deftypefn {} {@var{yes} =} has_datenum (@var{calendar})
 ## Undocumented internal function: whether day numbers as of datenum are exact in a calendar.
 ## @end deftypefn
 

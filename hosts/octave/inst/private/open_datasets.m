@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} open_datasets
+## @deftypefn {} {} open_datasets (@var{what}, @var{guarded})
 ## Undocumented internal function: remember which datasets are open, and close them at the end of the session, before the
 ## interpreter takes its functions down: a destructor that runs later may call none.
 ## @end deftypefn

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} range_words
+## @deftypefn {} {@var{words} =} range_words (@var{file}, @var{k})
 ## Undocumented internal function: from where to where a coordinate goes, in words: times as dates, texts in quotes.
 ## @end deftypefn
 

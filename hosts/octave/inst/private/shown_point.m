@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} shown_point
+## @deftypefn {} {@var{shown} =} shown_point (@var{axis}, @var{point})
 ## Undocumented internal function: a number of a coordinate, for a message; times as dates.
 ## @end deftypefn
 

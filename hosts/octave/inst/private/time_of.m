@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} time_of
-## Undocumented internal function: the units and the calendar of a variable whose values are times; empty units if they are not, or if the rules of
-## decoding leave times alone.
+## @deftypefn {} {[@var{units}, @var{calendar}] =} time_of (@var{file}, @var{number})
+## Undocumented internal function: the units and the calendar of a variable whose values are times; empty units if they are
+## not, or if the rules of decoding leave times alone.
 ## @end deftypefn
 
 function [units, calendar] = time_of (file, number)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_text
+## @deftypefn {} {@var{texts} =} variable_text (@var{self}, @dots{})
 ## Undocumented internal function: the method @code{text} of @code{gridio_variable}: times as texts.
 ## @end deftypefn
 
