@@ -22,6 +22,9 @@ function [k, place] = find_coordinate (file, number, name)
   elseif (isempty (k))
     k = by_meaning (d, number, numbers, ranks, name);
   endif
+  if (isempty (k) && isempty (place))
+    k = along_it (file, number, dimensions, name);
+  endif
   k = k(1:min (1, end));
   if (isempty (k) && isempty (place))
     unknown_name ("unknownName", "dimension or coordinate", name, ...
@@ -29,6 +32,19 @@ function [k, place] = find_coordinate (file, number, name)
                   sprintf (" of variable '%s'", visible_text (d.variables.path{number})));
   elseif (isempty (k))
     k = 0;
+  endif
+
+endfunction
+
+## A variable that nothing says is a coordinate, but whose values lie along dimensions of this one.
+function k = along_it (file, number, dimensions, name)
+
+  k = in_scope (file.d, file.d.variables.group(number), name);
+  if (! isempty (k))
+    mine = variable_shape (file, k).dimensions;
+    if (isempty (mine) || ! all (ismember (mine, dimensions)))
+      k = [];
+    endif
   endif
 
 endfunction
