@@ -9,10 +9,9 @@ namespace Ovard::gridio::datasetOperations {
 namespace {
 
 // Microseconds, which a double counts exactly for centuries.
-const double loadedAt =
-    static_cast<double>(std::chrono::duration_cast<std::chrono::microseconds>(
-                            std::chrono::system_clock::now().time_since_epoch())
-                            .count());
+const double loadedAt = static_cast<double>(std::chrono::duration_cast<std::chrono::microseconds>(
+                                                std::chrono::system_clock::now().time_since_epoch())
+                                                .count());
 
 } // namespace
 

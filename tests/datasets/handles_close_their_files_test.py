@@ -42,7 +42,6 @@ HOLDERS = [
     ("close", OPEN + "v = ds.v; ds.close (); say_open (); try, v(1), catch e, printf (\"%s \", e.identifier); end\n"
      "try, ds.close (), catch e, printf (\"%s \", e.identifier); end\nclear ds v; say_open ();",
      [0, "Ovard:gridio:dataset:closed", "Ovard:gridio:dataset:closed", 0]),
-    ("delete", OPEN + "delete (ds); say_open (); delete (ds); clear ds; say_open ();", [0, 0]),
     ("clear gridio", OPEN + 'clear gridio gridio_any gridio_native\nsay_open ();'
      'try, ds.v(1), catch e, printf ("%s ", e.identifier); end\n'
      'ncid = gridio ("open", "f.nc", "nowrite"); clear ds; say_open (); gridio ("close", ncid);',
@@ -64,7 +63,6 @@ ENDINGS = [
     ("a persistent", "function keep (x) persistent held; held = x; end\nkeep (ds.v);", 0),
     ("an object that was kept by a handle", "global h; h = @() ds.v(1);", 0),
     ("after clear gridio", "clear gridio", 0),
-    ("rmpath", 'rmpath (fileparts (which ("gridio_dataset")));', 0),
 ]
 
 
@@ -84,7 +82,7 @@ class Handles(unittest.TestCase):
                 done = run_octave(script, folder)
                 self.assertEqual(done.returncode, 0, done.stderr)
                 if wanted is None:
-                    self.assertIn("cell array", done.stdout)
+                    self.assertIn("horzcat", done.stdout)
                     continue
                 found = [int(word) if word.isdigit() else word for word in done.stdout.split()]
                 if name == "two names":
@@ -99,7 +97,7 @@ class Handles(unittest.TestCase):
                 done = run_octave(OPEN + "v = ds.v; g = ds.g;\n" + script, folder)
                 self.assertEqual(done.returncode, status, done.stderr)
                 own = [line for line in done.stderr.splitlines() if line.strip() and "own error" not in line
-                       and "called from" not in line and "script.m" not in line]
+                       and "called from" not in line and "script at" not in line]
                 if name == "after clear gridio":
                     own = [line for line in own if "still open" not in line]
                 self.assertEqual(own, [], done.stderr)

@@ -99,7 +99,7 @@ check_raises ("a period that meets nothing", "emptySelection", @() v.at ("time",
 check_raises ("a point far outside", "emptySelection", @() v.at ("lat", 120), "from -60 to 60");
 check_raises ("a point outside a distance", "emptySelection", @() v.at ("level", 900, "within", 20));
 check_raises ("an unknown axis", "unknownName", @() v.at ("latitute", 3), "did you mean latitude\\?");
-check_raises ("a date that is none", "badSelection", @() v.at ("time", "2000-02-30"), "2000-02-30");
+check_raises ("a date that does not exist", "badSelection", @() v.at ("time", "2000-02-30"), "2000-02-30");
 check_raises ("words for a date", "badSelection", @() v.at ("time", "yesterday"), "yesterday");
 check_raises ("three numbers", "badSelection", @() v.at ("lat", [1 2 3]), "a cell of several numbers");
 check_raises ("a missing number", "badSelection", @() v.at ("lat", NaN));

@@ -45,7 +45,8 @@
 ## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
 ## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
 ## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
-## packed values become single.
+## packed values become single.  @qcode{"months"} says how months and years are taken as units of time: @qcode{"calendar"},
+## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
 ## @end table
 ##
 ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
@@ -58,7 +59,7 @@ classdef gridio_dataset < handle
   properties (Access = private)
     owner_; # the dataset that closes the file; empty in that itself
     group_; # which group of the file, from 1
-    file_; # what file_open returned; in the owner only
+    guard_; # in that: the open file
   endproperties
 
   methods
@@ -71,22 +72,18 @@ classdef gridio_dataset < handle
         self.group_ = varargin{1};
       else
         self.group_ = 1;
-        self.file_ = file_open (file, varargin{:});
-      endif
-    endfunction
-
-    function delete (self)
-      if (isempty (self.owner_) && ! isempty (self.file_))
-        file = self.file_;
-        self.file_ = [];
-        file_close_quietly (file);
+        guarded = gridio_file (file_open (file, varargin{:}));
+        self.guard_ = gridio_file (guarded);
+        open_datasets ("add", guarded);
       endif
     endfunction
 
     function close (self)
+      file = content (self);
       root = owner (self);
-      file = content (root);
-      root.file_.isOpen = false;
+      root.guard_.guarded.isOpen = false;
+      root.guard_.guarded.content = [];
+      open_datasets ("sweep");
       file_close (file);
     endfunction
 
@@ -132,7 +129,11 @@ classdef gridio_dataset < handle
 
     function [file, group] = content (self)
       root = owner (self);
-      file = root.file_;
+      guarded = root.guard_.guarded;
+      if (! guarded.isOpen)
+        fail ("closed", "the dataset is closed; open its file again");
+      endif
+      file = guarded.content;
       group = self.group_;
       file_check (file);
     endfunction
@@ -140,8 +141,9 @@ classdef gridio_dataset < handle
     ## To be called after definitions in the file have changed.
     function refresh (self)
       root = owner (self);
-      root.file_.d = file_description (root.file_.ncid);
-      root.file_.lastError = lasterror ();
+      guarded = root.guard_.guarded;
+      guarded.content.d = file_description (guarded.content.ncid);
+      guarded.content.lastError = lasterror ();
     endfunction
 
   endmethods

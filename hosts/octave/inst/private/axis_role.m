@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} axis_role
-## Undocumented internal function: which axis a variable with these attributes and this name serves as: lon, lat, time, level or none, and by what it
-## is known: 1 its axis, 2 its standard_name, 3 its units, 4 a usual name.
+## @deftypefn {} {[@var{role}, @var{stage}] =} axis_role (@var{attributes}, @var{name})
+## Undocumented internal function: which axis a variable with these attributes and this name serves as: lon, lat, time,
+## level or none, and by what it is known: 1 its axis, 2 its standard_name, 3 its units, 4 a usual name.
 ## @end deftypefn
 
 function [role, stage] = axis_role (attributes, name)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} coordinates_of_reduced
-## Undocumented internal function: the coordinates of a reduction's result: those of the dimensions that are left, and of the groups.
+## @deftypefn {} {@var{at} =} coordinates_of_reduced (@var{file}, @var{number}, @var{plan}, @var{is_reduced}, @var{groups})
+## Undocumented internal function: the coordinates of a reduction's result: those of the dimensions that are left, and of
+## the groups.
 ## @end deftypefn
 
 function at = coordinates_of_reduced (file, number, plan, isReduced, groups)

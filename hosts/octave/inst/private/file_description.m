@@ -1,10 +1,10 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} file_description
-## Undocumented internal function: the groups, dimensions and variables of a file, as gridio_native describes them, with the paths of groups
-## and variables without the first slash, and the dimensions whose characters make texts: nothing but characters lies along
-## them.
+## @deftypefn {} {@var{d} =} file_description (@var{ncid})
+## Undocumented internal function: the groups, dimensions and variables of a file, as gridio_native describes them, with the
+## paths of groups and variables without the first slash, and the dimensions whose characters make texts: nothing but
+## characters lies along them.
 ## @end deftypefn
 
 function d = file_description (ncid)

@@ -1,9 +1,10 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} find_coordinate
-## Undocumented internal function: the coordinate of a variable that a user's name means: a dimension's name, a coordinate's, or lat, lon, time,
-## or level, or a standard_name.  It is 0 for a dimension without coordinates, whose place the second result has.
+## @deftypefn {} {[@var{k}, @var{place}] =} find_coordinate (@var{file}, @var{number}, @var{name})
+## Undocumented internal function: the coordinate of a variable that a user's name means: a dimension's name, a
+## coordinate's, or lat, lon, time, or level, or a standard_name.  It is 0 for a dimension without coordinates, whose place
+## the second result has.
 ## @end deftypefn
 
 function [k, place] = find_coordinate (file, number, name)

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} groups_by
-## Undocumented internal function: the groups that parts of the time make of the indices of a dimension: the dimension's place, the group of each index, and
-## what the groups are.
+## @deftypefn {} {@var{groups} =} groups_by (@var{file}, @var{number}, @var{request})
+## Undocumented internal function: the groups that parts of the time make of the indices of a dimension: the dimension's
+## place, the group of each index, and what the groups are.
 ## @end deftypefn
 
 function groups = groups_by (file, number, request)
@@ -19,7 +19,7 @@ function groups = groups_by (file, number, request)
   groups.by = strrep (request.by, "each ", "");
   groups.isEach = strncmp (request.by, "each ", 5);
   groups.number = k;
-  parts = gridio_native ("timesToParts", axis.values(:), axis.units, axis.calendar);
+  parts = convert_times ("timesToParts", axis.values(:), axis.units, axis.calendar);
   keys = keys_of (groups.by, groups.isEach, parts);
   isTime = all (isfinite (keys), 2);
   [groups.labels, ~, members] = unique (keys(isTime,:), "rows");
@@ -80,9 +80,9 @@ function starts = starts_of (by, labels, axis, file)
     case "hour"
       hours = labels(:,4);
   endswitch
-  starts = gridio_native ("partsToTimes", [parts, hours, zeros(rows (labels), 2)], axis.units, axis.calendar);
+  starts = convert_times ("partsToTimes", [parts, hours, zeros(rows (labels), 2)], axis.units, axis.calendar);
   if (has_datenum (axis.calendar) && bitand (file.flags, 64))
-    starts = gridio_native ("timesToDatenum", double (starts), axis.units, axis.calendar);
+    starts = convert_times ("timesToDatenum", double (starts), axis.units, axis.calendar);
   endif
 
 endfunction

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} parse_reduction
-## Undocumented internal function: what a reduction was asked: over which dimensions, of which selection, with what weights, by which parts of the time.
+## @deftypefn {} {@var{request} =} parse_reduction (@var{file}, @var{number}, @var{given})
+## Undocumented internal function: what a reduction was asked: over which dimensions, of which selection, with what weights,
+## by which parts of the time.
 ## @end deftypefn
 
 function request = parse_reduction (file, number, given)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} reduce_variable
-## Undocumented internal function: a mean, sum or the like of a variable over dimensions, read in slabs, and the coordinates of what is left.
+## @deftypefn {} {[@var{x}, @var{at}] =} reduce_variable (@var{kind}, @var{self}, @dots{})
+## Undocumented internal function: a mean, sum or the like of a variable over dimensions, read in slabs, and the coordinates
+## of what is left.
 ## @end deftypefn
 
 function [x, at] = reduce_variable (kind, self, varargin)

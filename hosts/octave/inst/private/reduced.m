@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} reduced
+## @deftypefn {} {[@var{x}, @var{at}] =} reduced (@var{wanted}, @var{kind}, @var{self}, @dots{})
 ## Undocumented internal function: what reduce_variable returns, and its coordinates only if they are wanted.
 ## @end deftypefn
 

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} show_dataset
-## Undocumented internal function: print what a group of a file has: dimensions, coordinates with their ranges, variables, groups, attributes; of many
-## the first.
+## @deftypefn {} {} show_dataset (@var{file}, @var{group})
+## Undocumented internal function: print what a group of a file has: dimensions, coordinates with their ranges, variables,
+## groups, attributes; of many the first.
 ## @end deftypefn
 
 function show_dataset (file, group)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_method
-## Undocumented internal function: the function that does what a method of variables does, empty if there is none, and how many results it has.
+## @deftypefn {} {[@var{method}, @var{most}] =} variable_method (@var{name})
+## Undocumented internal function: the function that does what a method of variables does, empty if there is none, and how
+## many results it has.
 ## @end deftypefn
 
 function [method, most] = variable_method (name)

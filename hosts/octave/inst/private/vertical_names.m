@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} vertical_names
+## @deftypefn {} {@var{names} =} vertical_names ()
 ## Undocumented internal function: the standard_names of vertical coordinates.
 ## @end deftypefn
 

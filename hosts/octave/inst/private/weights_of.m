@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} weights_of
-## Undocumented internal function: the weights of a reduction: the areas of cells, or what was given, or of a box of two-dimensional coordinates whether a point
-## is in it; empty if all count alike.
+## @deftypefn {} {@var{weights} =} weights_of (@var{file}, @var{number}, @var{plan}, @var{request}, @var{start}, @var{count})
+## Undocumented internal function: the weights of a reduction: the areas of cells, or what was given, or of a box of
+## two-dimensional coordinates whether a point is in it; empty if all count alike.
 ## @end deftypefn
 
 function weights = weights_of (file, number, plan, request, start, count)
