@@ -75,8 +75,8 @@ vxArray* addNumeric(size_t rank, const size_t* dims, vxClassID classId)
     return array;
 }
 
-// For a million short rows, the interpreter's allocations are most of the cost; this way makes the
-// fewest.
+// For a million short rows, the interpreter's allocations are most of the cost; this way makes
+// few.
 constexpr size_t shortRow = 4096;
 
 octave_value shortTextRow(const char* bytes, size_t length)
@@ -86,7 +86,9 @@ octave_value shortTextRow(const char* bytes, size_t length)
     charNDArray row(lengths);
     if (length > 0)
         std::memcpy(row.fortran_vec(), bytes, length);
-    return octave_value(new octave_char_matrix_sq_str(row));
+    // Made by the interpreter's library: what is made here has its virtual functions here, and
+    // cannot be destroyed once gridio.oct is unloaded.
+    return octave_value(row, '\'');
 }
 
 template <class Element> vxArray* addScalar(vxClassID classId, Element value)

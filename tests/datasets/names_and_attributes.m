@@ -75,6 +75,19 @@ check_raises ("several variables", "ambiguousName", @() twice.find ("units", "K"
 check_raises ("several axes", "ambiguousName", @() twice.a.at ("time", "2000"), "may be any of t1, t2");
 check_raises ("several axes of the group", "ambiguousName", @() twice.time, "t1, t2");
 
+months = made_file ("netcdf m {dimensions: t = 2; variables: double t(t); t:units = \"months since 2000-01-31\"; float f(t); data: t = 0, 1; f = 1, 2;}");
+try
+  gridio_dataset (months).t(:);
+  check ("months are refused", false);
+catch failure
+  check ("months are refused", ! isempty (strfind (failure.message, "\"months\" of gridio_dataset")));
+end
+monthly = gridio_dataset (months, "months", "calendar");
+check ("months as steps of the calendar", isequal (monthly.t.text (), {"2000-01-31"; "2000-02-29"}) && isequal (monthly.f.at ("time", "2000-02"), single (2))
+       && isequal (monthly.t(2), datenum (2000, 2, 29)));
+check ("months as they are", isequal (gridio_dataset (months, "times", false).t(:), [0; 1]));
+check_raises ("months in another way", "badOption", @() gridio_dataset (months, "months", "long"));
+
 shown = evalc ("ds");
 for words = {'^ds = dataset .*\.nc \(netCDF-4\)\n', 'time 2 \(unlimited\), longitude 3', '\n  time +time +2000-01-01 \.\.\. 2000-01-02\n', ...
              '\n  longitude +longitude +0 \.\.\. 2 degrees_east\n', '\n  t2m +longitude x time +float +\[K\] Temperature at 2 m\n', ...

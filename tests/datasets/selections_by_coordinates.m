@@ -128,6 +128,8 @@ check ("positions are the coordinates where there are none", isequal (x(:)', 6:1
 [x, at] = ds.g.at ("lat", [5 35], "time", [datenum(2000, 1, 1, 2, 0, 0), datenum(2000, 1, 2)]);
 check ("selections of one dimension together", isequal (x(:)', [3 4]) && isequal (at.lat(:)', [20 30]));
 check_raises ("with nothing in common", "emptySelection", @() ds.g.at ("lat", 0, "time", "2000-01-01 04:00"), "in common");
+[x, at] = ds.h.at ("g", 4);
+check ("by any variable along a dimension", isequal (x(:)', 4:5:14) && isequal (at.g, 4));
 [x, at] = ds.g.at ("lat", 12, "lon", -4);
 check ("the nearest point along a line", isequal (x, 2) && isequal (at.lon, -5));
 [x, at] = ds.g.at ("lat", [5 35], "lon", [-3 7]);

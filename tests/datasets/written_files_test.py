@@ -227,6 +227,7 @@ class Refused(Written):
         ('out.sst = 1', "badName", r"ds.sst\(:\)"),
         ('out.sst._DeflateLevel = 3', "settingIsLate", "put"),
         ('out.sst.units = {}', "badAttribute", "units"),
+        ('out.put ("z", ones (3, 4), {"i", "j"}, "_ChunkSizes", 3)', "badSetting", "2 dimensions, and has 1"),
         ('gridio_dataset ("sst.nc", "new");', "exists", "replace"),
         ('gridio_dataset ("other.nc", "new", "_Format", "hdf");', "badFormat", "64-bit offset"),
         ('gridio_dataset ("copy.nc").put ("z", 1, {})', "notWritable", "write"),
@@ -275,6 +276,29 @@ out.title = "SST";
             self.assertAlmostEqual(float(sst[0, 4, 4]), 12.34)
             self.assertEqual((sst.units, file.title, "standard_name" in sst.ncattrs()), ("K", "SST", False))
         self.assertEqual(cf_faults(self.path("sst.nc")), [])
+
+    def test_writes_texts_where_they_fit(self):
+        self.run_script("""
+out = gridio_dataset ("texts.nc", "new");
+out.put ("history", "by hand", {});
+out.put ("names", {"Oslo"; "Rome"; "Bonn"}, "station");
+out.put ("codes", {"OSL"; "ROM"; "BON"}, "station", "_Type", "char");
+out.put ("flags", uint8 ([1 2 3]), "station");
+out.names(2) = "Paris";
+out.names([1 3]) = {"Lima"; "Kiev"};
+out.codes(2) = "PA";
+try
+  out.flags(2) = NaN;
+catch failure
+  disp (failure.message);
+end
+out.flags(3) = 7;
+""")
+        with netCDF4.Dataset(self.path("texts.nc")) as file:
+            self.assertEqual(file["history"][...], "by hand")
+            self.assertEqual(file["names"][:].tolist(), ["Lima", "Paris", "Kiev"])
+            self.assertEqual(netCDF4.chartostring(file["codes"][:]).tolist(), ["OSL", "PA", "BON"])
+            self.assertEqual(file["flags"][:].tolist(), [1, 2, 7])
 
     def test_replaces_only_by_a_whole_file(self):
         status, said = octave(self.folder, """

@@ -1,11 +1,7 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Reads the pictures of subset.m without the interpreter: PNG, and text in the pixel font."""
-import pathlib
+"""Reads PNG pictures without the interpreter."""
 import struct
 import zlib
-
-FONT = pathlib.Path(__file__).resolve().parents[2] / "examples" / "shared" / "pixel_font.txt"
-BLACK, WHITE = (0, 0, 0), (255, 255, 255)
 
 
 def read_png(path):
@@ -47,40 +43,3 @@ def unfilter(kind, line, above):
                 up if to_up <= to_corner else corner
             line[i] = line[i] + nearest & 255
     return bytes(line)
-
-
-def glyphs():
-    blocks = [block.split("\n") for block in FONT.read_text().strip().split("\n\n")[1:]]
-    shapes = {}
-    for b, block in enumerate(blocks):
-        for i in range(16):
-            shape = tuple(line[6 * i:6 * i + 5] for line in block)
-            shapes[shape] = chr(32 + 16 * b + i)
-    return shapes
-
-
-SHAPES = glyphs()
-
-
-def read_text(rows, column, middle, scale=2):
-    """The text that begins at a column, up to two blanks or the first shape that is not a character."""
-    text = ""
-    while column + 5 * scale <= len(rows[0]):
-        shape = tuple("".join("#" if rows[middle - 4 * scale + y * scale][column + x * scale] == BLACK
-                              else "." for x in range(5)) for y in range(8))
-        if shape not in SHAPES or text.endswith("  "):
-            break
-        text += SHAPES[shape]
-        column += 6 * scale
-    return text.rstrip()
-
-
-def read_number(rows, column, middle):
-    """A number and its text, in large letters or, if these did not fit, in small ones."""
-    for scale in (2, 1):
-        text = read_text(rows, column, middle, scale)
-        try:
-            return float(text), text
-        except ValueError:
-            pass
-    return None, ""

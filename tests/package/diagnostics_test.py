@@ -208,9 +208,9 @@ class Version(unittest.TestCase):
     def test_names_the_folder_of_the_examples(self):
         printed = session(self, """
             addpath (fullfile (gridio_version ().examples, "shared"));
-            puts (which ("readValues"));
+            puts (which ("selection"));
         """)
-        self.assertEqual(printed, str(ROOT / "examples" / "shared" / "readValues.m"))
+        self.assertEqual(printed, str(ROOT / "examples" / "shared" / "selection.m"))
 
 
 class Manual(unittest.TestCase):

@@ -31,18 +31,27 @@
 ## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
 ## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
 ## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
+## @item Writing
+## @qcode{"new"} creates a file and refuses one that is there; @qcode{"replace"} writes beside the file, which is replaced when
+## the new one is closed, and stays if an error comes before; @qcode{"write"} opens a file to change it.  The option
+## @qcode{"_Format"} chooses the format of a new file.  @code{put (NAME, VALUES, DIMENSIONS, ATTRIBUTE, VALUE, @dots{})}
+## makes a variable, as @code{gridio_write} explains.  @code{append (NAME, VALUES, NAME, VALUES, @dots{})} adds records along
+## the unlimited dimension.  @code{ds.sst(:,:,3) = x} writes values, packed as the variable is and NaN as its fill value, and
+## @code{ds.sst.units = "K"} and @code{ds.title = "SST"} write attributes, which @code{[]} deletes.  Values that do not fit
+## are an error, and then nothing is written.
 ## @item Options
 ## Missing values become NaN, packed values are unpacked, times become day numbers as of @code{datenum}, and characters
 ## texts.  Rules are switched off by name: @qcode{"missing"} (the attributes @code{_FillValue} and @code{missing_value}),
 ## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
 ## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
 ## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
-## packed values become single.
+## packed values become single.  @qcode{"months"} says how months and years are taken as units of time: @qcode{"calendar"},
+## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
 ## @end table
 ##
 ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
 ##
-## @seealso{gridio_variable, gridio_show, gridio_read, gridio}
+## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
 ## @end deftypefn
 
 classdef gridio_dataset < handle
@@ -50,7 +59,7 @@ classdef gridio_dataset < handle
   properties (Access = private)
     owner_; # the dataset that closes the file; empty in that itself
     group_; # which group of the file, from 1
-    file_; # what file_open returned; in the owner only
+    guard_; # in that: the open file
   endproperties
 
   methods
@@ -63,22 +72,18 @@ classdef gridio_dataset < handle
         self.group_ = varargin{1};
       else
         self.group_ = 1;
-        self.file_ = file_open (file, varargin{:});
-      endif
-    endfunction
-
-    function delete (self)
-      if (isempty (self.owner_) && ! isempty (self.file_))
-        file = self.file_;
-        self.file_ = [];
-        file_close_quietly (file);
+        guarded = gridio_file (file_open (file, varargin{:}));
+        self.guard_ = gridio_file (guarded);
+        open_datasets ("add", guarded);
       endif
     endfunction
 
     function close (self)
+      file = content (self);
       root = owner (self);
-      file = content (root);
-      root.file_.isOpen = false;
+      root.guard_.guarded.isOpen = false;
+      root.guard_.guarded.content = [];
+      open_datasets ("sweep");
       file_close (file);
     endfunction
 
@@ -124,7 +129,11 @@ classdef gridio_dataset < handle
 
     function [file, group] = content (self)
       root = owner (self);
-      file = root.file_;
+      guarded = root.guard_.guarded;
+      if (! guarded.isOpen)
+        fail ("closed", "the dataset is closed; open its file again");
+      endif
+      file = guarded.content;
       group = self.group_;
       file_check (file);
     endfunction
@@ -132,8 +141,9 @@ classdef gridio_dataset < handle
     ## To be called after definitions in the file have changed.
     function refresh (self)
       root = owner (self);
-      root.file_.d = file_description (root.file_.ncid);
-      root.file_.lastError = lasterror ();
+      guarded = root.guard_.guarded;
+      guarded.content.d = file_description (guarded.content.ncid);
+      guarded.content.lastError = lasterror ();
     endfunction
 
   endmethods

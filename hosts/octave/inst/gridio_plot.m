@@ -9,6 +9,7 @@
 ##
 ## @var{v} is a variable of a dataset, and @var{selection} what its method @code{at} takes.  Of a variable with more than two
 ## dimensions a map is drawn, or else a section, at the first position along the others; the title says where that is.
+## Where it is in doubt which variable has the levels of a section, @qcode{"along"} and its name among the selections say so.
 ## @var{x} and @var{at} are the two results of @code{at} or of @code{gridio_read}, @var{x} perhaps changed since.
 ##
 ## @example

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} across_the_seam
-## Undocumented internal function: the positions of longitudes from the first to the second, going east, in the order in which they are one piece, and their
-## values, monotonic if those of the file are but for the seam.
+## @deftypefn {} {[@var{positions}, @var{values}] =} across_the_seam (@var{stored}, @var{low}, @var{high}, @var{tolerance})
+## Undocumented internal function: the positions of longitudes from the first to the second, going east, in the order in
+## which they are one piece, and their values, monotonic if those of the file are but for the seam.
 ## @end deftypefn
 
 function [positions, values] = across_the_seam (stored, low, high, tolerance)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} asked_points
-## Undocumented internal function: what a selection asks of a coordinate: all, names, points that are near, or a range, in the coordinate's own numbers.
+## @deftypefn {} {@var{asked} =} asked_points (@var{axis}, @var{request})
+## Undocumented internal function: what a selection asks of a coordinate: all, names, points that are near, or a range, in
+## the coordinate's own numbers.
 ## @end deftypefn
 
 function asked = asked_points (axis, request)
@@ -75,7 +76,7 @@ endfunction
 function [range, isPeriod] = read_period (axis, text)
 
   try
-    [range, isPeriod] = gridio_native ("periodToTimes", text, axis.units, axis.calendar);
+    [range, isPeriod] = convert_times ("periodToTimes", text, axis.units, axis.calendar);
   catch failure
     fail ("badSelection", "'%s' cannot be selected by \"%s\": %s", visible_text (axis.name), visible_text (text), ...
           failure.message);
@@ -91,7 +92,7 @@ function point = point_of (axis, value)
   elseif (! (isnumeric (value) && isreal (value) && isscalar (value)) || isnan (value))
     bad_value (axis, value);
   elseif (axis.isTime && has_datenum (axis.calendar))
-    point = gridio_native ("datenumToTimes", double (value), axis.units, axis.calendar);
+    point = convert_times ("datenumToTimes", double (value), axis.units, axis.calendar);
   else
     point = double (value);
   endif
@@ -103,7 +104,7 @@ function tolerance = tolerance_of_datenum (axis, value)
 
   tolerance = 0;
   if (axis.isTime && has_datenum (axis.calendar) && isfinite (value))
-    tolerance = 2 * abs (diff (gridio_native ("datenumToTimes", double (value) + [0, eps(double (value))], ...
+    tolerance = 2 * abs (diff (convert_times ("datenumToTimes", double (value) + [0, eps(double (value))], ...
                                               axis.units, axis.calendar)));
   endif
 

@@ -9,7 +9,8 @@
 function assign_block (ncid, varid, index, values, isEncoded = true)
 
   [name, xtype, dimids] = gridio ("inqVar", ncid, varid);
-  [lengths, isText, isUnlimited] = shape_of (ncid, xtype, dimids, values);
+  [values, isText] = as_texts (values, gridio_any ("inqType", ncid, xtype), numel (index) - numel (dimids));
+  [lengths, isUnlimited] = shape_of (ncid, dimids);
   width = lengths(1:isText);
   index = positions (name, ncid, dimids(1+isText:end), index, lengths(1+isText:end), isUnlimited(1+isText:end));
   counts = cellfun (@numel, index);
@@ -29,8 +30,17 @@ function assign_block (ncid, varid, index, values, isEncoded = true)
 
 endfunction
 
-## The lengths of a variable.  Texts given for characters take the first dimension whole.
-function [lengths, isText, isUnlimited] = shape_of (ncid, xtype, dimids, values)
+## Whether values are texts for characters, which take the first dimension whole; a text may come without a cell.
+function [values, isText] = as_texts (values, type, extra)
+
+  if (ischar (values) && rows (values) <= 1 && (strcmp (type, "string") || (strcmp (type, "char") && extra == -1)))
+    values = {values};
+  endif
+  isText = double (iscellstr (values) && strcmp (type, "char") && extra == -1);
+
+endfunction
+
+function [lengths, isUnlimited] = shape_of (ncid, dimids)
 
   [~, unlimited] = gridio_any ("inqDimIDs", ncid, true);
   lengths = zeros (1, numel (dimids));
@@ -38,7 +48,6 @@ function [lengths, isText, isUnlimited] = shape_of (ncid, xtype, dimids, values)
     [~, lengths(d)] = gridio ("inqDim", ncid, dimids(d));
   endfor
   isUnlimited = ismember (dimids, unlimited);
-  isText = double (iscellstr (values) && xtype == gridio ("parameter", "NC_CHAR") && ! isempty (dimids) && ! isUnlimited(1));
 
 endfunction
 

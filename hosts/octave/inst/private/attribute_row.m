@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} attribute_row
+## @deftypefn {} {@var{row} =} attribute_row (@var{attributes}, @var{k})
 ## Undocumented internal function: an attribute's name and value as texts.
 ## @end deftypefn
 

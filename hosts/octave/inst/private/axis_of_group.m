@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} axis_of_group
-## Undocumented internal function: the coordinate of a group that serves as lat, lon, time, or level; empty if there is none.
+## @deftypefn {} {@var{k} =} axis_of_group (@var{d}, @var{group}, @var{name})
+## Undocumented internal function: the coordinate of a group that serves as lat, lon, time, or level; empty if there is
+## none.
 ## @end deftypefn
 
 function k = axis_of_group (d, group, name)
@@ -11,7 +12,10 @@ function k = axis_of_group (d, group, name)
   if (! any (strcmp (name, {"lat", "lon", "time", "level"})))
     return;
   endif
-  numbers = find (d.variables.group == group)(:)';
+  numbers = find (d.variables.group == group & d.variables.mayBeAxis)(:)';
+  if (isempty (numbers))
+    return;
+  endif
   [roles, stages] = cellfun (@axis_role, d.variables.attributes(numbers), d.variables.name(numbers), ...
                              "UniformOutput", false);
   isIt = strcmp (roles, name)(:)';

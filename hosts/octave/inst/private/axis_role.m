@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} axis_role
-## Undocumented internal function: which axis a variable with these attributes and this name serves as: lon, lat, time, level or none, and by what it
-## is known: 1 its axis, 2 its standard_name, 3 its units, 4 a usual name.
+## @deftypefn {} {[@var{role}, @var{stage}] =} axis_role (@var{attributes}, @var{name})
+## Undocumented internal function: which axis a variable with these attributes and this name serves as: lon, lat, time,
+## level or none, and by what it is known: 1 its axis, 2 its standard_name, 3 its units, 4 a usual name.
 ## @end deftypefn
 
 function [role, stage] = axis_role (attributes, name)
@@ -49,16 +49,5 @@ endfunction
 function yes = is_plain_angle (role, units)
 
   yes = ! strcmp (role, "time") && ! isempty (regexpi (units, '^(degrees?|deg|radians?|rad)$', "once"));
-
-endfunction
-
-function names = vertical_names ()
-
-  names = {"air_pressure", "altitude", "depth", "height", "model_level_number", "sea_water_pressure", ...
-           "geopotential_height", "height_above_mean_sea_level", "height_above_geopotential_datum", ...
-           "atmosphere_ln_pressure_coordinate", "atmosphere_sigma_coordinate", ...
-           "atmosphere_hybrid_sigma_pressure_coordinate", "atmosphere_hybrid_height_coordinate", ...
-           "atmosphere_sleve_coordinate", "ocean_sigma_coordinate", "ocean_s_coordinate", "ocean_s_coordinate_g1", ...
-           "ocean_s_coordinate_g2", "ocean_sigma_z_coordinate", "ocean_double_sigma_coordinate"};
 
 endfunction

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} block_size
+## @deftypefn {} {@var{counts} =} block_size (@var{lists}, @var{lengths})
 ## Undocumented internal function: how many positions each list has, of dimensions of these lengths.
 ## @end deftypefn
 

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} bounds_of
-## Undocumented internal function: the bounds of a coordinate's cells, 2 or more rows by the coordinate's shape; times as numbers of their units.
+## @deftypefn {} {@var{bounds} =} bounds_of (@var{file}, @var{number})
+## Undocumented internal function: the bounds of a coordinate's cells, 2 or more rows by the coordinate's shape; times as
+## numbers of their units.
 ## @end deftypefn
 
 function bounds = bounds_of (file, number)

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} box_on_sphere
-## Undocumented internal function: the smallest block of positions that has all points with longitudes and latitudes in ranges, and which of its points
-## these are.
+## @deftypefn {} {@var{plan} =} box_on_sphere (@var{plan}, @var{places}, @var{lon_axis}, @var{lat_axis}, @var{lon_asked}, @var{lat_asked})
+## Undocumented internal function: the smallest block of positions that has all points with longitudes and latitudes in
+## ranges, and which of its points these are.
 ## @end deftypefn
 
 function plan = box_on_sphere (plan, places, lonAxis, latAxis, lonAsked, latAsked)

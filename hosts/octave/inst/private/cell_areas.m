@@ -1,10 +1,10 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} cell_areas
-## Undocumented internal function: the areas of a variable's cells in square metres: the variable that its attribute cell_measures names, or else those between
-## the bounds of longitude and latitude on a sphere of radius 6371 km.  The second result has the places of their dimensions
-## among the variable's.
+## @deftypefn {} {[@var{areas}, @var{places}] =} cell_areas (@var{file}, @var{number})
+## Undocumented internal function: the areas of a variable's cells in square metres: the variable that its attribute
+## cell_measures names, or else those between the bounds of longitude and latitude on a sphere of radius 6371 km.  The
+## second result has the places of their dimensions among the variable's.
 ## @end deftypefn
 
 function [areas, places] = cell_areas (file, number)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} checked_positions
+## @deftypefn {} {@var{list} =} checked_positions (@var{file}, @var{number}, @var{index}, @var{len}, @var{k})
 ## Undocumented internal function: an index as a row of positions, or ":" for all; an error unless it is within the length.
 ## @end deftypefn
 

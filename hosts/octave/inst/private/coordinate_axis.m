@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} coordinate_axis
-## Undocumented internal function: a coordinate with all that selecting along it takes: its values, times as numbers of their units, texts as a
-## column of them, longitudes and latitudes in degrees.
+## @deftypefn {} {@var{axis} =} coordinate_axis (@var{file}, @var{k})
+## Undocumented internal function: a coordinate with all that selecting along it takes: its values, times as numbers of
+## their units, texts as a column of them, longitudes and latitudes in degrees.
 ## @end deftypefn
 
 function axis = coordinate_axis (file, k)

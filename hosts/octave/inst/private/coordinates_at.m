@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} coordinates_at
-## Undocumented internal function: the coordinates of what a selection gives: a field for each, and in the field "about" what they are.
+## @deftypefn {} {@var{at} =} coordinates_at (@var{file}, @var{number}, @var{plan})
+## Undocumented internal function: the coordinates of what a selection gives: a field for each, and in the field "about"
+## what they are.
 ## @end deftypefn
 
 function at = coordinates_at (file, number, plan)
@@ -10,7 +11,7 @@ function at = coordinates_at (file, number, plan)
   d = file.d;
   shape = variable_shape (file, number);
   [numbers, ranks] = coordinates_of (d, number);
-  numbers = numbers(ranks < 3 | ismember (numbers, plan.used) | serves (d, numbers, ranks));
+  numbers = unique ([numbers(ranks < 3 | serves(d, numbers, ranks)), plan.used], "stable");
   at = struct ();
   about = axis_about (file, numbers);
   for k = numbers
@@ -91,7 +92,7 @@ function about = axis_about (file, numbers)
                            "role", axis_role (attributes, d.variables.name{k}), ...
                            "units", attribute_text (attributes, "units"), ...
                            "long_name", attribute_text (attributes, "long_name"), ...
-                           "calendar", merge (isTime, calendar, ""), ...
+                           "calendar", merge (isTime, strtok (calendar, "|"), ""), ...
                            "isDatenum", isTime && has_datenum (calendar) && bitand (file.flags, 64) > 0, ...
                            "positive", attribute_text (attributes, "positive"));
   endfor

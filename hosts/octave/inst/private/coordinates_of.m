@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} coordinates_of
-## Undocumented internal function: the coordinates of a variable, and how each is known: 1 by the name of a dimension, 2 by its attribute
-## coordinates, 3 as a variable along some of its dimensions that serves as an axis.
+## @deftypefn {} {[@var{numbers}, @var{ranks}] =} coordinates_of (@var{d}, @var{number})
+## Undocumented internal function: the coordinates of a variable, and how each is known: 1 by the name of a dimension, 2 by
+## its attribute coordinates, 3 as a variable along some of its dimensions that serves as an axis.
 ## @end deftypefn
 
 function [numbers, ranks] = coordinates_of (d, number)
@@ -27,7 +27,8 @@ function [numbers, ranks] = coordinates_of (d, number)
       ranks(end+1) = 2;
     endif
   endfor
-  others = find (d.variables.group == group & cellfun (@(list) is_among (list, dimensions), d.variables.dimensions))(:)';
+  others = find (d.variables.group == group & d.variables.mayBeAxis);
+  others = others(cellfun (@(list) is_among (list, dimensions), d.variables.dimensions(others)))(:)';
   for k = setdiff (others, numbers)
     [role, stage] = axis_role (d.variables.attributes{k}, d.variables.name{k});
     if (! isempty (role) && (stage < 3 || ! strcmp (role, "level")))

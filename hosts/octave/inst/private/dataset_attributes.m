@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_attributes
+## @deftypefn {} {@var{s} =} dataset_attributes (@var{self})
 ## Undocumented internal function: the method of that name of @code{gridio_dataset}.
 ## @end deftypefn
 

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_bounds
-## Undocumented internal function: the method @code{bounds} of @code{gridio_dataset}: the bounds of a coordinate's cells, as stored or else half way between
-## the values.
+## @deftypefn {} {@var{bounds} =} dataset_bounds (@var{self}, @var{name})
+## Undocumented internal function: the method @code{bounds} of @code{gridio_dataset}: the bounds of a coordinate's cells, as
+## stored or else half way between the values.
 ## @end deftypefn
 
 function bounds = dataset_bounds (self, name)
@@ -22,7 +22,7 @@ function bounds = dataset_bounds (self, name)
   bounds = bounds_of (file, number);
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar) && bitand (file.flags, 64))
-    bounds = gridio_native ("timesToDatenum", bounds, units, calendar);
+    bounds = convert_times ("timesToDatenum", bounds, units, calendar);
   endif
 
 endfunction

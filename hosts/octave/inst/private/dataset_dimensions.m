@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_dimensions
-## Undocumented internal function: the method @code{dimensions} of @code{gridio_dataset}: the names of the group's dimensions.
+## @deftypefn {} {@var{names} =} dataset_dimensions (@var{self})
+## Undocumented internal function: the method @code{dimensions} of @code{gridio_dataset}: the names of the group's
+## dimensions.
 ## @end deftypefn
 
 function names = dataset_dimensions (self)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_find
+## @deftypefn {} {@var{variable} =} dataset_find (@var{self}, @dots{})
 ## Undocumented internal function: the method @code{find} of @code{gridio_dataset}: the one variable with given attributes.
 ## @end deftypefn
 

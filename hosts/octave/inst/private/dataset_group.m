@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_group
+## @deftypefn {} {@var{below} =} dataset_group (@var{self}, @var{name})
 ## Undocumented internal function: the method @code{group} of @code{gridio_dataset}.
 ## @end deftypefn
 

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} dataset_groups
+## @deftypefn {} {@var{names} =} dataset_groups (@var{self})
 ## Undocumented internal function: the method @code{groups} of @code{gridio_dataset}: the paths of all groups below.
 ## @end deftypefn
 

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} decoded_times
-## Undocumented internal function: times as day numbers, where the variable has times and the calendar has such; all else unchanged.
+## @deftypefn {} {@var{x} =} decoded_times (@var{file}, @var{number}, @var{x})
+## Undocumented internal function: times as day numbers, where the variable has times and the calendar has such; all else
+## unchanged.
 ## @end deftypefn
 
 function x = decoded_times (file, number, x)
@@ -12,7 +13,7 @@ function x = decoded_times (file, number, x)
   endif
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar))
-    x = gridio_native ("timesToDatenum", double (x), units, calendar);
+    x = convert_times ("timesToDatenum", double (x), units, calendar);
   endif
 
 endfunction

@@ -21,7 +21,7 @@ function flags = decoding_flags (varargin)
     elseif (strcmp (name, "decode"))
       isOn(1:8) = value & [true, true, true, true, true, isOn(6), true, true];
     else
-      unknown_name ("badOption", "option", name, [names, "decode"]);
+      unknown_name ("badOption", "option", name, [names, "decode", "months"]);
     endif
   endfor
   flags = sum (2 .^ (find (isOn) - 1));

@@ -33,6 +33,10 @@ function stored = encode_values (values, encoding)
     fail ("missingCoordinate", "'%s' is a coordinate variable, whose values must all be there, but %d of them are NaN", ...
           shown_text (encoding.name), sum (isMissing(:)));
   endif
+  if (isempty (encoding.fill) && any (isMissing(:)))
+    fail ("doNotFit", "%d values of '%s' are NaN, but it has no '_FillValue', and its type, %s, has none of its own", ...
+          sum (isMissing(:)), shown_text (encoding.name), encoding.type);
+  endif
   if (encoding.isPacked)
     values = (double (values) - encoding.offset) / encoding.scale;
   endif
@@ -80,7 +84,7 @@ function [stored, isBad] = whole_numbers (values, encoding, isTime)
   if (isfloat (values))
     isBad |= values >= 2 ^ 63 & strcmp (encoding.class, "int64") | values >= 2 ^ 64;
   endif
-  if (encoding.isPacked)
+  if (encoding.isPacked && ! isempty (encoding.fill))
     isBad |= stored == encoding.fill;
   endif
 

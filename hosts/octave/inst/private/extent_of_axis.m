@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} extent_of_axis
+## @deftypefn {} {@var{words} =} extent_of_axis (@var{axis})
 ## Undocumented internal function: from where to where the values of a coordinate go, in words.
 ## @end deftypefn
 

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} fetch
-## Undocumented internal function: the values of a variable as gridio_native reads them, at lists of positions from 1, in as few reads as it takes without
-## reading much that is not wanted.
+## @deftypefn {} {@var{x} =} fetch (@var{ncid}, @var{varid}, @var{lengths}, @var{lists}, @var{flags}, @var{is_opaque})
+## Undocumented internal function: the values of a variable as gridio_native reads them, at lists of positions from 1, in as
+## few reads as it takes without reading much that is not wanted.
 ## @end deftypefn
 
 function x = fetch (ncid, varid, lengths, lists, flags, isOpaque)

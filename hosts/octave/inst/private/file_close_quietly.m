@@ -6,11 +6,11 @@
 ## a failure is a warning, as nothing catches errors here.
 ## @end deftypefn
 
-function file_close_quietly (file)
+function file_close_quietly (file, isExiting)
 
   try
-    if (file.isOpen && file.session == gridio_native ("session"))
-      file_close (file, is_whole (file));
+    if (file.session == gridio_native ("session"))
+      file_close (file, is_whole (file, isExiting));
     endif
   catch failure
     warning (failure.identifier, "%s", failure.message);
@@ -20,12 +20,12 @@ endfunction
 
 ## Whether a file that replaces another is as it was to be: no error is why it is closed.  At the end of the session an
 ## error since the file was last written to counts, too: it may be why the session ends.
-function isWhole = is_whole (file)
+function isWhole = is_whole (file, isExiting)
 
   isWhole = true;
   if (strcmp (file.mode, "replace"))
     state = ask_gridio ("state");
-    isWhole = ! state.isUnwinding && ! (state.isExiting && ! isequal (file.lastError, lasterror ()));
+    isWhole = ! state.isUnwinding && ! (isExiting && ! isequal (file.lastError, lasterror ()));
   endif
 
 endfunction

@@ -16,7 +16,8 @@ function file = file_open (path, varargin)
     varargin(1) = [];
   endif
   [format, varargin] = format_option (mode, varargin);
-  file = struct ("path", path, "mode", mode, "isOpen", true, "flags", decoding_flags (varargin{:}), ...
+  [months, varargin] = months_option (varargin);
+  file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
                  "lastError", lasterror ());
   switch (mode)
     case {"read", "write"}
@@ -44,6 +45,21 @@ function [format, options] = format_option (mode, options)
   if (! isempty (at) && any (strcmp (mode, {"new", "replace"})))
     format = options{2*at(end)};
     options([2*at-1, 2*at]) = [];
+  endif
+
+endfunction
+
+## How months and years are taken as units of time, whose lengths differ.
+function [months, options] = months_option (options)
+
+  months = "refused";
+  k = find (cellfun (@(name) ischar (name) && strcmp (name, "months"), options(1:2:end)), 1, "last");
+  if (! isempty (k))
+    months = options{2*k};
+    options(2*k-1:2*k) = [];
+    if (! ischar (months) || ! any (strcmp (months, {"refused", "udunits", "calendar"})))
+      fail ("badOption", "option \"months\" must be \"calendar\", \"udunits\" or \"refused\", not %s", shown_text (months));
+    endif
   endif
 
 endfunction

@@ -1,9 +1,10 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} find_coordinate
-## Undocumented internal function: the coordinate of a variable that a user's name means: a dimension's name, a coordinate's, or lat, lon, time,
-## or level, or a standard_name.  It is 0 for a dimension without coordinates, whose place the second result has.
+## @deftypefn {} {[@var{k}, @var{place}] =} find_coordinate (@var{file}, @var{number}, @var{name})
+## Undocumented internal function: the coordinate of a variable that a user's name means: a dimension's name, a
+## coordinate's, or lat, lon, time, or level, or a standard_name.  It is 0 for a dimension without coordinates, whose place
+## the second result has.
 ## @end deftypefn
 
 function [k, place] = find_coordinate (file, number, name)
@@ -21,6 +22,9 @@ function [k, place] = find_coordinate (file, number, name)
   elseif (isempty (k))
     k = by_meaning (d, number, numbers, ranks, name);
   endif
+  if (isempty (k) && isempty (place))
+    k = along_it (file, number, dimensions, name);
+  endif
   k = k(1:min (1, end));
   if (isempty (k) && isempty (place))
     unknown_name ("unknownName", "dimension or coordinate", name, ...
@@ -28,6 +32,19 @@ function [k, place] = find_coordinate (file, number, name)
                   sprintf (" of variable '%s'", visible_text (d.variables.path{number})));
   elseif (isempty (k))
     k = 0;
+  endif
+
+endfunction
+
+## A variable that nothing says is a coordinate, but whose values lie along dimensions of this one.
+function k = along_it (file, number, dimensions, name)
+
+  k = in_scope (file.d, file.d.variables.group(number), name);
+  if (! isempty (k))
+    mine = variable_shape (file, k).dimensions;
+    if (isempty (mine) || ! all (ismember (mine, dimensions)))
+      k = [];
+    endif
   endif
 
 endfunction

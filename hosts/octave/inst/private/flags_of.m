@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} flags_of
+## @deftypefn {} {@var{flags} =} flags_of (@var{file}, @var{number})
 ## Undocumented internal function: the values or masks of a variable and their meanings, in rows.
 ## @end deftypefn
 

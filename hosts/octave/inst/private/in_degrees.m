@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} in_degrees
+## @deftypefn {} {@var{values} =} in_degrees (@var{values}, @var{role}, @var{units})
 ## Undocumented internal function: values of a longitude or latitude in radians as degrees; all others unchanged.
 ## @end deftypefn
 

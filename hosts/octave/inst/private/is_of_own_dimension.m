@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} is_of_own_dimension
+## @deftypefn {} {@var{yes} =} is_of_own_dimension (@var{d}, @var{k})
 ## Undocumented internal function: whether a variable has one dimension, and its name.
 ## @end deftypefn
 

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} near_longitudes
+## @deftypefn {} {@var{values} =} near_longitudes (@var{values}, @var{points})
 ## Undocumented internal function: longitudes counted so that each is within 180 degrees of its point.
 ## @end deftypefn
 

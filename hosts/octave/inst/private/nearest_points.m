@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} nearest_points
-## Undocumented internal function: the positions of the points that are nearest on the sphere to longitudes and latitudes, within a distance in degrees.
+## @deftypefn {} {@var{plan} =} nearest_points (@var{plan}, @var{places}, @var{lon_axis}, @var{lat_axis}, @var{lons}, @var{lats}, @var{within})
+## Undocumented internal function: the positions of the points that are nearest on the sphere to longitudes and latitudes,
+## within a distance in degrees.
 ## @end deftypefn
 
 function plan = nearest_points (plan, places, lonAxis, latAxis, lons, lats, within)

@@ -37,7 +37,7 @@ endfunction
 ## How many values there are along each dimension.  A vector may be a row or a column.
 function counts = value_counts (name, ndims_, sizes)
 
-  if (ndims_ == 1 && numel (sizes) == 2 && any (sizes == 1))
+  if (ndims_ == 1 && numel (sizes) == 2 && (any (sizes == 1) || all (sizes == 0)))
     counts = prod (sizes);
     return;
   endif

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} parse_selection
-## Undocumented internal function: selections as they were given, as a column of structs: the name of a dimension or coordinate, what was asked of it,
-## whether that is positions, and how far the nearest point may be.
+## @deftypefn {} {@var{requests} =} parse_selection (@var{given})
+## Undocumented internal function: selections as they were given, as a column of structs: the name of a dimension or
+## coordinate, what was asked of it, whether that is positions, and how far the nearest point may be.
 ## @end deftypefn
 
 function requests = parse_selection (given)

@@ -42,6 +42,8 @@ function text = place_text (one, value)
     if (strcmp (text(end-4:end), "00:00"))
       text = text(1:10);
     endif
+  elseif (! isempty (one.calendar) && ! one.isDatenum && isfinite (value))
+    text = gridio_native ("timesToText", value, one.units, one.calendar){1};
   else
     text = strtrim (sprintf ("%s: %.6g %s", one.name, value, one.units));
   endif

@@ -16,6 +16,10 @@ function put_variable (ncid, name, values, dimensions = {}, varargin)
   dimensions = dimension_names (name, dimensions);
   [values, dimensions, type] = variable_type (ncid, name, values, dimensions, attributes, settings, hasAll);
   dims = new_dimensions (ncid, name, dimensions, values, settings.Unlimited);
+  if (! isempty (settings.ChunkSizes) && numel (settings.ChunkSizes) != numel (dims))
+    fail ("badSetting", "'_ChunkSizes' of '%s' must have one number for each of its %d dimensions, and has %d", ...
+          shown_text (name), numel (dims), numel (settings.ChunkSizes));
+  endif
 
   attributes = with_calendar (attributes);
   encoding = value_encoding (name, type, [attributes; bounds_units(ncid, name, attributes)], settings.FillValue);

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} range_words
+## @deftypefn {} {@var{words} =} range_words (@var{file}, @var{k})
 ## Undocumented internal function: from where to where a coordinate goes, in words: times as dates, texts in quotes.
 ## @end deftypefn
 
@@ -73,9 +73,9 @@ function words = number_range (file, k, values, isField)
   endif
   [units, calendar] = time_of (file, k);
   if (! isempty (units))
-    texts = short_dates (gridio_native ("timesToText", values(:), units, calendar))(:)';
+    texts = short_dates (convert_times ("timesToText", values(:), units, calendar))(:)';
     if (! has_datenum (calendar))
-      texts{end} = sprintf ("%s, calendar %s", texts{end}, visible_text (calendar));
+      texts{end} = sprintf ("%s, calendar %s", texts{end}, visible_text (strtok (calendar, "|")));
     endif
   else
     texts = arrayfun (@(x) sprintf ("%.6g", x), values(:)', "UniformOutput", false);

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} read_block
+## @deftypefn {} {@var{x} =} read_block (@var{file}, @var{number}, @var{lists})
 ## Undocumented internal function: the decoded values at lists of positions, one for each dimension of the values.
 ## @end deftypefn
 

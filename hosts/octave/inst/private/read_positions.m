@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} read_positions
-## Undocumented internal function: the values at positions that are given as for an array: numbers from 1, logical masks, or ":"; fewer than there
-## are dimensions, where the last counts through all that are left.
+## @deftypefn {} {@var{x} =} read_positions (@var{file}, @var{number}, @var{subs})
+## Undocumented internal function: the values at positions that are given as for an array: numbers from 1, logical masks, or
+## ":"; fewer than there are dimensions, where the last counts through all that are left.
 ## @end deftypefn
 
 function x = read_positions (file, number, subs)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} readable_text
+## @deftypefn {} {@var{text} =} readable_text (@var{text})
 ## Undocumented internal function: a text of a file as UTF-8; bytes that are none are taken for letters of ISO 8859-1.
 ## @end deftypefn
 

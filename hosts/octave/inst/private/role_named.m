@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} role_named
+## @deftypefn {} {@var{role} =} role_named (@var{name})
 ## Undocumented internal function: the axis that a name means in every file; the empty text is no axis.
 ## @end deftypefn
 

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} screen_width
+## @deftypefn {} {@var{width} =} screen_width ()
 ## Undocumented internal function: how many characters a line may have.
 ## @end deftypefn
 

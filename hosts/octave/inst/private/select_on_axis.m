@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} select_on_axis
-## Undocumented internal function: the positions along a one-dimensional coordinate that a selection means, and of longitudes their values as the selection
-## counts them.
+## @deftypefn {} {[@var{positions}, @var{values}] =} select_on_axis (@var{file}, @var{axis}, @var{request})
+## Undocumented internal function: the positions along a one-dimensional coordinate that a selection means, and of
+## longitudes their values as the selection counts them.
 ## @end deftypefn
 
 function [positions, values] = select_on_axis (file, axis, request)

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} select_on_sphere
-## Undocumented internal function: selections by longitude and latitude together, where they lie along the same dimensions: the nearest point, and the
-## smallest block around a box.  The second result says which selections are done.
+## @deftypefn {} {[@var{plan}, @var{done}] =} select_on_sphere (@var{file}, @var{shape}, @var{plan}, @var{requests}, @var{axes})
+## Undocumented internal function: selections by longitude and latitude together, where they lie along the same dimensions:
+## the nearest point, and the smallest block around a box.  The second result says which selections are done.
 ## @end deftypefn
 
 function [plan, done] = select_on_sphere (file, shape, plan, requests, axes)

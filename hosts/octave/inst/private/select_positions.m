@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} select_positions
-## Undocumented internal function: the positions that selections mean, as a list for each dimension of the values; of boxes of two-dimensional
-## coordinates also which places in them belong to the box; and longitudes as the selections count them.
+## @deftypefn {} {@var{plan} =} select_positions (@var{file}, @var{number}, @var{requests})
+## Undocumented internal function: the positions that selections mean, as a list for each dimension of the values; of boxes
+## of two-dimensional coordinates also which places in them belong to the box; and longitudes as the selections count them.
 ## @end deftypefn
 
 function plan = select_positions (file, number, requests)

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} shape_words
-## Undocumented internal function: the dimensions of a variable's values in the order of the interpreter: "longitude x latitude x time".
+## @deftypefn {} {@var{words} =} shape_words (@var{file}, @var{k})
+## Undocumented internal function: the dimensions of a variable's values in the order of the interpreter: "longitude x
+## latitude x time".
 ## @end deftypefn
 
 function words = shape_words (file, k)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} shortened
+## @deftypefn {} {@var{text} =} shortened (@var{text}, @var{most})
 ## Undocumented internal function: a text of at most so many characters, with dots where it was longer.
 ## @end deftypefn
 

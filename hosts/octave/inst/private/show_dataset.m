@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} show_dataset
-## Undocumented internal function: print what a group of a file has: dimensions, coordinates with their ranges, variables, groups, attributes; of many
-## the first.
+## @deftypefn {} {} show_dataset (@var{file}, @var{group})
+## Undocumented internal function: print what a group of a file has: dimensions, coordinates with their ranges, variables,
+## groups, attributes; of many the first.
 ## @end deftypefn
 
 function show_dataset (file, group)
@@ -83,12 +83,11 @@ endfunction
 ## that it is a longitude, latitude or time.
 function yes = are_coordinates (d, numbers)
 
-  texts = cellfun (@(attributes) attribute_text (attributes, "coordinates"), d.variables.attributes, ...
-                   "UniformOutput", false);
-  listed = ostrsplit (strjoin (unique (texts(:)'), " "), " \t\r\n", true);
+  listed = ostrsplit (strjoin (unique (d.variables.coordinates(:)'), " "), " \t\r\n", true);
   listed = regexprep (listed, '^.*/', "");
   yes = ismember (d.variables.name(numbers), listed)(:)';
-  for k = find (! yes)
+  isOwn = ismember (d.variables.name(numbers), d.dimensions.name)(:)';
+  for k = find (! yes & (isOwn | d.variables.mayBeAxis(numbers)(:)'))
     [role, stage] = axis_role (d.variables.attributes{numbers(k)}, d.variables.name{numbers(k)});
     yes(k) = is_of_own_dimension (d, numbers(k)) || (stage < 3 && ! strcmp (role, "level"));
   endfor

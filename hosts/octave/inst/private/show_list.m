@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} show_list
-## Undocumented internal function: print the first of numbered things under a title, one in a line, in columns; nothing if there are none.
+## @deftypefn {} {} show_list (@var{title}, @var{numbers}, @var{most}, @var{row_of}, @var{hint})
+## Undocumented internal function: print the first of numbered things under a title, one in a line, in columns; nothing if
+## there are none.
 ## @end deftypefn
 
 function show_list (title, numbers, most, row_of, hint)

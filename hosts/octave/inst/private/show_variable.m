@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} show_variable
+## @deftypefn {} {} show_variable (@var{file}, @var{number})
 ## Undocumented internal function: print what a variable is: shape, storage, coordinates with their ranges, attributes.
 ## @end deftypefn
 

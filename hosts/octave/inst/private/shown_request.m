@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} shown_request
+## @deftypefn {} {@var{shown} =} shown_request (@var{value})
 ## Undocumented internal function: what was selected, for a message.
 ## @end deftypefn
 

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} sizes
+## @deftypefn {} {[@dots{}] =} sizes (@var{lengths}, @var{which})
 ## Undocumented internal function: what @code{size} returns for an array of these lengths.
 ## @end deftypefn
 

@@ -9,12 +9,12 @@
 
 function [attributes, settings] = storage_settings (what, varargin)
 
-  if (numel (varargin) == 1 && isstruct (varargin{1}))
-    varargin = [fieldnames(varargin{1}), struct2cell(varargin{1})]'(:)';
+  if (numel (varargin) > 0 && isstruct (varargin{1}) && isscalar (varargin{1}))
+    varargin = [[fieldnames(varargin{1}), struct2cell(varargin{1})]'(:)', varargin(2:end)];
   endif
   names = varargin(1:2:end);
   if (mod (numel (varargin), 2) == 1 || ! all (cellfun (@(name) ischar (name) && rows (name) == 1, names)))
-    fail ("attributesNotInPairs", "the attributes of '%s' must be pairs of a name and a value", shown_text (what));
+    fail ("attributesNotInPairs", "the attributes of '%s' must be pairs of a name and a value, after a struct of them perhaps", shown_text (what));
   endif
   known = {"FillValue", "ChunkSizes", "DeflateLevel", "Shuffle", "Fletcher32", "Endianness", "Format", "Type", ...
            "Unlimited", "NoFill", "Storage"};

@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} stored_bounds
-## Undocumented internal function: the bounds of a coordinate's cells as the file has them, with the corners first; empty if it has none.
+## @deftypefn {} {@var{bounds} =} stored_bounds (@var{file}, @var{k})
+## Undocumented internal function: the bounds of a coordinate's cells as the file has them, with the corners first; empty if
+## it has none.
 ## @end deftypefn
 
 function bounds = stored_bounds (file, k)

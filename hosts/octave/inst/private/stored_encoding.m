@@ -20,6 +20,9 @@ function encoding = stored_encoding (ncid, varid)
     attributes = [attributes; of_parent(ismember (of_parent(:,1), {"units", "calendar"}),:)];
   endif
   encoding = value_encoding (name, gridio_any ("inqType", ncid, xtype), attributes, fill);
+  if (isempty (fill) && ! any (strcmp (attributes(:,1), "missing_value")) && any (strcmp (encoding.class, {"int8", "uint8"})))
+    encoding.fill = []; # bytes have no fill value that readers know without the attribute
+  endif
   encoding.isCoordinate = numel (dimids) == 1 && strcmp (gridio ("inqDim", ncid, dimids), name);
 
 endfunction

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} time_of
-## Undocumented internal function: the units and the calendar of a variable whose values are times; empty units if they are not, or if the rules of
-## decoding leave times alone.
+## @deftypefn {} {[@var{units}, @var{calendar}] =} time_of (@var{file}, @var{number})
+## Undocumented internal function: the units and the calendar of a variable whose values are times; empty units if they are
+## not, or if the rules of decoding leave times alone.
 ## @end deftypefn
 
 function [units, calendar] = time_of (file, number)
@@ -22,6 +22,9 @@ function [units, calendar] = time_of (file, number)
   named = attribute_text (attributes, "calendar");
   if (! isempty (named))
     calendar = lower (named);
+  endif
+  if (! strcmp (file.months, "refused"))
+    calendar = [calendar "|" file.months];
   endif
 
 endfunction

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} time_values
+## @deftypefn {} {[@var{values}, @var{units}, @var{calendar}] =} time_values (@var{self}, @dots{})
 ## Undocumented internal function: the times of a variable as numbers of its units: all, or those at positions.
 ## @end deftypefn
 

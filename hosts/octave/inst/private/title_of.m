@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} title_of
+## @deftypefn {} {@var{text} =} title_of (@var{attributes})
 ## Undocumented internal function: what a variable is: its long_name, or else its standard_name.
 ## @end deftypefn
 

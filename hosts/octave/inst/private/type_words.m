@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} type_words
-## Undocumented internal function: the type of a variable as users meet it: with "packed" where values are scaled, and "text" for characters of texts.
+## @deftypefn {} {@var{words} =} type_words (@var{d}, @var{k})
+## Undocumented internal function: the type of a variable as users meet it: with "packed" where values are scaled, and
+## "text" for characters of texts.
 ## @end deftypefn
 
 function words = type_words (d, k)

@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_area
-## Undocumented internal function: the method @code{area} of @code{gridio_variable}: the areas of its cells on the Earth in square metres, by longitude and
-## latitude.
+## @deftypefn {} {@var{areas} =} variable_area (@var{self})
+## Undocumented internal function: the method @code{area} of @code{gridio_variable}: the areas of its cells on the Earth in
+## square metres, by longitude and latitude.
 ## @end deftypefn
 
 function areas = variable_area (self)

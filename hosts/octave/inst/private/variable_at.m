@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_at
-## Undocumented internal function: the method @code{at} of @code{gridio_variable}: the values at a selection by coordinates, and their coordinates.
+## @deftypefn {} {[@var{x}, @var{at}] =} variable_at (@var{self}, @dots{})
+## Undocumented internal function: the method @code{at} of @code{gridio_variable}: the values at a selection by coordinates,
+## and their coordinates.
 ## @end deftypefn
 
 function [x, at] = variable_at (self, varargin)

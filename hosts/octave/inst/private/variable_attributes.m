@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_attributes
+## @deftypefn {} {@var{s} =} variable_attributes (@var{self})
 ## Undocumented internal function: the method @code{attributes} of @code{gridio_variable}.
 ## @end deftypefn
 

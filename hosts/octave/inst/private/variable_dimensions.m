@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_dimensions
+## @deftypefn {} {@var{names} =} variable_dimensions (@var{self})
 ## Undocumented internal function: the method @code{dimensions} of @code{gridio_variable}: names in the order of the array.
 ## @end deftypefn
 

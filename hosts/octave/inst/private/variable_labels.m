@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_labels
-## Undocumented internal function: the method @code{labels} of @code{gridio_variable}: what values mean by the variable's enumeration, or by its attributes
-## flag_values, flag_masks and flag_meanings; without values a table of both.
+## @deftypefn {} {@var{texts} =} variable_labels (@var{self}, @var{values})
+## Undocumented internal function: the method @code{labels} of @code{gridio_variable}: what values mean by the variable's
+## enumeration, or by its attributes flag_values, flag_masks and flag_meanings; without values a table of both.
 ## @end deftypefn
 
 function texts = variable_labels (self, values)

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_member
+## @deftypefn {} {@var{value} =} variable_member (@var{self}, @var{name})
 ## Undocumented internal function: an attribute of a variable.
 ## @end deftypefn
 

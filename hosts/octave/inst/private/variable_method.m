@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_method
-## Undocumented internal function: the function that does what a method of variables does, empty if there is none, and how many results it has.
+## @deftypefn {} {[@var{method}, @var{most}] =} variable_method (@var{name})
+## Undocumented internal function: the function that does what a method of variables does, empty if there is none, and how
+## many results it has.
 ## @end deftypefn
 
 function [method, most] = variable_method (name)
@@ -16,6 +17,14 @@ function [method, most] = variable_method (name)
     "parts",      @variable_parts,      1
     "labels",     @variable_labels,     1
     "area",       @variable_area,       1
+    "mean",       @mean,                2
+    "sum",        @sum,                 2
+    "min",        @min,                 2
+    "max",        @max,                 2
+    "std",        @std,                 2
+    "var",        @var,                 2
+    "count",      @count,               2
+    "median",     @median,              2
     "plot",       @gridio_plot,         1
   };
   method = [];

@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_name
+## @deftypefn {} {@var{name} =} variable_name (@var{self})
 ## Undocumented internal function: the method @code{name} of @code{gridio_variable}.
 ## @end deftypefn
 

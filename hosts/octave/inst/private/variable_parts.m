@@ -1,13 +1,14 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_parts
-## Undocumented internal function: the method @code{parts} of @code{gridio_variable}: times as rows of year, month, day, hour, minute, second.
+## @deftypefn {} {@var{parts} =} variable_parts (@var{self}, @dots{})
+## Undocumented internal function: the method @code{parts} of @code{gridio_variable}: times as rows of year, month, day,
+## hour, minute, second.
 ## @end deftypefn
 
 function parts = variable_parts (self, varargin)
 
   [values, units, calendar] = time_values (self, varargin{:});
-  parts = gridio_native ("timesToParts", values(:), units, calendar);
+  parts = convert_times ("timesToParts", values(:), units, calendar);
 
 endfunction

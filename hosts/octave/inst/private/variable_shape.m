@@ -1,9 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_shape
-## Undocumented internal function: the dimensions of a variable as its values have them, their lengths, and whether a dimension of characters
-## ahead of them holds texts.
+## @deftypefn {} {@var{shape} =} variable_shape (@var{file}, @var{number})
+## Undocumented internal function: the dimensions of a variable as its values have them, their lengths, and whether a
+## dimension of characters ahead of them holds texts.
 ## @end deftypefn
 
 function shape = variable_shape (file, number)

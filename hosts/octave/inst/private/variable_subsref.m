@@ -1,7 +1,7 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variable_subsref
+## @deftypefn {} {@var{values} =} variable_subsref (@var{self}, @var{way}, @var{count})
 ## Undocumented internal function: a chain of indexes of a variable, as a cell row of results.
 ## @end deftypefn
 

@@ -20,6 +20,9 @@ function [values, dimensions, type] = variable_type (ncid, name, values, dimensi
     values = text_values (texts, 0);
     dimensions = [{sprintf("string%d", rows (values))}, dimensions];
     type = "char";
+  elseif (isText && ischar (values) && (isempty (type) || strcmp (type, "string")))
+    values = {values};
+    type = "string";
   elseif (isempty (type))
     type = default_type (name, values, isTime, attributes, hasAll);
   endif

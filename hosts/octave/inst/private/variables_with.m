@@ -1,8 +1,9 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} variables_with
-## Undocumented internal function: the variables of a group and of those below it that have the attributes given, and their paths from there.
+## @deftypefn {} {[@var{numbers}, @var{names}] =} variables_with (@var{d}, @var{group}, @dots{})
+## Undocumented internal function: the variables of a group and of those below it that have the attributes given, and their
+## paths from there.
 ## @end deftypefn
 
 function [numbers, names] = variables_with (d, group, varargin)

@@ -1,0 +1,26 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} open_datasets (@var{what}, @var{guarded})
+## Undocumented internal function: remember which datasets are open, and close them at the end of the session, before the
+## interpreter takes its functions down: a destructor that runs later may call none.
+## @end deftypefn
+
+function open_datasets (what, guarded)
+
+  persistent open = {};
+  persistent isRegistered = false;
+  switch (what)
+    case "add"
+      if (! isRegistered)
+        atexit ("__gridio_close_datasets__");
+        isRegistered = true;
+      endif
+      open{end+1} = guarded;
+    case "sweep"
+      open = open(cellfun (@(one) one.isOpen, open));
+    case "close"
+      cellfun (@(one) close_guarded (one, true), open);
+  endswitch
+
+endfunction
