@@ -23,8 +23,8 @@ def oct_folder():
 
 
 def command(script, *args, folders=None, options=OPTIONS):
-    """How to run a script with these folders on the load path; at first that of gridio.oct."""
-    paths = [word for folder in folders or [oct_folder()] for word in ("--path", str(folder))]
+    """How to run a script with these folders on the load path; by default those of gridio."""
+    paths = [word for folder in folders or (oct_folder(), INST) for word in ("--path", str(folder))]
     return [os.environ.get("OCTAVE_CLI", "octave-cli"), *options, *paths, *([str(script)] if script else []), *map(str, args)]
 
 
