@@ -88,7 +88,7 @@ TEST_F(Describe, NamesEveryFormatAsTheToolsDo)
     }
 }
 
-TEST_F(Describe, OfAnEmptyFileHasColumnsWithoutRows)
+TEST_F(Describe, GivesColumnsWithoutRowsForAnEmptyFile)
 {
     const Value all = described(openMade(""));
     EXPECT_EQ(all.field("groups").field("attributes").cells().at(0).dims(), (Dims{0, 2}));

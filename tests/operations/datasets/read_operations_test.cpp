@@ -77,7 +77,7 @@ std::vector<Case> cases()
 
 } // namespace
 
-TEST_F(Decoding, OfEachRuleGivesTheSaidClassAndValues)
+TEST_F(Decoding, GivesTheSaidClassAndValuesForEachRule)
 {
     for (const Case& one : cases()) {
         SCOPED_TRACE(std::string(one.type) + " " + one.attributes);

@@ -194,7 +194,7 @@ const char* const kinds[] = {"mean", "sum", "min", "max", "std", "var", "count",
 
 } // namespace
 
-TEST_F(Reduce, OverAnyDimensionsGivesWhatPlainLoopsGive)
+TEST_F(Reduce, GivesWhatPlainLoopsGiveOverAnyDimensions)
 {
     for (const bool isChunked : {false, true}) {
         const int ncid = openField(isChunked);
@@ -214,7 +214,7 @@ TEST_F(Reduce, OverAnyDimensionsGivesWhatPlainLoopsGive)
     }
 }
 
-TEST_F(Reduce, InGroupsGivesOneResultForEach)
+TEST_F(Reduce, GivesOneResultForEachGroup)
 {
     const int ncid = openField(true);
     const Numbers groups[] = {{1, 3, 0, 1, 1, 3, 3}, {1, 1, 0, 2, 2}, {4, 1, 1, 4, 1, 0}};
@@ -236,7 +236,7 @@ TEST_F(Reduce, InGroupsGivesOneResultForEach)
     }
 }
 
-TEST_F(Reduce, WithWeightsOfDimensionsMindsTheirProduct)
+TEST_F(Reduce, MindsTheProductOfWeightsOfDimensions)
 {
     const int ncid = openField(true);
     for (const char* kind : {"mean", "sum", "min", "max", "std", "var", "count"}) {
@@ -253,7 +253,7 @@ TEST_F(Reduce, WithWeightsOfDimensionsMindsTheirProduct)
     }
 }
 
-TEST_F(Reduce, WithWeightsOfSeveralDimensionsTogether)
+TEST_F(Reduce, MindsWeightsOfSeveralDimensionsTogether)
 {
     const int ncid = openField(true);
     const Task task{"mean",  {0, 0, 0},
@@ -287,7 +287,7 @@ TEST_F(Reduce, LosesNothingToRounding)
     EXPECT_EQ(column("mean", 1), 1000000000.1);
 }
 
-TEST_F(Reduce, OfNothingIsMissing)
+TEST_F(Reduce, GivesNaNForNothing)
 {
     const int ncid = openMade("dimensions: t = UNLIMITED; x = 2; variables: short v(t, x), w(x);");
     const Value none = Value::empty();
@@ -301,7 +301,7 @@ TEST_F(Reduce, OfNothingIsMissing)
     }
 }
 
-TEST_F(Reduce, OfAVariableWithoutDimensionsIsItsValue)
+TEST_F(Reduce, GivesTheValueOfAVariableWithoutDimensions)
 {
     const int ncid = openMade("variables: short v; v:scale_factor = .5; data: v = 3;");
     const Value none = Value::empty();

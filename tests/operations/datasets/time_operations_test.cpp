@@ -38,7 +38,7 @@ TEST_F(Times, BecomePartsInEveryCalendar)
                   .describe());
 }
 
-TEST_F(Times, OfSinglesAreRoundedAsSingles)
+TEST_F(Times, RoundSinglesAsSingles)
 {
     const Value values =
         Value::scalar<float>(19000.1F); // 2 h 23 min 26.25 s, give or take two minutes
@@ -69,7 +69,7 @@ TEST_F(Times, ComeBackFromDayNumbers)
               Value::row<double>({6, gap}).describe());
 }
 
-TEST_F(Times, OfAPeriodAreItsBeginningAndEnd)
+TEST_F(Times, GiveTheBeginningAndEndOfAPeriod)
 {
     const struct {
         const char* text;
@@ -88,7 +88,7 @@ TEST_F(Times, OfAPeriodAreItsBeginningAndEnd)
     }
 }
 
-TEST_F(Times, InMonthsAreTakenAsTheLastArgumentSays)
+TEST_F(Times, TakeMonthsAsTheLastArgumentSays)
 {
     const char* const months = "months since 2000-01-31";
     EXPECT_THAT(numbers(result("timesToParts", {1, months, "standard", "calendar"})),
@@ -99,7 +99,7 @@ TEST_F(Times, InMonthsAreTakenAsTheLastArgumentSays)
     EXPECT_FALSE(attemptDataset("timesToParts", {1, months, "standard", "lunar"}).succeeded());
 }
 
-TEST_F(Times, ThatAreNoneAreErrorsWithTheirPlace)
+TEST_F(Times, RaiseErrorsWithTheirPlace)
 {
     EXPECT_THAT(attemptDataset("timesToText", {Value::row<double>({1, 1e300}), days, "standard"}),
                 raisesInDatasets("unrepresentableTime",
@@ -112,7 +112,7 @@ TEST_F(Times, ThatAreNoneAreErrorsWithTheirPlace)
                                  {1L, "[2000 1.5 1]", "its month is not a whole number in range"}));
 }
 
-TEST_F(Times, WithoutSenseAreRefused)
+TEST_F(Times, RefuseWhatHasNoSense)
 {
     for (const Values& arguments : {Values{1, "metres", "standard"}, Values{1, days, "lunar"}}) {
         const Outcome outcome = attemptDataset("timesToDatenum", arguments);
