@@ -4,6 +4,7 @@
 #include "hosts/messages/status_advice.h"
 
 #include "any_error_identifiers.h"
+#include "dataset_error_identifiers.h"
 #include "error_identifiers.h"
 
 #include <gmock/gmock.h>
@@ -17,6 +18,7 @@ namespace {
 
 using namespace Ovard::gridio::netcdf;
 namespace any = Ovard::gridio::any;
+namespace datasets = Ovard::gridio::datasets;
 using hosts::messages::messageText;
 using Ovard::gridio::validate::argumentOutOfBounds;
 using Ovard::gridio::validate::wrongNumberOfInputs;
@@ -86,6 +88,13 @@ std::vector<Occurrence> everyIdentifier()
         occurrence<any::foreignType>({"obs"}, "obs"),
         occurrence<any::unrecognizedWord>({"byte order", "middle", "big"}, "byte order", "middle",
                                           "big"),
+        occurrence<datasets::unreadableTime>({"units", "text-2", "reason-3"}, "units", "text-2",
+                                             "reason-3"),
+        occurrence<datasets::unrepresentableTime>({"72", "value-2", "reason-3"}, 72L, "value-2",
+                                                  "reason-3"),
+        occurrence<datasets::valueOutOfRange>({"72", "value-2", "type-3", "range-4"}, 72L,
+                                              "value-2", "type-3", "range-4"),
+        occurrence<datasets::badArgument>({"bins", "expected-2"}, "bins", "expected-2"),
     };
 }
 

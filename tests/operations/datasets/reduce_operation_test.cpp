@@ -194,7 +194,7 @@ const char* const kinds[] = {"mean", "sum", "min", "max", "std", "var", "count",
 
 } // namespace
 
-TEST_F(Reduce, OverAnyDimensionsGivesWhatPlainLoopsGive)
+TEST_F(Reduce, GivesWhatPlainLoopsGiveOverAnyDimensions)
 {
     for (const bool isChunked : {false, true}) {
         const int ncid = openField(isChunked);
