@@ -88,6 +88,11 @@ check ("months as steps of the calendar", isequal (monthly.t.text (), {"2000-01-
 check ("months as they are", isequal (gridio_dataset (months, "times", false).t(:), [0; 1]));
 check_raises ("months in another way", "badOption", @() gridio_dataset (months, "months", "long"));
 
+for name = {"gridio_dataset", "gridio_variable", "gridio_show", "gridio_read", "gridio_write", "gridio_plot"}
+  [~, format] = get_help_text (name{1});
+  check (["help of " name{1}], strcmp (format, "texinfo"));
+end
+
 shown = evalc ("ds");
 for words = {'^ds = dataset .*\.nc \(netCDF-4\)\n', 'time 2 \(unlimited\), longitude 3', '\n  time +time +2000-01-01 \.\.\. 2000-01-02\n', ...
              '\n  longitude +longitude +0 \.\.\. 2 degrees_east\n', '\n  t2m +longitude x time +float +\[K\] Temperature at 2 m\n', ...

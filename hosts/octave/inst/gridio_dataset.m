@@ -1,60 +1,60 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
-## -*- texinfo -*-
-## @deftypefn  {} {@var{ds} =} gridio_dataset (@var{file})
-## @deftypefnx {} {@var{ds} =} gridio_dataset (@var{file}, @var{mode})
-## @deftypefnx {} {@var{ds} =} gridio_dataset (@dots{}, @var{option}, @var{value}, @dots{})
-## Open a netCDF file, or an address, as a labelled dataset.
-##
-## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.
-## The file is closed when the last variable that refers to the dataset or to a part of it is
-## cleared.
-##
-## @example
-## @group
-## ds = gridio_dataset ("era5.nc")       # prints what there is
-## ds.t2m                                # a variable; nothing is read yet
-## x = ds.t2m(:,:,1);                    # values, missing ones as NaN
-## [x, at] = ds.t2m.at ("time", "2013-05", "lat", [40 60]);
-## ds.title                              # an attribute
-## ds("PRODUCT/qa_value")                # by its path, or a name that is no identifier
-## @end group
-## @end example
-##
-## @table @asis
-## @item Names
-## @code{ds.NAME} is the variable, group or attribute of that name, in this order; failing these, @code{lat}, @code{lon},
-## @code{time} and @code{level} are the coordinate that serves as such.  A variable whose name is that of a method is
-## @code{ds("NAME")}.
-## @item Methods
-## @code{variables ()}, @code{dimensions ()} and @code{groups ()} are names in a column; @code{variables (ATTRIBUTE, VALUE)}
-## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
-## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
-## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
-## @item Writing
-## @qcode{"new"} creates a file and refuses one that is there; @qcode{"replace"} writes beside the file, which is replaced when
-## the new one is closed, and stays if an error comes before; @qcode{"write"} opens a file to change it.  The option
-## @qcode{"_Format"} chooses the format of a new file.  @code{put (NAME, VALUES, DIMENSIONS, ATTRIBUTE, VALUE, @dots{})}
-## makes a variable, as @code{gridio_write} explains.  @code{append (NAME, VALUES, NAME, VALUES, @dots{})} adds records along
-## the unlimited dimension.  @code{ds.sst(:,:,3) = x} writes values, packed as the variable is and NaN as its fill value, and
-## @code{ds.sst.units = "K"} and @code{ds.title = "SST"} write attributes, which @code{[]} deletes.  Values that do not fit
-## are an error, and then nothing is written.
-## @item Options
-## Missing values become NaN, packed values are unpacked, times become day numbers as of @code{datenum}, and characters
-## texts.  Rules are switched off by name: @qcode{"missing"} (the attributes @code{_FillValue} and @code{missing_value}),
-## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
-## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
-## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
-## packed values become single.  @qcode{"months"} says how months and years are taken as units of time: @qcode{"calendar"},
-## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
-## @end table
-##
-## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
-##
-## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
-## @end deftypefn
-
 classdef gridio_dataset < handle
+
+  ## -*- texinfo -*-
+  ## @deftypefn  {} {@var{ds} =} gridio_dataset (@var{file})
+  ## @deftypefnx {} {@var{ds} =} gridio_dataset (@var{file}, @var{mode})
+  ## @deftypefnx {} {@var{ds} =} gridio_dataset (@dots{}, @var{option}, @var{value}, @dots{})
+  ## Open a netCDF file, or an address, as a labelled dataset.
+  ##
+  ## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.
+  ## The file is closed when the last variable that refers to the dataset or to a part of it is
+  ## cleared.
+  ##
+  ## @example
+  ## @group
+  ## ds = gridio_dataset ("era5.nc")       # prints what there is
+  ## ds.t2m                                # a variable; nothing is read yet
+  ## x = ds.t2m(:,:,1);                    # values, missing ones as NaN
+  ## [x, at] = ds.t2m.at ("time", "2013-05", "lat", [40 60]);
+  ## ds.title                              # an attribute
+  ## ds("PRODUCT/qa_value")                # by its path, or a name that is no identifier
+  ## @end group
+  ## @end example
+  ##
+  ## @table @asis
+  ## @item Names
+  ## @code{ds.NAME} is the variable, group or attribute of that name, in this order; failing these, @code{lat}, @code{lon},
+  ## @code{time} and @code{level} are the coordinate that serves as such.  A variable whose name is that of a method is
+  ## @code{ds("NAME")}.
+  ## @item Methods
+  ## @code{variables ()}, @code{dimensions ()} and @code{groups ()} are names in a column; @code{variables (ATTRIBUTE, VALUE)}
+  ## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
+  ## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
+  ## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
+  ## @item Writing
+  ## @qcode{"new"} creates a file and refuses one that is there; @qcode{"replace"} writes beside the file, which is replaced when
+  ## the new one is closed, and stays if an error comes before; @qcode{"write"} opens a file to change it.  The option
+  ## @qcode{"_Format"} chooses the format of a new file.  @code{put (NAME, VALUES, DIMENSIONS, ATTRIBUTE, VALUE, @dots{})}
+  ## makes a variable, as @code{gridio_write} explains.  @code{append (NAME, VALUES, NAME, VALUES, @dots{})} adds records along
+  ## the unlimited dimension.  @code{ds.sst(:,:,3) = x} writes values, packed as the variable is and NaN as its fill value, and
+  ## @code{ds.sst.units = "K"} and @code{ds.title = "SST"} write attributes, which @code{[]} deletes.  Values that do not fit
+  ## are an error, and then nothing is written.
+  ## @item Options
+  ## Missing values become NaN, packed values are unpacked, times become day numbers as of @code{datenum}, and characters
+  ## texts.  Rules are switched off by name: @qcode{"missing"} (the attributes @code{_FillValue} and @code{missing_value}),
+  ## @qcode{"default_fill"} (values that were never written), @qcode{"valid_range"} (with @code{valid_min} and
+  ## @code{valid_max}), @qcode{"unsigned"} (@code{_Unsigned}), @qcode{"scale"} (@code{scale_factor} and @code{add_offset}),
+  ## @qcode{"times"} and @qcode{"texts"}; all are switched off by @qcode{"decode"}.  @qcode{"single"} switches on that
+  ## packed values become single.  @qcode{"months"} says how months and years are taken as units of time: @qcode{"calendar"},
+  ## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
+  ## @end table
+  ##
+  ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
+  ##
+  ## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
+  ## @end deftypefn
 
   properties (Access = private)
     owner_; # the dataset that closes the file; empty in that itself

@@ -1,75 +1,75 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
-## -*- texinfo -*-
-## @deftypefn {} {@var{v} =} @var{ds}.NAME
-## A variable of a dataset, of which nothing is read until it is indexed.
-##
-## Positions count from 1.  Dimensions are in the order of the interpreter, the fastest first, as the printed variable
-## names them.
-##
-## @example
-## @group
-## v = gridio_dataset ("era5.nc").t2m;     # printed: shape, storage, coordinates, attributes
-## x = v(:,:,1);   y = v(10:20,1,end);     # values, missing ones as NaN
-## r = v.raw(:,:,1);                       # as stored
-## v.units                                 # an attribute
-## [x, at] = v.at ("time", "2013-05", "lat", [40 60], "lon", 12.5);
-## [m, at] = v.mean ("time", "by", "month");
-## @end group
-## @end example
-##
-## @table @asis
-## @item at (@var{name}, @var{selection}, @dots{})
-## The values at a selection by coordinates, and a struct of the coordinates of what came back.  A name is that of a
-## dimension, of a coordinate, or @code{lat}, @code{lon}, @code{time} or @code{level}, whatever the file calls these.  What
-## is not named comes whole.  A selection is
-##
-## @table @asis
-## @item a number
-## the nearest point; of cells with bounds the one that it is in.  @qcode{"within"}, @var{d} behind it bounds how far the
-## point may be; else it may be one step beyond the ends
-## @item two numbers in a vector
-## all from the first to the second.  Longitudes go east from the first to the second in either convention, also over the
-## seam, and are counted in the second result as they were asked
-## @item a text
-## of times a period (@qcode{"2013"}, @qcode{"2013-05"}, @qcode{"2013-05-01"}) or the nearest to a moment
-## (@qcode{"2013-05-01 18:00"}), in the calendar of the file; of texts the one that is the same
-## @item a cell
-## of two texts the times from the one to the end of the other; of several numbers, moments or texts the nearest of each
-## @item @qcode{":"}
-## all
-## @end table
-##
-## @qcode{"index"} before a name says that positions follow.  Where longitude and latitude have two dimensions, a number
-## for each is the nearest point on the sphere, and a range for each a box: the smallest block around it, whose other values
-## are NaN.  Numbers for times are day numbers as of @code{datenum}, in other calendars as stored.
-## @item mean, sum, min, max, std, var, count, median (@var{dimensions}, @dots{})
-## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs.  The second result has the
-## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
-## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
-## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
-## other.  Further names with selections are as of @code{at}.
-## @item text (@dots{}), parts (@dots{})
-## Times as texts, or as rows of year, month, day, hour, minute and second, in every calendar; all, or those at positions.
-## @item labels (@var{values})
-## What values mean by the variable's enumeration, or by @code{flag_values}, @code{flag_masks} and @code{flag_meanings}; a
-## table of both without values.
-## @item area ()
-## The areas of the cells in square metres: as stored by @code{cell_measures}, else between the bounds on a sphere of radius
-## 6371 km.
-## @item name (), dimensions (), attributes ()
-## Its name, the names of its dimensions, and its attributes as a struct.
-## @item raw
-## The same variable without decoding.
-## @end table
-##
-## @code{numel} of a variable is 1; @code{size} and @code{ndims} are those of its values.  An access costs some calls of
-## functions: read a block, and loop over that.
-##
-## @seealso{gridio_dataset, gridio_read, gridio_plot}
-## @end deftypefn
-
 classdef gridio_variable < handle
+
+  ## -*- texinfo -*-
+  ## @deftypefn {} {@var{v} =} @var{ds}.NAME
+  ## A variable of a dataset, of which nothing is read until it is indexed.
+  ##
+  ## Positions count from 1.  Dimensions are in the order of the interpreter, the fastest first, as the printed variable
+  ## names them.
+  ##
+  ## @example
+  ## @group
+  ## v = gridio_dataset ("era5.nc").t2m;     # printed: shape, storage, coordinates, attributes
+  ## x = v(:,:,1);   y = v(10:20,1,end);     # values, missing ones as NaN
+  ## r = v.raw(:,:,1);                       # as stored
+  ## v.units                                 # an attribute
+  ## [x, at] = v.at ("time", "2013-05", "lat", [40 60], "lon", 12.5);
+  ## [m, at] = v.mean ("time", "by", "month");
+  ## @end group
+  ## @end example
+  ##
+  ## @table @asis
+  ## @item at (@var{name}, @var{selection}, @dots{})
+  ## The values at a selection by coordinates, and a struct of the coordinates of what came back.  A name is that of a
+  ## dimension, of a coordinate, or @code{lat}, @code{lon}, @code{time} or @code{level}, whatever the file calls these.  What
+  ## is not named comes whole.  A selection is
+  ##
+  ## @table @asis
+  ## @item a number
+  ## the nearest point; of cells with bounds the one that it is in.  @qcode{"within"}, @var{d} behind it bounds how far the
+  ## point may be; else it may be one step beyond the ends
+  ## @item two numbers in a vector
+  ## all from the first to the second.  Longitudes go east from the first to the second in either convention, also over the
+  ## seam, and are counted in the second result as they were asked
+  ## @item a text
+  ## of times a period (@qcode{"2013"}, @qcode{"2013-05"}, @qcode{"2013-05-01"}) or the nearest to a moment
+  ## (@qcode{"2013-05-01 18:00"}), in the calendar of the file; of texts the one that is the same
+  ## @item a cell
+  ## of two texts the times from the one to the end of the other; of several numbers, moments or texts the nearest of each
+  ## @item @qcode{":"}
+  ## all
+  ## @end table
+  ##
+  ## @qcode{"index"} before a name says that positions follow.  Where longitude and latitude have two dimensions, a number
+  ## for each is the nearest point on the sphere, and a range for each a box: the smallest block around it, whose other values
+  ## are NaN.  Numbers for times are day numbers as of @code{datenum}, in other calendars as stored.
+  ## @item mean, sum, min, max, std, var, count, median (@var{dimensions}, @dots{})
+  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs.  The second result has the
+  ## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
+  ## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
+  ## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
+  ## other.  Further names with selections are as of @code{at}.
+  ## @item text (@dots{}), parts (@dots{})
+  ## Times as texts, or as rows of year, month, day, hour, minute and second, in every calendar; all, or those at positions.
+  ## @item labels (@var{values})
+  ## What values mean by the variable's enumeration, or by @code{flag_values}, @code{flag_masks} and @code{flag_meanings}; a
+  ## table of both without values.
+  ## @item area ()
+  ## The areas of the cells in square metres: as stored by @code{cell_measures}, else between the bounds on a sphere of radius
+  ## 6371 km.
+  ## @item name (), dimensions (), attributes ()
+  ## Its name, the names of its dimensions, and its attributes as a struct.
+  ## @item raw
+  ## The same variable without decoding.
+  ## @end table
+  ##
+  ## @code{numel} of a variable is 1; @code{size} and @code{ndims} are those of its values.  An access costs some calls of
+  ## functions: read a block, and loop over that.
+  ##
+  ## @seealso{gridio_dataset, gridio_read, gridio_plot}
+  ## @end deftypefn
 
   properties (Access = private)
     dataset_; # the dataset that closes the file
