@@ -65,8 +65,8 @@ octave_value versions()
     return all;
 }
 
-// Whether an error is on its way through the interpreter, and whether the session ends: a destructor
-// of a class learns neither otherwise.
+// Whether an error is on its way through the interpreter, and whether the session ends: a
+// destructor of a class learns neither otherwise.
 octave_scalar_map state()
 {
     octave_scalar_map all;
