@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace Ovard::gridio::datasets {
+namespace Ovard::gridio::dataset {
 
 using msgcat::MessageText;
 
@@ -15,7 +15,7 @@ using msgcat::MessageText;
 // quotes, and the reason.
 struct unreadableTime : msgcat::BaseMsgID {
     unreadableTime(const std::string& kind, const std::string& text, const std::string& reason)
-        : BaseMsgID("Ovard:gridio:datasets:unreadableTime",
+        : BaseMsgID("Ovard:gridio:dataset:unreadableTime",
                     {MessageText(kind), MessageText(text), MessageText(reason)})
     {
     }
@@ -25,7 +25,7 @@ struct unreadableTime : msgcat::BaseMsgID {
 // reason.
 struct unrepresentableTime : msgcat::BaseMsgID {
     unrepresentableTime(long place, const std::string& value, const std::string& reason)
-        : BaseMsgID("Ovard:gridio:datasets:unrepresentableTime",
+        : BaseMsgID("Ovard:gridio:dataset:unrepresentableTime",
                     {place, MessageText(value), MessageText(reason)})
     {
     }
@@ -36,7 +36,7 @@ struct unrepresentableTime : msgcat::BaseMsgID {
 struct valueOutOfRange : msgcat::BaseMsgID {
     valueOutOfRange(long place, const std::string& value, const std::string& type,
                     const std::string& range)
-        : BaseMsgID("Ovard:gridio:datasets:valueOutOfRange",
+        : BaseMsgID("Ovard:gridio:dataset:valueOutOfRange",
                     {place, MessageText(value), MessageText(type), MessageText(range)})
     {
     }
@@ -45,10 +45,10 @@ struct valueOutOfRange : msgcat::BaseMsgID {
 // An argument has another class or shape than the operation takes.
 struct badArgument : msgcat::BaseMsgID {
     badArgument(const std::string& parameter, const std::string& expected)
-        : BaseMsgID("Ovard:gridio:datasets:badArgument",
+        : BaseMsgID("Ovard:gridio:dataset:badArgument",
                     {MessageText(parameter), MessageText(expected)})
     {
     }
 };
 
-} // namespace Ovard::gridio::datasets
+} // namespace Ovard::gridio::dataset

@@ -139,11 +139,11 @@ constexpr Message catalogue[] = {
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
 
     // Datasets.
-    {"Ovard:gridio:datasets:unreadableTime", "The {1} {2} cannot be used: {3}."},
-    {"Ovard:gridio:datasets:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
-    {"Ovard:gridio:datasets:valueOutOfRange",
+    {"Ovard:gridio:dataset:unreadableTime", "The {1} {2} cannot be used: {3}."},
+    {"Ovard:gridio:dataset:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
+    {"Ovard:gridio:dataset:valueOutOfRange",
      "Value {1} ({2}) cannot be stored as {3}: the values that can go from {4}. NaN needs a fill value."},
-    {"Ovard:gridio:datasets:badArgument", "The argument \"{1}\" must be {2}."},
+    {"Ovard:gridio:dataset:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on
 

@@ -118,7 +118,7 @@ unsigned readDecodingFlags(const vxArray* a)
 {
     const unsigned flags = readUintScalar(a, "flags");
     if (flags > allDecodingFlags)
-        vxErrMsgId(datasets::badArgument("flags", "a sum of 1, 2, 4, 8, 16 and 32"));
+        vxErrMsgId(dataset::badArgument("flags", "a sum of 1, 2, 4, 8, 16 and 32"));
     return flags;
 }
 

@@ -34,7 +34,7 @@ const ElementType& readNumberType(const vxArray* a)
         if (storedTypeOf(element.externalType) && word == name)
             return element;
     }
-    vxErrMsgId(datasets::badArgument("type", "that of numbers, such as short or float"));
+    vxErrMsgId(dataset::badArgument("type", "that of numbers, such as short or float"));
 }
 
 // The least and the largest value that the type holds, before packing.
@@ -52,8 +52,8 @@ template <class Target> std::string rangeText(const Packing& packing)
 template <class Target, class Source>
 [[noreturn]] void raiseMisfit(std::size_t index, Source value, const Packing& packing)
 {
-    vxErrMsgId(datasets::valueOutOfRange(static_cast<long>(index + 1), numberText(value),
-                                         packing.typeName, rangeText<Target>(packing)));
+    vxErrMsgId(dataset::valueOutOfRange(static_cast<long>(index + 1), numberText(value),
+                                        packing.typeName, rangeText<Target>(packing)));
 }
 
 // False if the type has no such value. Halves are rounded to the even neighbour.
@@ -84,8 +84,8 @@ template <class Target> Target fillOf(const Packing& packing)
                                                     : convertExactly(*value, fill);
         });
     if (!fits)
-        vxErrMsgId(datasets::badArgument("fill", std::string("one number of type ") +
-                                                     packing.typeName + ", or empty"));
+        vxErrMsgId(dataset::badArgument("fill", std::string("one number of type ") +
+                                                    packing.typeName + ", or empty"));
     return fill;
 }
 
@@ -117,7 +117,7 @@ double readScale(const vxArray* a)
 {
     const double scale = readDoubleScalar(a, "scale");
     if (scale == 0)
-        vxErrMsgId(datasets::badArgument("scale", "a number other than 0"));
+        vxErrMsgId(dataset::badArgument("scale", "a number other than 0"));
     return scale;
 }
 
@@ -140,7 +140,7 @@ void pack(int, vxArray* results[], int, const vxArray* args[], const OperationEn
         });
     });
     if (!isNumeric)
-        vxErrMsgId(datasets::badArgument("values", "numbers, in an array of any numeric class"));
+        vxErrMsgId(dataset::badArgument("values", "numbers, in an array of any numeric class"));
     results[0] = packed;
 }
 

@@ -24,7 +24,7 @@ Reduction readKind(const vxArray* a)
         if (word == name)
             return kind;
     vxErrMsgId(
-        datasets::badArgument("kind", "one of mean, sum, min, max, std, var, count and median"));
+        dataset::badArgument("kind", "one of mean, sum, min, max, std, var, count and median"));
 }
 
 vxArray* createResults(const ReductionPlan& plan)
@@ -58,9 +58,9 @@ void reduce(int, vxArray* results[], int, const vxArray* args[], const Operation
 
     auto decoding = variableDecoding(variable, flags & ~unsigned{decodeToSingle});
     if (!decoding)
-        vxErrMsgId(datasets::badArgument("varid", "that of a variable of numbers"));
+        vxErrMsgId(dataset::badArgument("varid", "that of a variable of numbers"));
     if (reduction == Reduction::median && plan.isWeighted)
-        vxErrMsgId(datasets::badArgument("weights", "empty for a median, which has none"));
+        vxErrMsgId(dataset::badArgument("weights", "empty for a median, which has none"));
     decoding->rules.decoded = cf::DecodedType::float64;
     const cf::Decoder decoder(decoding->rules);
 

@@ -26,7 +26,7 @@ std::vector<double> readNumbers(const vxArray* a, const char* name, const char* 
                        [](auto element) { return static_cast<double>(element); });
     });
     if (!isNumeric)
-        vxErrMsgId(datasets::badArgument(name, expected));
+        vxErrMsgId(dataset::badArgument(name, expected));
     return numbers;
 }
 
@@ -52,7 +52,7 @@ public:
             dimension.step = step;
             plan_.resultLengths[i] = dimension.results;
             if (__builtin_mul_overflow(step, dimension.results, &step))
-                vxErrMsgId(datasets::badArgument("bins", "numbers that memory can be counted by"));
+                vxErrMsgId(dataset::badArgument("bins", "numbers that memory can be counted by"));
         }
         return std::move(plan_);
     }
@@ -68,7 +68,7 @@ private:
         constexpr const char* expected = "a row with true or false for each dimension";
         const std::vector<double> flags = readNumbers(arguments_.isReduced, "isReduced", expected);
         if (flags.size() != rank())
-            vxErrMsgId(datasets::badArgument("isReduced", expected));
+            vxErrMsgId(dataset::badArgument("isReduced", expected));
         for (std::size_t i = 0; i < rank(); ++i) {
             dimension(i).isReduced = flags[i] != 0;
             dimension(i).results = flags[i] != 0 ? 1 : dimension(i).length;
@@ -78,7 +78,7 @@ private:
     void requireCells(const vxArray* a, const char* name, const char* expected) const
     {
         if (vxGetClassID(a) != vxCELL_CLASS || vxGetNumberOfElements(a) != rank())
-            vxErrMsgId(datasets::badArgument(name, expected));
+            vxErrMsgId(dataset::badArgument(name, expected));
     }
 
     void readBins()
@@ -99,12 +99,12 @@ private:
             "one group's number for each index of the dimension, from 1, or 0 for none";
         const std::vector<double> numbers = readNumbers(cell, "bins", expected);
         if (numbers.size() != dimension.length)
-            vxErrMsgId(datasets::badArgument("bins", expected));
+            vxErrMsgId(dataset::badArgument("bins", expected));
         dimension.isReduced = true;
         dimension.results = 0;
         for (const double number : numbers) {
             if (!(number >= 0 && number <= 1e15) || std::trunc(number) != number)
-                vxErrMsgId(datasets::badArgument("bins", expected));
+                vxErrMsgId(dataset::badArgument("bins", expected));
             dimension.groups.push_back(static_cast<std::ptrdiff_t>(number) - 1);
             dimension.results = std::max(dimension.results, static_cast<std::size_t>(number));
         }
@@ -139,7 +139,7 @@ private:
         const bool areFinite = std::all_of(numbers.begin(), numbers.end(),
                                            [](double number) { return std::isfinite(number); });
         if (numbers.size() != count || !areFinite)
-            vxErrMsgId(datasets::badArgument("weights", expected));
+            vxErrMsgId(dataset::badArgument("weights", expected));
         return numbers;
     }
 
@@ -150,7 +150,7 @@ private:
                 std::strcmp(vxGetFieldName(structure, i), name) == 0)
                 return vxGetField(structure, i);
         vxErrMsgId(
-            datasets::badArgument("weights", "a structure with the fields dimensions and values"));
+            dataset::badArgument("weights", "a structure with the fields dimensions and values"));
     }
 
     void setJointWeights(const vxArray* structure)
@@ -162,12 +162,12 @@ private:
              readNumbers(fieldOf(structure, "dimensions"), "weights", expected)) {
             if (!(place > last && place <= static_cast<double>(rank())) ||
                 std::trunc(place) != place)
-                vxErrMsgId(datasets::badArgument("weights", expected));
+                vxErrMsgId(dataset::badArgument("weights", expected));
             last = place;
             ReducedDimension& one = dimension(static_cast<std::size_t>(place) - 1);
             one.jointStep = count;
             if (__builtin_mul_overflow(count, one.length, &count))
-                vxErrMsgId(datasets::badArgument("weights", expected));
+                vxErrMsgId(dataset::badArgument("weights", expected));
         }
         plan_.jointWeights = readWeightNumbers(fieldOf(structure, "values"), count);
         plan_.isWeighted = true;

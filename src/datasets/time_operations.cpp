@@ -21,7 +21,7 @@ namespace {
 [[noreturn]] void raiseUnreadable(const char* kind, const std::string& text,
                                   const std::string& reason)
 {
-    vxErrMsgId(datasets::unreadableTime(kind, cf::inQuotes(text), reason));
+    vxErrMsgId(dataset::unreadableTime(kind, cf::inQuotes(text), reason));
 }
 
 cf::LongUnits readLongUnits(const vxArray* a)
@@ -69,7 +69,7 @@ public:
                 doubles_.assign(elements, elements + count_);
         });
         if (!isNumeric)
-            vxErrMsgId(datasets::badArgument(name, "numbers, in an array of any numeric class"));
+            vxErrMsgId(dataset::badArgument(name, "numbers, in an array of any numeric class"));
     }
 
     std::size_t count() const { return count_; }
@@ -127,8 +127,8 @@ private:
 void requireAll(const cf::Misses& misses, const TimeValues& values, const std::string& reason)
 {
     if (misses.count > 0)
-        vxErrMsgId(datasets::unrepresentableTime(static_cast<long>(misses.first + 1),
-                                                 values.text(misses.first), reason));
+        vxErrMsgId(dataset::unrepresentableTime(static_cast<long>(misses.first + 1),
+                                                values.text(misses.first), reason));
 }
 
 double* numbersOf(vxArray* array) { return static_cast<double*>(vxGetWritableData(array)); }
@@ -152,7 +152,7 @@ public:
         columns_ = dims[1];
         if (vxGetNumberOfDimensions(parts) != 2 || (columns_ != 6 && columns_ != 3) ||
             numbers_.doubles().size() != rows_ * columns_)
-            vxErrMsgId(datasets::badArgument(
+            vxErrMsgId(dataset::badArgument(
                 "parts", "a matrix of doubles with the columns year, month, day and, if you like, "
                          "hour, minute, second"));
     }
@@ -204,7 +204,7 @@ private:
         std::string shown = "[";
         for (std::size_t column = 0; column < columns_; ++column)
             shown += (column == 0 ? "" : " ") + numberText(at(row, column));
-        vxErrMsgId(datasets::unrepresentableTime(static_cast<long>(row + 1), shown + "]", reason));
+        vxErrMsgId(dataset::unrepresentableTime(static_cast<long>(row + 1), shown + "]", reason));
     }
 
     TimeValues numbers_;
@@ -264,7 +264,7 @@ void partsToTimes(int, vxArray* results[], int nargs, const vxArray* args[], con
         const auto value = moment == cf::notATime ? std::numeric_limits<double>::quiet_NaN()
                                                   : cf::valueOfMoment(units, moment);
         if (!value)
-            vxErrMsgId(datasets::unrepresentableTime(
+            vxErrMsgId(dataset::unrepresentableTime(
                 static_cast<long>(i + 1),
                 cf::momentText(units.calendar, moment, cf::Precision::microsecond),
                 cf::momentRangeReason()));
@@ -279,7 +279,7 @@ void datenumToTimes(int, vxArray* results[], int nargs, const vxArray* args[],
     const TimeValues datenum(args[0], "datenum");
     const cf::TimeUnits units = readUnits(args, nargs);
     if (datenum.doubles().size() != datenum.count())
-        vxErrMsgId(datasets::badArgument("datenum", "day numbers of class double"));
+        vxErrMsgId(dataset::badArgument("datenum", "day numbers of class double"));
 
     results[0] = datenum.createLike();
     const cf::Misses misses = cf::datenumToValues(units, datenum.doubles().data(), datenum.count(),

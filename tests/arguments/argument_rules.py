@@ -400,7 +400,9 @@ def recast(value):
         return []
     element = value.elements[0]
     if isinstance(element, str):
-        return [scalar(name, element) for name in ("single", "int32", "uint32", "int64", "uint64", "sparse", "complex")]
+        # From the 257th file on, the identifier of a group may not fit in a single.
+        floating = () if element == "@group" else ("single",)
+        return [scalar(name, element) for name in (*floating, "int32", "uint32", "int64", "uint64", "sparse", "complex")]
     whole = int(element)
     return [scalar(name, whole) for name, (lowest, highest) in INTEGER_RANGES.items() if lowest <= whole <= highest] + [
         scalar("single", element), scalar("sparse", element), scalar("complex", element),

@@ -111,7 +111,7 @@ TEST_F(TypeDescription, IsDamagedWhenATypeHoldsItself)
     expectHealth();
 }
 
-TEST_F(TypeDescription, OfMoreBytesThanCanBeCountedIsRefused)
+TEST_F(TypeDescription, IsRefusedForMoreBytesThanCanBeCounted)
 {
     {
         const PreparedFile file(folder.path(), fuzz::Function::gridioAny);

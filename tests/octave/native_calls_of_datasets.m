@@ -47,8 +47,8 @@ check ("texts are a cell array", isequal (gridio_native ("timesToText", [0; 6], 
                                           {"2000-01-01 00:00"; "2000-01-01 06:00"}));
 [ends, is_period] = gridio_native ("periodToTimes", "2000-01-02", units, "standard");
 check ("a day is a period", isequal (ends, [24 48]) && is_period);
-check_native_error ("Ovard:gridio:datasets:unreadableTime", "timesToDatenum", 1, units, "lunar");
-check_native_error ("Ovard:gridio:datasets:valueOutOfRange", "pack", [1 1e9], "short", 1, 0, []);
+check_native_error ("Ovard:gridio:dataset:unreadableTime", "timesToDatenum", 1, units, "lunar");
+check_native_error ("Ovard:gridio:dataset:valueOutOfRange", "pack", [1 1e9], "short", 1, 0, []);
 check_native_error ("Ovard:gridio:netcdf:unrecognizedOperation");
 check_native_error ("Ovard:gridio:netcdf:unrecognizedOperation", "open", path, "nowrite");
 gridio ("close", ncid);

@@ -168,8 +168,7 @@ Value convert(const Typed& type, const Pointers& data, const std::vector<std::si
     case Kind::string:
         if (data.size() == 1 && !style.isOther(2))
             return textRow(data[0]->text);
-        return cells(data, dims,
-                     [](const Datum& datum) { return textRow(datum.text); });
+        return cells(data, dims, [](const Datum& datum) { return textRow(datum.text); });
     case Kind::enumeration:
         if (labels || (style.isOther(2) && areAllMembers(type, data)))
             return cells(data, dims, label);

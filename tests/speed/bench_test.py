@@ -36,7 +36,9 @@ class QuickBenchmark(unittest.TestCase):
     def test_every_contender_did_every_round(self):
         for line in self.data["lines"]:
             with self.subTest(line["workload"]):
-                self.assertLessEqual({"c", "module", "gridio"}, line["contenders"].keys())
+                # Strings are read by gridio_any, which has no worker of the module's own.
+                contenders = {"c", "gridio"} if line["workload"] == "read_strings" else {"c", "module", "gridio"}
+                self.assertLessEqual(contenders, line["contenders"].keys())
                 self.assertGreaterEqual(line["rounds"], 2)
                 for entry in line["contenders"].values():
                     self.assertTrue(entry["verified"])
@@ -46,6 +48,8 @@ class QuickBenchmark(unittest.TestCase):
 
     def test_the_limit_is_huge_pages_for_large_reads_and_else_the_interpreters_process(self):
         for line in self.data["lines"]:
+            if line["workload"] == "read_strings":
+                continue
             self.assertEqual("huge" in line["contenders"], line["data_bytes"] > 0, line["workload"])
             for limit in "threads", "direct":
                 self.assertEqual(limit in line["contenders"], line["data_bytes"] == 0, line["workload"])

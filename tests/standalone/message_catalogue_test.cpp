@@ -18,7 +18,7 @@ namespace {
 
 using namespace Ovard::gridio::netcdf;
 namespace any = Ovard::gridio::any;
-namespace datasets = Ovard::gridio::datasets;
+namespace dataset = Ovard::gridio::dataset;
 using hosts::messages::messageText;
 using Ovard::gridio::validate::argumentOutOfBounds;
 using Ovard::gridio::validate::wrongNumberOfInputs;
@@ -88,20 +88,20 @@ std::vector<Occurrence> everyIdentifier()
         occurrence<any::foreignType>({"obs"}, "obs"),
         occurrence<any::unrecognizedWord>({"byte order", "middle", "big"}, "byte order", "middle",
                                           "big"),
-        occurrence<datasets::unreadableTime>({"units", "text-2", "reason-3"}, "units", "text-2",
-                                             "reason-3"),
-        occurrence<datasets::unrepresentableTime>({"72", "value-2", "reason-3"}, 72L, "value-2",
-                                                  "reason-3"),
-        occurrence<datasets::valueOutOfRange>({"72", "value-2", "type-3", "range-4"}, 72L,
-                                              "value-2", "type-3", "range-4"),
-        occurrence<datasets::badArgument>({"bins", "expected-2"}, "bins", "expected-2"),
+        occurrence<dataset::unreadableTime>({"units", "text-2", "reason-3"}, "units", "text-2",
+                                            "reason-3"),
+        occurrence<dataset::unrepresentableTime>({"72", "value-2", "reason-3"}, 72L, "value-2",
+                                                 "reason-3"),
+        occurrence<dataset::valueOutOfRange>({"72", "value-2", "type-3", "range-4"}, 72L, "value-2",
+                                             "type-3", "range-4"),
+        occurrence<dataset::badArgument>({"bins", "expected-2"}, "bins", "expected-2"),
     };
 }
 
 TEST(MessageCatalogue, HasATextForEveryIdentifierWithItsArgumentsInOrder)
 {
     const std::vector<Occurrence> occurrences = everyIdentifier();
-    EXPECT_EQ(occurrences.size(), 44u);
+    EXPECT_EQ(occurrences.size(), 48u);
     for (const Occurrence& o : occurrences) {
         const std::string text = messageText(*o.id);
         SCOPED_TRACE(text);

@@ -87,7 +87,7 @@ endfunction
 %! found = gridio_version ();
 %! if (! isempty (found.examples))
 %!   assert (exist (fullfile (found.examples, "field.m"), "file"), 2);
-%!   assert (exist (fullfile (found.examples, "shared", "readValues.m"), "file"), 2);
+%!   assert (exist (fullfile (found.examples, "shared", "quotedText.m"), "file"), 2);
 %! endif
 
 %!test

@@ -96,6 +96,9 @@
 
 %!test # storage settings
 %! [ncid, v, path] = new_typed (@(ncid) nc ("FLOAT"));
+%! gridio_any ("defVarChunking", ncid, v, "chunked", 2);
+%! [storage, sizes] = gridio_any ("inqVarChunking", ncid, v);
+%! assert ({storage, sizes}, {"chunked", 2});
 %! gridio_any ("defVarEndian", ncid, v, "big");
 %! assert (gridio_any ("inqVarEndian", ncid, v), "big");
 %! gridio_any ("defVarQuantize", ncid, v, "BitGroom", 3);

@@ -47,7 +47,7 @@ protected:
 inline testing::Matcher<const standalone::Outcome&>
 raisesInDatasets(const std::string& name, std::vector<standalone::Argument> arguments)
 {
-    return RaisesMatcher("Ovard:gridio:datasets:" + name, std::move(arguments));
+    return RaisesMatcher("Ovard:gridio:dataset:" + name, std::move(arguments));
 }
 
 } // namespace testsupport

@@ -320,7 +320,7 @@ TEST_F(Reduce, RefusesArgumentsThatDoNotFit)
     const auto isNamed = [](const std::string& parameter) {
         return testing::Truly([parameter](const Outcome& outcome) {
             return outcome.raised &&
-                   outcome.raised->identifier == "Ovard:gridio:datasets:badArgument" &&
+                   outcome.raised->identifier == "Ovard:gridio:dataset:badArgument" &&
                    outcome.raised->arguments.at(0) == standalone::Argument(parameter);
         });
     };

@@ -117,12 +117,12 @@ TEST_F(Times, AreRefusedWithoutAMeaning)
     for (const Values& arguments : {Values{1, "metres", "standard"}, Values{1, days, "lunar"}}) {
         const Outcome outcome = attemptDataset("timesToDatenum", arguments);
         ASSERT_TRUE(outcome.raised);
-        EXPECT_EQ(outcome.raised->identifier, "Ovard:gridio:datasets:unreadableTime");
+        EXPECT_EQ(outcome.raised->identifier, "Ovard:gridio:dataset:unreadableTime");
     }
     EXPECT_THAT(
         attemptDataset("timesToText", {"now", days, "standard"}),
         raisesInDatasets("badArgument", {"values", "numbers, in an array of any numeric class"}));
     const Outcome outcome = attemptDataset("periodToTimes", {"2013-02-30", days, "standard"});
     ASSERT_TRUE(outcome.raised);
-    EXPECT_EQ(outcome.raised->identifier, "Ovard:gridio:datasets:unreadableTime");
+    EXPECT_EQ(outcome.raised->identifier, "Ovard:gridio:dataset:unreadableTime");
 }
