@@ -119,7 +119,7 @@ constexpr Message catalogue[] = {
      "The value {2} ({1}) cannot be stored exactly in the type \"{3}\": convert the values first, with single(...), "
      "round(...) or the like. Elements are counted from 1."},
     {"Ovard:gridio:any:unknownLabel",
-     "\"{2}\" ({1}) is not a label of the enumeration \"{3}\". Its labels are: {4}."},
+     "\"{2}\" ({1}) is not a member of the enumeration \"{3}\". Its members are: {4}."},
     {"Ovard:gridio:any:missingField",
      "The structure ({1}) lacks the field \"{2}\", which the compound type \"{3}\" has."},
     {"Ovard:gridio:any:surplusField",

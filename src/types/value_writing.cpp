@@ -153,6 +153,36 @@ void convertLabel(const Type& type, char* target, const vxArray* label, const Va
     std::memcpy(target, &member->bits, type.size);
 }
 
+std::string integerText(const Type& type, const char* integer)
+{
+    std::string text;
+    visitElementType(type, [&](const auto* target) {
+        std::remove_const_t<std::remove_pointer_t<decltype(target)>> value;
+        std::memcpy(&value, integer, sizeof value);
+        text = numberText(value);
+    });
+    return text;
+}
+
+// Integers must belong to members, or be 0, which the library stores in elements that were never
+// written: a copy must be able to write these.
+void requireMembers(const Type& type, const WritePlaces& places, const ValuePlace& place)
+{
+    std::vector<std::uint64_t> known{0};
+    for (const Member& member : type.members)
+        known.push_back(member.bits);
+    std::sort(known.begin(), known.end());
+    std::size_t i = 0;
+    places.forEach([&](const char* integer) {
+        std::uint64_t bits = 0;
+        std::memcpy(&bits, integer, type.size);
+        if (!std::binary_search(known.begin(), known.end(), bits))
+            vxErrMsgId(any::unknownLabel(place.element(i).text(), integerText(type, integer),
+                                         type.name, memberList(type)));
+        ++i;
+    });
+}
+
 void requireFields(const Type& type, const vxArray* structure, const ValuePlace& place)
 {
     const std::size_t count = vxGetNumberOfFields(structure);
@@ -170,7 +200,7 @@ void requireFields(const Type& type, const vxArray* structure, const ValuePlace&
 
 bool isOwnClass(const Type& type, const vxArray* values)
 {
-    return type.element != nullptr && type.kind != TypeKind::character &&
+    return type.kind == TypeKind::number &&
            hasClass(values, type.element->hostClass) && !vxIsComplex(values);
 }
 
@@ -290,6 +320,7 @@ void OutgoingValues::convertEnumeration(const Type& type, const WritePlaces& pla
     const bool isLabel = hasClass(values, vxCHAR_CLASS);
     if (!isLabel && !hasClass(values, vxCELL_CLASS)) {
         convertNumbers(type, places, values, place);
+        requireMembers(type, places, place);
         return;
     }
     requireCount(place, places.count(), countTexts(values));

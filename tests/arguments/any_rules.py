@@ -94,6 +94,9 @@ class Rules:
         for position, element in enumerate(value.elements):
             if value.host_class != target and not fits_exactly(element, target):
                 self.raises("valueDoesNotFit", f"element {position + 1}", number_text(element, value.host_class), kind)
+        for position, element in enumerate(value.elements if kind == "sky" else ()):
+            if int(element) not in range(len(LABELS)):
+                self.raises("unknownLabel", f"element {position + 1}", str(int(element)), "sky", ", ".join(LABELS))
 
     def characters(self, value, needed):
         if value.host_class != "char":

@@ -48,7 +48,7 @@ Datum randomDatum(const Typed& type, Dice& dice)
         datum.text = randomText(dice);
         break;
     case Kind::enumeration:
-        datum.bits = dice.rarely(8) ? randomNumber(*type.base, dice)
+        datum.bits = dice.rarely(8) ? 0 // as in elements that were never written
                                     : type.members[dice.below(type.members.size())].bits;
         break;
     case Kind::vlen:

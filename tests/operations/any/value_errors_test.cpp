@@ -112,6 +112,10 @@ TEST_F(ValueErrors, ListTheMembersOfAnEnumeration)
 {
     expectRefusal(with("sky", Value::cell({1, 2}, {"clear", "foggy"})), "unknownLabel",
                   {"field 2 'sky', element 2", "foggy", "sky", "clear, cloudy"});
+    expectRefusal(with("sky", Value::row<std::int8_t>({3, 7})), "unknownLabel",
+                  {"field 2 'sky', element 2", "7", "sky", "clear, cloudy"});
+    expectRefusal(with("sky", Value::row<double>({-1, 3})), "unknownLabel",
+                  {"field 2 'sky', element 1", "-1", "sky", "clear, cloudy"});
 }
 
 TEST_F(ValueErrors, CountTheValuesThatAreNeeded)
