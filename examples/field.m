@@ -2,7 +2,7 @@
 % What is in a netCDF file, or in some of its variables?
 %   field.m FILE                its dimensions, coordinates with their ranges, variables and attributes
 %   field.m FILE VARIABLE ...   each variable, its smallest and largest value, and its mean
-1;
+1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio
 endif

@@ -5,7 +5,7 @@
 %
 % What is not selected of other dimensions, such as time, is drawn at its first position. The coordinates may
 % be fields themselves.
-1;
+1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio
 endif

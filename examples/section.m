@@ -6,7 +6,7 @@
 %
 % The levels may be the same for all profiles, or a field of their own, which "along NAME" names if the file does
 % not say which it is.
-1;
+1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio
 endif

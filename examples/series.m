@@ -1,7 +1,7 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % Draws a series, perhaps at the point nearest to a place, into a PNG picture.
 %   series.m FILE VARIABLE OUT.png [LONGITUDE LATITUDE]
-1;
+1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio
 endif

@@ -2,7 +2,7 @@
 % Cuts a part out of a variable, and writes it with its coordinates into a new file.
 %   subset.m FILE VARIABLE OUT.nc NAME VALUE ...
 %   subset.m era5.nc t2m may.nc time 2013-05 lat 40,60 lon -10,30
-1;
+1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio
 endif

@@ -200,8 +200,8 @@ void requireFields(const Type& type, const vxArray* structure, const ValuePlace&
 
 bool isOwnClass(const Type& type, const vxArray* values)
 {
-    return type.kind == TypeKind::number &&
-           hasClass(values, type.element->hostClass) && !vxIsComplex(values);
+    return type.kind == TypeKind::number && hasClass(values, type.element->hostClass) &&
+           !vxIsComplex(values);
 }
 
 } // namespace

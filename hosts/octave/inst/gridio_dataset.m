@@ -149,3 +149,16 @@ classdef gridio_dataset < handle
   endmethods
 
 endclassdef
+
+%!test
+%! path = [tempname() ".nc"];
+%! unwind_protect
+%!   gridio_write (path, "t", [1 2 3], "x", "units", "K");
+%!   ds = gridio_dataset (path);
+%!   assert (ds.variables (), {"t"});
+%!   assert (ds.t(end), 3);
+%!   assert (ds("t").units, "K");
+%! unwind_protect_cleanup
+%!   clear ds
+%!   delete (path);
+%! end_unwind_protect

@@ -31,3 +31,14 @@ function [x, at] = gridio_read (file, name, varargin)
   endif
 
 endfunction
+
+%!test
+%! path = [tempname() ".nc"];
+%! unwind_protect
+%!   gridio_write (path, "t", [1 2 3], "x", "units", "K");
+%!   assert (gridio_read (path, "t"), [1; 2; 3]);
+%!   assert (gridio_read (path, "t", "index", "x", 2), 2);
+%! unwind_protect_cleanup
+%!   clear ds
+%!   delete (path);
+%! end_unwind_protect

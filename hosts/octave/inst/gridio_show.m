@@ -28,3 +28,15 @@ function gridio_show (file, name)
   endif
 
 endfunction
+
+%!test
+%! path = [tempname() ".nc"];
+%! unwind_protect
+%!   gridio_write (path, "t", [1 2 3], "x", "units", "K");
+%!   shown = evalc ("gridio_show (path)");
+%!   assert (! isempty (strfind (shown, "x 3")));
+%!   assert (! isempty (strfind (shown, "[K]")));
+%! unwind_protect_cleanup
+%!   clear ds
+%!   delete (path);
+%! end_unwind_protect

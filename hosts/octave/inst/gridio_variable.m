@@ -204,3 +204,16 @@ classdef gridio_variable < handle
   endmethods
 
 endclassdef
+
+%!test
+%! path = [tempname() ".nc"];
+%! unwind_protect
+%!   gridio_write (path, "t", [1 2 3], "x", "units", "K");
+%!   ds = gridio_dataset (path);
+%!   assert (ds.t(2:3), [2; 3]);
+%!   assert (size (ds.t), [3 1]);
+%!   assert (mean (ds.t, "x"), 2);
+%! unwind_protect_cleanup
+%!   clear ds
+%!   delete (path);
+%! end_unwind_protect

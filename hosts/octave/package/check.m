@@ -76,7 +76,7 @@ function functions = indexed (folder)
   functions = strtrim (lines(is_function));
 end
 
-% The functions that the load path has in the folders of the package.
+% The functions that the load path has in the folders of the package, without those that are internal.
 function functions = provided (folder)
   functions = {};
   for path = strsplit (genpath (folder), pathsep ())
@@ -88,6 +88,8 @@ function functions = provided (folder)
   % Those that gridio.oct has besides.
   more = autoload ();
   functions = [functions, {more(strncmp ({more.file}, folder, numel (folder))).function}];
+  internal = strncmp (functions, "__", 2) | ismember (functions, {"gridio_file", "gridio_native"});
+  functions = functions(! internal);
 end
 
 function check_help (name)

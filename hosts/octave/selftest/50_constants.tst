@@ -37,6 +37,7 @@
 %! ## Every operation of gridio_help exists here, and refuses a number of arguments that no operation takes.
 %! parts = strsplit (fileread (file_in_loadpath ("gridio_operations.txt")), "\n@@ ")(2:end);
 %! names = strtok (parts, "\n");
+%! names(find (strcmp (names, "getVar"), 1):end) = [];  # those of gridio_any, which 60_types.tst calls
 %! assert (numel (names), 162);
 %! for name = names
 %!   assert (refusal_of (name{1}, 1, 2, 3, 4, 5, 6, 7), "wrongNumberOfInputs", name{1});

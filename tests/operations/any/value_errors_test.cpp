@@ -132,8 +132,9 @@ TEST_F(ValueErrors, NameFieldsThatAreMissingAndSurplus)
     expectRefusal(Value::structure({{"station", Value::cell({2, 1}, {"a", "b"})}}), "missingField",
                   {"the values", "sky", "cast"});
     std::vector<std::pair<std::string, Value>> fields;
-    for (const std::string& name : good().fieldNames())
-        fields.emplace_back(name, good().field(name));
+    const Value whole = good();
+    for (const std::string& name : whole.fieldNames())
+        fields.emplace_back(name, whole.field(name));
     fields.emplace_back("Depth", 1);
     expectRefusal(Value::structure(fields), "surplusField", {"the values", "Depth", "cast"});
 }
