@@ -2,7 +2,7 @@
 % What is in a netCDF file, or in some of its variables?
 %   field.m FILE                its dimensions, coordinates with their ranges, variables and attributes
 %   field.m FILE VARIABLE ...   each variable, its smallest and largest value, and its mean
-1;  % a script, not a function
+1;
 if (! exist ("gridio"))
   pkg load gridio
 endif
@@ -22,6 +22,7 @@ function describe (v)
   printf ("\n");
 endfunction
 
+% The whole file, or each variable that was named.
 try
   args = argv ();
   if (isempty (args))

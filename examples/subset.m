@@ -2,7 +2,7 @@
 % Cuts a part out of a variable, and writes it with its coordinates into a new file.
 %   subset.m FILE VARIABLE OUT.nc NAME VALUE ...
 %   subset.m era5.nc t2m may.nc time 2013-05 lat 40,60 lon -10,30
-1;  % a script, not a function
+1;
 if (! exist ("gridio"))
   pkg load gridio
 endif
@@ -16,6 +16,7 @@ function kept = described (v)
   kept = rmfield (kept, intersect (fieldnames (kept), stored));
 endfunction
 
+% Reads the selection, and writes it with its coordinates.
 try
   args = argv ();
   if (numel (args) < 5)
