@@ -11,7 +11,6 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "manual"))
-import manual_source  # noqa: E402
 
 PACKAGE = ROOT / "hosts" / "octave" / "package"
 VERSION = (ROOT / "VERSION").read_text().strip()
