@@ -22,22 +22,25 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-int refusalToOpen(const std::string& file, int mode)
+// Neither lets the library see what would crash it, block it or destroy a file.
+void refuseToOpen(const std::string& file, int mode, const OperationEntry* entry)
 {
     if (namesMissingMemory(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
-    return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
+        raiseLibraryFailure(NC_EINVAL, entry);
+    if (isPipeOrDevice(file))
+        raiseLibraryFailure(NC_ENOTNC, entry);
 }
 
-int refusalToCreate(const std::string& file, int mode)
+void refuseToCreate(const std::string& file, int mode, const OperationEntry* entry)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
+        raiseLibraryFailure(NC_EINVAL, entry);
     if (overflowsFileTable(mode))
-        return NC_ENFILE;
+        raiseLibraryFailure(NC_ENFILE, entry);
     if (emptiesLockedFile(file, mode))
-        return EACCES; // as HDF5 reports it
-    return harmsFolder(file, mode) ? NC_EEXIST : NC_NOERR;
+        raiseLibraryFailure(EACCES, entry); // as HDF5 reports it
+    if (harmsFolder(file, mode))
+        raiseLibraryFailure(NC_EEXIST, entry);
 }
 
 } // namespace
@@ -47,7 +50,7 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToOpen(file, mode), entry);
+    refuseToOpen(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
@@ -62,7 +65,7 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
@@ -78,7 +81,7 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     int mode = readModeArgument(args[1]);
     std::size_t chunkSizeHint = readSizeScalar(args[2], "chunksizehint");
 
-    checkStatus(refusalToOpen(file, mode), entry);
+    refuseToOpen(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
@@ -99,7 +102,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const std::size_t initialSize = readSizeScalar(args[2], "initialsize");
     std::size_t chunkSize = readSizeScalar(args[3], "chunksize");
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
