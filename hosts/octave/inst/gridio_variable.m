@@ -46,7 +46,8 @@ classdef gridio_variable < handle
   ## for each is the nearest point on the sphere, and a range for each a box: the smallest block around it, whose other values
   ## are NaN.  Numbers for times are day numbers as of @code{datenum}, in other calendars as stored.
   ## @item mean, sum, min, max, std, var, count, median (@var{dimensions}, @dots{})
-  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs.  The second result has the
+  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs, and in an interactive session
+  ## the terminal shows how far long work is.  The second result has the
   ## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
   ## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
   ## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
