@@ -65,8 +65,8 @@ classdef gridio_dataset < handle
   methods
 
     function self = gridio_dataset (file, varargin)
-      if (nargin == 0)
-        print_usage ();
+      if (nargin == 0) # deliberately without print_usage, after which the interpreter does not find the class any more
+        fail ("badCall", "which file? gridio_dataset (FILE), gridio_dataset (FILE, MODE)");
       elseif (isa (file, "gridio_dataset"))
         self.owner_ = owner (file);
         self.group_ = varargin{1};
@@ -105,15 +105,15 @@ classdef gridio_dataset < handle
     endfunction
 
     function saved = saveobj (~)
-      fail ("notSavable", "a dataset cannot be saved; save the values that are read from it");
+      refuse ("saved");
     endfunction
 
     function joined = horzcat (varargin)
-      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+      refuse ("joined");
     endfunction
 
     function joined = vertcat (varargin)
-      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+      refuse ("joined");
     endfunction
 
   endmethods

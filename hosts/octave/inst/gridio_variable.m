@@ -83,7 +83,7 @@ classdef gridio_variable < handle
 
     function self = gridio_variable (dataset, number, mask = 255)
       if (nargin < 2)
-        print_usage ();
+        fail ("badCall", "a variable is made by its dataset: ds.NAME");
       endif
       self.dataset_ = owner (dataset);
       file = content (self.dataset_);
@@ -115,6 +115,11 @@ classdef gridio_variable < handle
       lengths = lengths(1:max (2, numel (lengths) - 2));
       varargout = cell (1, max (nargout, 1));
       [varargout{:}] = sizes (lengths, varargin{:});
+    endfunction
+
+    function longest = length (self)
+      lengths = size (self);
+      longest = max (lengths) * all (lengths);
     endfunction
 
     function count = ndims (self)
@@ -173,15 +178,15 @@ classdef gridio_variable < handle
     endfunction
 
     function saved = saveobj (~)
-      fail ("notSavable", "a variable of a file cannot be saved; save the values that are read from it");
+      refuse ("saved");
     endfunction
 
     function joined = horzcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:), w(:)]");
+      refuse ("joined");
     endfunction
 
     function joined = vertcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:); w(:)]");
+      refuse ("joined");
     endfunction
 
   endmethods

@@ -13,7 +13,12 @@ function x = decoded_times (file, number, x)
   endif
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar))
-    x = convert_times ("timesToDatenum", double (x), units, calendar);
+    try
+      x = convert_times ("timesToDatenum", double (x), units, calendar);
+    catch failure
+      error (failure.identifier, "variable '%s': %s\nIts numbers as stored: ds(\"%s\").raw(:)", ...
+             visible_text (file.d.variables.path{number}), failure.message, visible_text (file.d.variables.path{number}));
+    end_try_catch
   endif
 
 endfunction

@@ -18,7 +18,7 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror ());
+                 "lastError", lasterror (), "serial", next_serial ());
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
@@ -34,6 +34,14 @@ function file = file_open (path, varargin)
     gridio ("close", file.ncid);
     rethrow (failure);
   end_try_catch
+
+endfunction
+
+## A number that no other open file has had.
+function serial = next_serial ()
+
+  persistent last = 0;
+  serial = ++last;
 
 endfunction
 
