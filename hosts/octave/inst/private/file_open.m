@@ -27,6 +27,9 @@ function file = file_open (path, varargin)
     otherwise
       fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
   endswitch
+  if (strcmp (mode, "replace"))
+    file.part = gridio_any ("inqPath", file.ncid);
+  endif
   file.session = gridio_native ("session");
   try
     file.d = file_description (file.ncid);
