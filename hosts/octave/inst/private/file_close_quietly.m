@@ -8,6 +8,9 @@
 
 function file_close_quietly (file, isExiting)
 
+  if (file.process != 0 && file.process != getpid ())
+    return; # a copy in a forked process, such as one of parcellfun's; the file is its parent's
+  endif
   try
     if (file.session == gridio_native ("session"))
       file_close (file, is_whole (file, isExiting));

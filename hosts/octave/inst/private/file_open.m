@@ -18,7 +18,8 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror (), "serial", next_serial ());
+                 "lastError", lasterror (), "serial", next_serial (), ...
+                 "process", process_number ());
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
@@ -45,6 +46,16 @@ function serial = next_serial ()
 
   persistent last = 0;
   serial = ++last;
+
+endfunction
+
+## Processes are forked where there is getpid.
+function pid = process_number ()
+
+  pid = 0;
+  if (! ispc ())
+    pid = getpid ();
+  endif
 
 endfunction
 
