@@ -51,7 +51,8 @@ classdef gridio_dataset < handle
   ## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
   ## @end table
   ##
-  ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
+  ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.  A function for
+  ## @code{parcellfun}, which saves it for other processes, opens its datasets itself.
   ##
   ## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
   ## @end deftypefn
