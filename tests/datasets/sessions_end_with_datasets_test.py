@@ -49,13 +49,14 @@ WAYS = [
     ("uncaught error in a function", 'function f (x) error ("own:id", "own error"); end\nf (out);', FILE, KEPT),
     ("uncaught error in --eval", 'error ("own error");', EVAL, KEPT),
     ("uncaught error on stdin", 'error ("own error");', STDIN, KEPT),
+    ("uncaught error of a change", 'out.put ("v", 1);', FILE, KEPT),
     ("SIGINT", signal.SIGINT, FILE, REPLACED),  # of which the interpreter keeps no trace
     ("SIGTERM", signal.SIGTERM, FILE, KEPT),
     ("SIGHUP", signal.SIGHUP, FILE, KEPT),
     ("SIGKILL", signal.SIGKILL, FILE, KEPT),
 ]
 # What the session says besides: gridio was cleared with its files, and the interpreter cannot save objects in its rescue.
-EXPECTED = {"clear functions": "warning: Files were still open", signal.SIGTERM: "error: octave_base_value::save_binary",
+EXPECTED = {'out.put ("v", 1);': "error: there is a variable 'v' already", "clear functions": "warning: Files were still open", signal.SIGTERM: "error: octave_base_value::save_binary",
             signal.SIGHUP: "error: octave_base_value::save_binary"}
 WAIT = 'fclose (fopen ("ready", "w"));\nfor k = 1:600, pause (0.05); end\n'
 

@@ -139,12 +139,11 @@ classdef gridio_dataset < handle
       file_check (file);
     endfunction
 
-    ## To be called after definitions in the file have changed.
-    function refresh (self)
+    ## To be called after the file has changed, or a change has failed.
+    function refresh (self, outcome)
       root = owner (self);
       guarded = root.guard_.guarded;
-      guarded.content.d = file_description (guarded.content.ncid);
-      guarded.content.lastError = lasterror ();
+      guarded.content = file_changed (guarded.content, outcome);
     endfunction
 
   endmethods

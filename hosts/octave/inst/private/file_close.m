@@ -19,6 +19,9 @@ function file_close (file, isWhole = true)
   end_try_catch
   if (! strcmp (file.mode, "replace"))
     return;
+  elseif (file.isBroken)
+    warn_not_replaced (file, "writing it failed");
+    return;
   elseif (! isWhole)
     warn_not_replaced (file, "an error came before it was whole");
     return;

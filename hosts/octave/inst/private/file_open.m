@@ -19,7 +19,7 @@ function file = file_open (path, varargin)
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
                  "lastError", lasterror (), "serial", next_serial (), ...
-                 "process", process_number ());
+                 "process", process_number (), "isBroken", false);
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
