@@ -16,8 +16,12 @@ function x = decoded_times (file, number, x)
     try
       x = convert_times ("timesToDatenum", double (x), units, calendar);
     catch failure
-      error (failure.identifier, "variable '%s': %s\nIts numbers as stored: ds(\"%s\").raw(:)", ...
-             visible_text (file.d.variables.path{number}), failure.message, visible_text (file.d.variables.path{number}));
+      path = visible_text (file.d.variables.path{number});
+      cure = sprintf ("ds(\"%s\").raw(:)", path);
+      if (! isempty (strfind (failure.identifier, "unrepresentableTime")))
+        cure = sprintf ("%s; its dates: ds(\"%s\").text ()", cure, path);
+      endif
+      error (failure.identifier, "variable '%s': %s\nIts numbers as stored: %s", path, failure.message, cure);
     end_try_catch
   endif
 
