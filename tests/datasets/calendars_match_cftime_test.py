@@ -72,7 +72,8 @@ def exists(calendar, year, month, day):
 def drawn_dates(draw, calendar):
     """Ascending dates of the calendar, of them the ones about which calendars differ."""
     days = [(year, month, day) for year in (-1, 0, 1, 4, 100, 400, 1500, 1582, 1900, 2000, 2100)
-            for month, day in ((1, 1), (2, 28), (2, 29), (2, 30), (3, 1), (10, 4), (10, 5), (10, 14), (10, 15), (12, 30), (12, 31))]
+            for month, day in ((1, 1), (2, 28), (2, 29), (2, 30), (3, 1), (10, 4), (10, 5), (10, 14), (10, 15), (12, 30),
+                               (12, 31))]
     days = [day for day in days if exists(calendar, *day)]
     while len(days) < DATES:
         day = (draw.randint(*draw.choice(((1800, 2200), (-400, 2400), (-9999, 9999)))), draw.randint(1, 12), draw.randint(1, 31))
@@ -174,7 +175,8 @@ class Calendars(unittest.TestCase):
             variable.units = "days since 1582-10-04"
             variable[:] = [0, 1]
         script = self.folder / "script.m"
-        script.write_text('ds = gridio_dataset ("times.nc");\ndisp (strjoin (ds.time.text (), " "));\ndisp (datestr (ds.time(2), 29));\n'
+        script.write_text('ds = gridio_dataset ("times.nc");\ndisp (strjoin (ds.time.text (), " "));\n'
+                          'disp (datestr (ds.time(2), 29));\n'
                           'try, ds.time(1), catch failure, disp (failure.message); end\n')
         done = interpreter.run(script, cwd=self.folder, folders=(interpreter.INST, interpreter.oct_folder()), text=True)
         lines = done.stdout.splitlines()
