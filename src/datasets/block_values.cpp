@@ -7,7 +7,7 @@
 #include "data/elements/block_arguments.h"
 #include "data/elements/shapes.h"
 #include "dataset_error_identifiers.h"
-#include "datasets/attribute_numbers.h"
+#include "datasets/stored_types.h"
 #include "types/value_reading.h"
 #include "types/variable_values.h"
 

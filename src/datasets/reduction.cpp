@@ -6,6 +6,7 @@
 #include "chunks/interruption.h"
 #include "chunks/slabs.h"
 #include "data/elements/shapes.h"
+#include "datasets/progress.h"
 #include "datasets/slab_walk.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ constexpr std::size_t medianElements = (std::size_t{64} << 20) / sizeof(double);
 using Visit = std::function<void(const Spans& spans, const double* values)>;
 
 // Reads a block slab by slab. What the library refuses is raised.
-void forEachSlab(const ReducedBlock& reduced, const Visit& visit)
+void forEachSlab(const ReducedBlock& reduced, Progress& progress, const Visit& visit)
 {
     const auto indices = blockIndices(reduced.variable, reduced.block);
     const std::size_t count = productOf(reduced.block.count);
@@ -46,12 +47,16 @@ void forEachSlab(const ReducedBlock& reduced, const Visit& visit)
         readValues(reduced.variable, slabOf(*indices, walk.spans()),
                    {values.data(), &reduced.decoder});
         visit(walk.spans(), values.data());
+        progress.add(countOf(walk.spans()));
     }
 }
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
 {
+    Interruption interruption;
     for (std::size_t i = 0; i < count; ++i) {
+        if (i % 256 == 0)
+            interruption.check();
         results.values[i] = accumulator.result(i);
         results.counts[i] = accumulator.count(i);
     }
@@ -128,11 +133,11 @@ Part partOf(const Block& block, const ReductionPlan& plan, std::size_t dimension
     return part;
 }
 
-void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
+void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan, Progress& progress,
                   const ReductionResults& results)
 {
     Collector collector(plan.resultCount());
-    forEachSlab(reduced, [&](const Spans& spans, const double* values) {
+    forEachSlab(reduced, progress, [&](const Spans& spans, const double* values) {
         SlabWalk(plan, spans, collector).run(values);
     });
     fillResults(collector, plan.resultCount(), results);
@@ -145,7 +150,8 @@ void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reducti
 {
     const std::size_t count = plan.resultCount();
     const auto accumulator = makeAccumulator(reduction, count, plan.isWeighted);
-    forEachSlab(reduced, [&](const Spans& spans, const double* values) {
+    Progress progress(productOf(reduced.block.count));
+    forEachSlab(reduced, progress, [&](const Spans& spans, const double* values) {
         SlabWalk(plan, spans, *accumulator).run(values);
     });
     fillResults(*accumulator, count, results);
@@ -160,16 +166,17 @@ void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
     while (cut < plan.dimensions.size() && plan.dimensions[cut].results == 1)
         ++cut;
     const std::size_t elements = productOf(reduced.block.count);
+    Progress progress(elements);
     if (cut == plan.dimensions.size() || plan.dimensions[cut].isReduced ||
         elements <= medianElements || reduced.block.stride[cut] <= 0) {
-        medianOfPart(reduced, plan, results);
+        medianOfPart(reduced, plan, progress, results);
         return;
     }
     const std::size_t length = plan.dimensions[cut].length;
     const std::size_t pieces = std::max<std::size_t>(medianElements / (elements / length), 1);
     for (std::size_t first = 0; first < length; first += pieces) {
         const Part part = partOf(reduced.block, plan, cut, first, std::min(pieces, length - first));
-        medianOfPart({reduced.variable, part.block, reduced.decoder}, part.plan,
+        medianOfPart({reduced.variable, part.block, reduced.decoder}, part.plan, progress,
                      {results.values + part.firstResult, results.counts + part.firstResult});
     }
 }

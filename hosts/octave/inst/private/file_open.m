@@ -18,7 +18,8 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror ());
+                 "lastError", lasterror (), "serial", next_serial (), ...
+                 "process", process_number (), "isBroken", false);
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
@@ -27,6 +28,9 @@ function file = file_open (path, varargin)
     otherwise
       fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
   endswitch
+  if (strcmp (mode, "replace"))
+    file.part = gridio_any ("inqPath", file.ncid);
+  endif
   file.session = gridio_native ("session");
   try
     file.d = file_description (file.ncid);
@@ -34,6 +38,24 @@ function file = file_open (path, varargin)
     gridio ("close", file.ncid);
     rethrow (failure);
   end_try_catch
+
+endfunction
+
+## A number that no other open file has had.
+function serial = next_serial ()
+
+  persistent last = 0;
+  serial = ++last;
+
+endfunction
+
+## Processes are forked where there is getpid.
+function pid = process_number ()
+
+  pid = 0;
+  if (! ispc ())
+    pid = getpid ();
+  endif
 
 endfunction
 

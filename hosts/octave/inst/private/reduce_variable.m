@@ -23,6 +23,7 @@ function [x, at] = reduce_variable (kind, self, varargin)
   if (strcmp (kind, "count") && isstruct (weights) && ! strcmp (request.weights, "area"))
     weights.values = double (weights.values != 0);
   endif
+  warn_once (file, number);
   x = gridio_native ("reduce", kind, file.d.groups.ncid(file.d.variables.group(number)), file.d.variables.varid(number), ...
                      start, count, ones (size (start)), bitand (file.flags, 63), isReduced, bins, weights);
   pick(isReduced) = {":"};

@@ -13,9 +13,7 @@ function unknown_name (kind, what, name, names, where = "")
   if (! isempty (near))
     message = sprintf ("%s; did you mean %s?", message, strjoin (near(:)', " or "));
   endif
-  if (isempty (names))
-    message = sprintf ("%s\nThere is none at all.", message);
-  else
+  if (! isempty (names))
     message = sprintf ("%s\nThere is: %s", message, listed_names (names));
   endif
   fail (kind, "%s", message);
