@@ -219,6 +219,14 @@ std::string linesBelow(std::string_view identifier, const std::vector<std::strin
 
 } // namespace
 
+std::vector<std::string_view> identifiersWithText()
+{
+    std::vector<std::string_view> identifiers;
+    for (const Message& message : catalogue)
+        identifiers.push_back(message.identifier);
+    return identifiers;
+}
+
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* context)
 {
     const std::string_view identifier = id.identifier();

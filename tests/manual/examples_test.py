@@ -69,7 +69,7 @@ def tidy(text):
 
 
 def run(chains, server):
-    """The output of each chain, and the messages when gridio was unloaded after it."""
+    """The output of each chain, the identifiers that were raised, and the messages when gridio was unloaded after it."""
     with tempfile.TemporaryDirectory() as folder:
         for number, chain in enumerate(chains):
             steps = pathlib.Path(folder, f"{number:03}")
@@ -84,7 +84,18 @@ def run(chains, server):
         for number, chain in enumerate(chains):
             steps = pathlib.Path(folder, f"{number:03}")
             outputs = [(steps / f"{i:03}.out").read_text("utf-8") for i in range(len(steps_of(chain, server)))]
-            yield chain, outputs, (steps / "left.out").read_text("utf-8")
+            raised = {word for path in steps.glob("*.raised") for word in path.read_text("utf-8").split()}
+            yield chain, outputs, raised, (steps / "left.out").read_text("utf-8")
+
+
+def entries_without_their_error(raised_at):
+    """Entries for errors whose examples, which are (first block, identifiers raised), do not raise these."""
+    if not any(block.path.name == "errors.texi" for block, _ in raised_at):
+        return []
+    return [f"errors.texi:{entry.first + 1}: no example raises {entry.identifier}" for entry in manual_source.error_entries()
+            if entry.identifier not in manual_source.UNREACHABLE and not any(
+                entry.identifier in raised and block.path.name == "errors.texi" and entry.first <= block.first < entry.last
+                for block, raised in raised_at)]
 
 
 def accept(path, texts):
@@ -100,8 +111,9 @@ def main(arguments):
     chapters = [path for path in manual_source.chapters() if not names or path.name in names]
     chains = [chain for path in chapters for chain in manual_source.chains(path)]
     server = f"http://127.0.0.1:{dap2_server.start().server_port}"
-    failures, compared, rewritten = [], 0, {}
-    for chain, outputs, left in run(chains, server):
+    failures, compared, rewritten, raised_at = [], 0, {}, []
+    for chain, outputs, raised, left in run(chains, server):
+        raised_at.append((chain[0], raised))
         if left:
             failures.append(f"{chain[0].where()}: leaves something behind: {left}")
         try:
@@ -114,6 +126,7 @@ def main(arguments):
             if tidy(block.text) != tidy(text):
                 failures.append(f"{block.where()}: the manual says\n{block.text}and this is printed\n{text}")
                 rewritten.setdefault(block.path, []).append((block, tidy(text)))
+    failures += entries_without_their_error(raised_at)
     if accepting:
         for path, texts in rewritten.items():
             accept(path, texts)

@@ -9,6 +9,12 @@ KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "sessio
 WIDTH = 80  # so that an example fits a page
 
 
+# Errors that no script can cause, and what is raised for files of other programs.
+UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
+               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath", "Ovard:gridio:any:foreignType",
+               "Ovard:gridio:dataset:notReplaced"}  # the text of the last holds a random name
+
+
 class Mistake(Exception):
     """The source violates the format."""
 
@@ -72,3 +78,33 @@ def chains(path):
                 raise Mistake(f"{block.where()}: nothing to go on from")
             found[-1].append(block)
     return found
+
+
+@dataclasses.dataclass
+class ErrorEntry:
+    identifier: str
+    count: int  # of its arguments; None for errors of the host and of the package
+    first: int  # index of its first line in errors.texi
+    last: int  # and of the line after its last
+    body: str
+
+
+def error_entries():
+    """The entries of the chapter on errors, before the statuses of the library."""
+    text = (CHAPTERS / "errors.texi").read_text("utf-8")
+    text = text[:text.index("@node Statuses of the library")]
+    for entry in re.finditer(r"^@item (.+)\n((?:(?!@item |@end table).*\n)*)", text, re.M):
+        identifier, count = identifier_of(entry[1])
+        yield ErrorEntry(identifier, count, text.count("\n", 0, entry.start()), text.count("\n", 0, entry.end()), entry[2])
+
+
+def identifier_of(head):
+    """The identifier that the first line of an entry abbreviates, and how many arguments it names."""
+    name, _, arguments = head.partition(" (")
+    count = len(arguments.split(", ")) if arguments else 0
+    if name.startswith(("any:", "dataset:")):
+        return f"Ovard:gridio:{name}", count if arguments else None
+    if ":" in name:
+        return name, None
+    space = "validate" if name in ("wrongNumberOfInputs", "argumentOutOfBounds") else "netcdf"
+    return f"Ovard:gridio:{space}:{name}", count

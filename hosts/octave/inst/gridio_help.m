@@ -30,7 +30,7 @@
 function text = gridio_help (operation)
 
   if (nargin > 0 && ! (ischar (operation) && rows (operation) <= 1))
-    error ("Ovard:gridio:help:nameWasNotChar", ...
+    error (error_identifier ("help:nameWasNotChar"), ...
            "gridio_help: the name of the operation must be text, such as \"open\"");
   endif
 
@@ -43,7 +43,7 @@ function text = gridio_help (operation)
     [names, entries] = strtok (parts(2:end), "\n");
     known = strcmp (names, operation);
     if (! any (known))
-      error ("Ovard:gridio:help:unknownOperation", ...
+      error (error_identifier ("help:unknownOperation"), ...
              "gridio_help: there is no operation \"%s\"; %s", ...
              visible_text (operation), advice (nearest_names (operation, unique (names, "stable"))));
     endif

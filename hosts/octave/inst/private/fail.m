@@ -7,6 +7,6 @@
 
 function fail (kind, template, varargin)
 
-  error (["Ovard:gridio:dataset:" kind], [template "%s"], varargin{:}, "");
+  error (error_identifier (kind), [template "%s"], varargin{:}, "");
 
 endfunction

@@ -146,7 +146,7 @@ function warn_of_order (name, stored, encoding)
   if (encoding.isCoordinate && isnumeric (stored) && numel (stored) > 1)
     steps = sign (diff (double (stored(:))));
     if (any (steps != steps(1)) || steps(1) == 0)
-      warning ("Ovard:gridio:dataset:notMonotonic", ...
+      warning (error_identifier ("notMonotonic"), ...
                "'%s' neither ascends nor descends throughout, as coordinate variables should", shown_text (name));
     endif
   endif
