@@ -103,6 +103,11 @@ shown = evalc ("ds.t2m");
 for words = {'variable t2m: Temperature at 2 m \[K\]\n', 'longitude 3 x time 2 \(unlimited\)', 'read as (single|double)', 'valid_range +0, 400'}
   check (["the printed variable has " words{1}], ! isempty (regexp (shown, words{1}, "once")));
 end
+stations = made_file (["netcdf s { dimensions: station = 3; time = 2; variables: float lon(station); lon:units = \"degrees_east\";" ...
+                      "int time(time); time:units = \"hours since 2000-01-01\"; int h(station); h:coordinates = \"lon\"; data: lon = 2, 9, -4; time = 5, 6; }"]);
+shown = evalc ("gridio_show (stations)");
+check ("coordinates without an order are shown by their extremes", ! isempty (strfind (shown, "-4 ... 9 degrees_east\n")));
+check ("moments are shown with their minutes", ! isempty (strfind (shown, "2000-01-01 05:00 ... 2000-01-01 06:00\n")));
 wide = sprintf ("int v%d(n); ", 1:500);
 shown = evalc ("disp (gridio_dataset (made_file ([\"netcdf made {dimensions: n = 2; variables: \" wide \"}\"])))");
 check ("many variables are shortened", sum (shown == "\n") < 60 && ! isempty (strfind (shown, "460 more")));
