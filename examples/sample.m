@@ -23,9 +23,9 @@ function write_sea (file)
   out.put ("depth", depth, "depth", "units", "m", "positive", "down", "standard_name", "depth");
   out.put ("time", time, "time", "units", "days since 2012-01-01", "calendar", "standard", "_Unlimited", true);
   out.put ("sst", sst, {"lon", "lat", "time"}, "units", "degC", "standard_name", "sea_surface_temperature", ...
-           "scale_factor", 0.01, "_Type", "short");
+           "long_name", "surface temperature", "scale_factor", 0.01, "_Type", "short");
   out.put ("temp", single (permute (below, [1 2 4 3])), {"lon", "lat", "depth", "time"}, "units", "degC", ...
-           "standard_name", "sea_water_temperature");
+           "standard_name", "sea_water_temperature", "long_name", "temperature");
   out.put ("quality", int8 (isLand * 2 + (! isLand & sst < 0)), {"lon", "lat", "time"}, "flag_values", int8 (0:2), ...
            "flag_meanings", "open_water ice land");
 endfunction

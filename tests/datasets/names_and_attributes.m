@@ -49,7 +49,7 @@ check ("labels of both", isequal (ds.both.labels (ds.both(:)), {"on"; "high"; "o
 check ("the table of labels", isequal (ds.quality.labels (), {0, "good"; 1, "bad"; 2, "worse"}));
 
 check_raises ("a name with letters exchanged", "unknownName", @() ds.tm2, ...
-              "^no variable or attribute 'tm2'; did you mean t2m\\?\nThere is: time, longitude, t2m");
+              "^no variable or attribute 'tm2'; did you mean t2m\\?\nThere are: time, longitude, t2m");
 check_raises ("a name in another case", "unknownName", @() ds.T2M, "did you mean t2m\\?");
 check_raises ("a name in a group", "unknownName", @() ds("PRODUCT/qa_valu"), "did you mean (PRODUCT/)?qa_value\\?");
 check_raises ("a name of a group", "unknownName", @() ds.group ("PRODUKT"), "did you mean PRODUCT\\?");

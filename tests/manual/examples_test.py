@@ -28,7 +28,9 @@ def steps_of(chain, server):
     steps = []
     for block in chain:
         text = block.text.replace(SERVER, server)
-        if block.kind in ("run", "run on"):
+        if block.kind == "sample":
+            steps.append((f"{len(steps):03}.sample", ""))
+        if block.kind in ("run", "run on", "sample"):
             steps.append((f"{len(steps):03}.code", text))
         elif block.kind == "file":
             steps.append((f"{len(steps):03}.file.{block.name}", text))
@@ -43,7 +45,9 @@ def printed_blocks(chain, outputs, server):
     outputs = iter(text.replace(server, SERVER) for text in outputs)
     pending, shown, last = "", [], None
     for block in chain:
-        if block.kind in ("run", "run on"):
+        if block.kind == "sample":
+            next(outputs)
+        if block.kind in ("run", "run on", "sample"):
             pending, last = pending + next(outputs), block
         elif block.kind == "file":
             next(outputs)
@@ -71,18 +75,18 @@ def tidy(text):
 def run(chains, server):
     """The output of each chain, the identifiers that were raised, and the messages when gridio was unloaded after it."""
     with tempfile.TemporaryDirectory() as folder:
-        for number, chain in enumerate(chains):
-            steps = pathlib.Path(folder, f"{number:03}")
-            steps.mkdir()
+        samples, folders = pathlib.Path(folder, "samples"), [pathlib.Path(folder, "chains", f"{i:03}") for i in range(len(chains))]
+        samples.mkdir()
+        for steps, chain in zip(folders, chains):
+            steps.mkdir(parents=True)
             for name, text in steps_of(chain, server):
                 (steps / name).write_text(text, encoding="utf-8")
-        done = interpreter.run(HERE / "run_chains.m", folder, folders=(interpreter.oct_folder(), interpreter.INST), text=True,
-                               timeout=300)
+        done = interpreter.run(HERE / "run_chains.m", folders[0].parent, samples, folders=(interpreter.oct_folder(), interpreter.INST),
+                               text=True, timeout=300)
         # The library itself reports on stderr that a server was not reached.
         if done.returncode != 0 or re.search("^error: ", done.stderr, re.M):
             sys.exit(f"the session failed: {done}")
-        for number, chain in enumerate(chains):
-            steps = pathlib.Path(folder, f"{number:03}")
+        for steps, chain in zip(folders, chains):
             outputs = [(steps / f"{i:03}.out").read_text("utf-8") for i in range(len(steps_of(chain, server)))]
             raised = {word for path in steps.glob("*.raised") for word in path.read_text("utf-8").split()}
             yield chain, outputs, raised, (steps / "left.out").read_text("utf-8")

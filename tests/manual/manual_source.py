@@ -5,7 +5,7 @@ import pathlib
 import re
 
 CHAPTERS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "manual"
-KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program", "commands")
+KINDS = ("run", "run on", "sample", "prints", "shell", "file", "form", "terminal", "session", "program", "commands")
 WIDTH = 80  # so that an example fits a page
 
 
@@ -25,7 +25,7 @@ class Block:
     first: int  # index of its first line in the file
     last: int  # and of the line after its last
     kind: str
-    name: str  # of a file or program
+    name: str  # of a file, program or recipe
     text: str  # as the reader sees it, each line with its end
 
     def where(self):
@@ -51,7 +51,7 @@ def blocks(path):
             at += 1
             continue
         marker = re.fullmatch(r"@c (run on|\w+)(?: (.+))?", lines[at - 1])
-        if not marker or marker[1] not in KINDS or (marker[1] in ("file", "program")) != bool(marker[2]):
+        if not marker or marker[1] not in KINDS or (marker[1] in ("file", "program")) != bool(marker[2] and marker[1] != "sample"):
             raise Mistake(f"{path.name}:{at + 1}: an example without a marker")
         end = at + 1
         while not lines[end].startswith("@end "):
@@ -71,7 +71,7 @@ def chains(path):
     """Lists of blocks that are run in one folder and workspace."""
     found = []
     for block in blocks(path):
-        if block.kind in ("run", "file"):
+        if block.kind in ("run", "sample", "file"):
             found.append([block])
         elif block.kind in ("run on", "prints", "shell"):
             if not found:

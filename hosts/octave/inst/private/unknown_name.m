@@ -16,7 +16,7 @@ function unknown_name (kind, what, name, names, where = "")
   if (isempty (names))
     message = sprintf ("%s\nThere is none at all.", message);
   else
-    message = sprintf ("%s\nThere is: %s", message, listed_names (names));
+    message = sprintf ("%s\nThere %s: %s", message, merge (numel (names) == 1, "is", "are"), listed_names (names));
   endif
   fail (kind, "%s", message);
 
