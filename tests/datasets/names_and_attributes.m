@@ -88,6 +88,18 @@ check ("months as steps of the calendar", isequal (monthly.t.text (), {"2000-01-
 check ("months as they are", isequal (gridio_dataset (months, "times", false).t(:), [0; 1]));
 check_raises ("months in another way", "badOption", @() gridio_dataset (months, "months", "long"));
 
+function files = files_of (call)
+  try
+    call ();
+  catch failure
+    files = {failure.stack.file};
+  end
+end
+own = fileparts (file_in_loadpath ("gridio_dataset.m"));
+files = [files_of(@() ds.tm2), files_of(@() gridio_dataset ("none.nc")), files_of(@() gridio_help ("none"))];
+check ("errors name the places of the script that called", ! isempty (strfind (files{end}, "names_and_attributes")));
+check ("and not those of the package", ! any (strncmp (files, own, numel (own))));
+
 for name = {"gridio_dataset", "gridio_variable", "gridio_show", "gridio_read", "gridio_write", "gridio_plot"}
   [~, format] = get_help_text (name{1});
   check (["help of " name{1}], strcmp (format, "texinfo"));

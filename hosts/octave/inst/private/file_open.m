@@ -19,20 +19,22 @@ function file = file_open (path, varargin)
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
                  "lastError", lasterror ());
-  switch (mode)
-    case {"read", "write"}
-      file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
-    case {"new", "replace"}
-      file.ncid = file_create (path, mode, format);
-    otherwise
-      fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
-  endswitch
-  file.session = gridio_native ("session");
   try
+    switch (mode)
+      case {"read", "write"}
+        file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
+      case {"new", "replace"}
+        file.ncid = file_create (path, mode, format);
+      otherwise
+        fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
+    endswitch
+    file.session = gridio_native ("session");
     file.d = file_description (file.ncid);
   catch failure
-    gridio ("close", file.ncid);
-    rethrow (failure);
+    if (isfield (file, "ncid"))
+      gridio ("close", file.ncid);
+    endif
+    raise (failure.identifier, failure.message);
   end_try_catch
 
 endfunction

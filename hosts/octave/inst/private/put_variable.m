@@ -49,7 +49,7 @@ function put_variable (ncid, name, values, dimensions = {}, varargin)
     end_unwind_protect
     write_block (ncid, varid, zeros (1, numel (dims)), [dims.count], stored);
   catch failure
-    error (failure.identifier, "'%s' is not whole in the file: %s", shown_text (name), failure.message);
+    raise (failure.identifier, sprintf ("'%s' is not whole in the file: %s", shown_text (name), failure.message));
   end_try_catch
 
 endfunction
