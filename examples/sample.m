@@ -45,3 +45,4 @@ endfunction
 
 write_sea ("sea.nc");
 write_stations ("stations.nc");
+printf ("sea.nc and stations.nc are in the current folder\n");
