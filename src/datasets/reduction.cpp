@@ -9,7 +9,6 @@
 #include "datasets/slab_walk.h"
 
 #include <algorithm>
-#include <functional>
 #include <limits>
 
 namespace Ovard::gridio {
@@ -20,34 +19,6 @@ constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
 
 // Values of several results, for medians.
 constexpr std::size_t medianElements = (std::size_t{64} << 20) / sizeof(double);
-
-using Visit = std::function<void(const Spans& spans, const double* values)>;
-
-// Reads a block slab by slab. What the library refuses is raised.
-void forEachSlab(const ReducedBlock& reduced, const Visit& visit)
-{
-    const auto indices = blockIndices(reduced.variable, reduced.block);
-    const std::size_t count = productOf(reduced.block.count);
-    std::vector<double> values;
-    if (!indices || reduced.variable.rank() == 0) {
-        values.resize(std::max<std::size_t>(count, 1));
-        readValues(reduced.variable, reduced.block, {values.data(), &reduced.decoder});
-        Spans whole(reduced.block.count.size());
-        for (std::size_t i = 0; i < whole.size(); ++i)
-            whole[i].count = reduced.block.count[i];
-        visit(whole, values.data());
-        return;
-    }
-    const SizeVector lengths = slabLengths(*indices, chunkLengths(reduced.variable), slabElements);
-    Interruption interruption;
-    for (ChunkWalk walk(*indices, lengths); !walk.isDone(); walk.next()) {
-        interruption.check();
-        values.resize(std::max(values.size(), countOf(walk.spans())));
-        readValues(reduced.variable, slabOf(*indices, walk.spans()),
-                   {values.data(), &reduced.decoder});
-        visit(walk.spans(), values.data());
-    }
-}
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
 {
@@ -132,7 +103,7 @@ void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
                   const ReductionResults& results)
 {
     Collector collector(plan.resultCount());
-    forEachSlab(reduced, [&](const Spans& spans, const double* values) {
+    reduced.source.forEachSlab(reduced.block, [&](const Spans& spans, const double* values) {
         SlabWalk(plan, spans, collector).run(values);
     });
     fillResults(collector, plan.resultCount(), results);
@@ -140,12 +111,37 @@ void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
 
 } // namespace
 
+// What the library refuses is raised.
+void VariableSource::forEachSlab(const Block& block, const Visit& visit)
+{
+    const auto indices = blockIndices(variable_, block);
+    const std::size_t count = productOf(block.count);
+    std::vector<double> values;
+    if (!indices || variable_.rank() == 0) {
+        values.resize(std::max<std::size_t>(count, 1));
+        readValues(variable_, block, {values.data(), &decoder_});
+        Spans whole(block.count.size());
+        for (std::size_t i = 0; i < whole.size(); ++i)
+            whole[i].count = block.count[i];
+        visit(whole, values.data());
+        return;
+    }
+    const SizeVector lengths = slabLengths(*indices, chunkLengths(variable_), slabElements);
+    Interruption interruption;
+    for (ChunkWalk walk(*indices, lengths); !walk.isDone(); walk.next()) {
+        interruption.check();
+        values.resize(std::max(values.size(), countOf(walk.spans())));
+        readValues(variable_, slabOf(*indices, walk.spans()), {values.data(), &decoder_});
+        visit(walk.spans(), values.data());
+    }
+}
+
 void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reduction reduction,
                  const ReductionResults& results)
 {
     const std::size_t count = plan.resultCount();
     const auto accumulator = makeAccumulator(reduction, count, plan.isWeighted);
-    forEachSlab(reduced, [&](const Spans& spans, const double* values) {
+    reduced.source.forEachSlab(reduced.block, [&](const Spans& spans, const double* values) {
         SlabWalk(plan, spans, *accumulator).run(values);
     });
     fillResults(*accumulator, count, results);
@@ -169,7 +165,7 @@ void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
     const std::size_t pieces = std::max<std::size_t>(medianElements / (elements / length), 1);
     for (std::size_t first = 0; first < length; first += pieces) {
         const Part part = partOf(reduced.block, plan, cut, first, std::min(pieces, length - first));
-        medianOfPart({reduced.variable, part.block, reduced.decoder}, part.plan,
+        medianOfPart({reduced.source, part.block}, part.plan,
                      {results.values + part.firstResult, results.counts + part.firstResult});
     }
 }
