@@ -15,7 +15,8 @@
 
 #include <netcdf.h>
 
-#include <filesystem>
+#include <sys/stat.h>
+
 #include <limits>
 
 namespace Ovard::gridio::datasetOperations {
@@ -25,22 +26,20 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 struct FileState {
     double size = notANumber;
-    double changed = notANumber; // when, in seconds of the system's clock
+    double changed = notANumber; // when, in seconds since 1970
 };
 
 // NaN where there is no file, as for an address.
 FileState stateOf(const std::string& path)
 {
-    FileState state;
-    std::error_code failure;
-    const auto size = std::filesystem::file_size(path, failure);
-    if (failure)
-        return state;
-    state.size = static_cast<double>(size);
-    const auto changed = std::filesystem::last_write_time(path, failure);
-    if (!failure)
-        state.changed = std::chrono::duration<double>(changed.time_since_epoch()).count();
-    return state;
+    struct stat found = {};
+    if (stat(path.c_str(), &found) != 0)
+        return {};
+    double changed = static_cast<double>(found.st_mtime);
+#ifdef __linux__
+    changed += static_cast<double>(found.st_mtim.tv_nsec) / 1e9;
+#endif
+    return {static_cast<double>(found.st_size), changed};
 }
 
 // How the files are to be joined: a structure with these fields.

@@ -7,6 +7,10 @@
 
 function file = file_open (path, varargin)
 
+  if (is_catalogue (path) && (mod (numel (varargin), 2) == 0 || isequal (varargin{1}, "read")))
+    file = catalogue_open (path, varargin{:});
+    return;
+  endif
   [paths, label] = many_paths (path);
   if (! isempty (paths))
     file = many_open (paths, label, varargin{:});

@@ -32,6 +32,7 @@ function paths = expanded (file)
   paths = {file};
   if (is_pattern (file))
     paths = glob (file);
+    paths(cellfun (@is_catalogue, paths)) = [];
     if (isempty (paths))
       fail ("notAFile", "no file has a name like \"%s\"; the present folder is \"%s\"", shown_text (file), pwd ());
     endif

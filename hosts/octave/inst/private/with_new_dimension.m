@@ -53,9 +53,9 @@ function [values, type, kind] = numbers_or_names (paths)
   parts = regexp (names, '^(.*?)(\d+)(\D*)$', "tokens", "once");
   isNumbered = ! any (cellfun (@isempty, parts));
   if (isNumbered)
+    parts = cellfun (@(tokens) tokens(:)', parts, "UniformOutput", false);
     parts = vertcat (parts{:});
-    isNumbered = numel (unique (regexprep (parts(:,1), '[1-9]|0', "0"))) == 1 && numel (unique (parts(:,3))) == 1 ...
-                 && numel (unique (parts(:,1))) == 1;
+    isNumbered = numel (unique (parts(:,1))) == 1 && numel (unique (parts(:,3))) == 1;
   endif
   if (isNumbered)
     [values, type, kind] = deal (str2double (parts(:,2)), "double", "number");
