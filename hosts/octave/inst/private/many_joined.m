@@ -64,8 +64,10 @@ function order = joined_order (scans, joining)
   if (isempty (order))
     order = 1;
   elseif (joining.coordinate > 0)
-    firsts = cellfun (@(values) values(1), scans.values(order));
-    rises = cellfun (@(values) sign (values(end) - values(1)), scans.values(order));
+    values = vertcat (scans.values{order});
+    ends = cumsum (scans.lengths(order));
+    firsts = values([1; ends(1:end-1) + 1]);
+    rises = sign (values(ends) - firsts);
     [~, sorted] = sort (firsts, merge (sum (rises == -1) > sum (rises == 1), "descend", "ascend"));
     order = order(sorted);
   endif

@@ -32,7 +32,7 @@ function paths = expanded (file)
   paths = {file};
   if (is_pattern (file))
     paths = glob (file);
-    paths(cellfun (@is_catalogue, paths)) = [];
+    paths(! cellfun ("isempty", regexp (paths, '\.catalogue\.nc$', "once"))) = [];
     if (isempty (paths))
       fail ("notAFile", "no file has a name like \"%s\"; the present folder is \"%s\"", shown_text (file), pwd ());
     endif
