@@ -55,9 +55,12 @@ struct ReducedBlock {
 void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reduction reduction,
                  const ReductionResults& results);
 
-// The same for medians, which need all values of a result at once: of some MiB of results at a
-// time, or of one.
+// Values that are kept at once for medians: 64 MiB of them.
+constexpr std::size_t mostKeptValues = (std::size_t{64} << 20) / sizeof(double);
+
+// The same for medians, which need all values of a result at once: values are kept of as many
+// results as there is memory for, and counted in several passes where one result has more.
 void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
-                   const ReductionResults& results);
+                   const ReductionResults& results, std::size_t mostKept = mostKeptValues);
 
 } // namespace Ovard::gridio

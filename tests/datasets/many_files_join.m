@@ -61,6 +61,9 @@ check_raises ("a pattern without files", "notAFile", @() gridio_dataset (fullfil
 check_raises ("an empty cell", "notAFile", @() gridio_dataset ({}));
 check_raises ("a dimension that is not there", "unknownName", @() gridio_dataset (pattern, "along", "tiem"), "time");
 check_raises ("an option's value", "badOption", @() gridio_dataset (pattern, "missing", "ignore"), "skip");
+check_raises ("an option without a value", "badOption", @() gridio_dataset (pattern, "along"), "pairs");
+check_raises ("an option's name", "badOption", @() gridio_dataset (pattern, "alonge", "time"), "did you mean along");
+check_raises ("an option of many files", "badOption", @() gridio_dataset (fullfile (folder, "day01.nc"), "along", "time"), "many");
 check_raises ("two ways at once", "badOption", @() gridio_dataset (pattern, "along", "time", "new dimension", "m"));
 check_raises ("a new dimension that is there", "badOption", @() gridio_dataset (pattern, "new dimension", "x"), "along");
 clear ds

@@ -9,7 +9,9 @@ function [request, options] = many_options (options)
 
   request = struct ("along", "", "newDimension", "", "isSkipping", false);
   if (mod (numel (options), 2) == 1)
-    if (! isequal (options{1}, "read"))
+    if (! any (strcmp (options{1}, {"read", "write", "new", "replace"})))
+      fail ("badOption", "options of gridio_dataset are pairs of a name and a value; %s has none", shown_text (options{1}));
+    elseif (! strcmp (options{1}, "read"))
       fail ("badMode", "many files are opened for reading only; one of them is written to by itself");
     endif
     options(1) = [];
