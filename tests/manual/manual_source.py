@@ -12,6 +12,7 @@ WIDTH = 80  # so that an example fits a page
 # Errors that no script can cause, and what is raised for files of other programs.
 UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
                "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath", "Ovard:gridio:any:foreignType",
+               "Ovard:gridio:dataset:badPart",  # datasets report it as badFile
                "Ovard:gridio:dataset:notReplaced"}  # the text of the last holds a random name
 
 

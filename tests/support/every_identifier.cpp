@@ -80,6 +80,7 @@ std::vector<Occurrence> everyIdentifier()
                                                  "reason-3"),
         occurrence<dataset::valueOutOfRange>({"72", "value-2", "type-3", "range-4"}, 72L, "value-2",
                                              "type-3", "range-4"),
+        occurrence<dataset::badPart>({"v", "difference-2"}, "v", "difference-2"),
         occurrence<dataset::badArgument>({"bins", "expected-2"}, "bins", "expected-2"),
     };
 }
