@@ -51,6 +51,12 @@ class Errors(unittest.TestCase):
         self.assertEqual(found, expected)
         self.assertIn("Octave:bad-alloc", entries())
 
+    def test_of_the_package_come_from_its_list(self):
+        for path in (ROOT / "hosts" / "octave" / "inst").rglob("*.m"):
+            if path.name != "error_identifier.m":
+                with self.subTest(path.name):
+                    self.assertNotRegex(path.read_text("utf-8"), r"\b(error|warning) \(\[?\"Ovard:", "use fail or error_identifier")
+
     def test_have_a_meaning_a_cause_and_a_cure(self):
         for name, (_, body) in entries().items():
             with self.subTest(name):
