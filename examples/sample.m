@@ -1,5 +1,5 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Writes two small files with made-up data into the current folder, to try things on: sea.nc, the monthly temperature of a
+% Writes two small files with synthetic data into the current folder, to try things on: sea.nc, the monthly temperature of a
 % sea, and stations.nc, the water level at some places. The manual uses them.
 %   source (fullfile (gridio_version ().examples, "sample.m"))
 1;
@@ -17,7 +17,7 @@ function write_sea (file)
   below = sst .* reshape (exp (-depth / 300), 1, 1, 1, []);
 
   out = gridio_dataset (file, "replace");
-  out.title = "Monthly temperature of a sea, made up";
+  out.title = "Monthly temperature of a synthetic sea";
   out.put ("lon", lon, "lon", "units", "degrees_east", "standard_name", "longitude");
   out.put ("lat", lat, "lat", "units", "degrees_north", "standard_name", "latitude");
   out.put ("depth", depth, "depth", "units", "m", "positive", "down", "standard_name", "depth");

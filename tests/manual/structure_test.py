@@ -51,7 +51,7 @@ class Errors(unittest.TestCase):
         self.assertEqual(found, expected)
         self.assertIn("Octave:bad-alloc", entries())
 
-    def test_of_the_package_come_from_its_list(self):
+    def test_are_raised_by_kinds_of_the_list(self):
         for path in (ROOT / "hosts" / "octave" / "inst").rglob("*.m"):
             if path.name != "error_identifier.m":
                 with self.subTest(path.name):

@@ -4,7 +4,7 @@
 ## @deftypefn  {} {@var{identifier} =} error_identifier (@var{kind})
 ## @deftypefnx {} {@var{kinds} =} error_identifier ()
 ## Undocumented internal function: the identifier of an error or a warning that a function of the package raises, or all
-## kinds that there are.  A kind without a colon is one of datasets.  The manual has an entry for each, which a test checks.
+## kinds.  A kind without a colon is one of datasets.  The manual has an entry for each, which a test checks.
 ## @end deftypefn
 
 function identifier = error_identifier (kind)
