@@ -4,6 +4,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
+#include "files/opening.h"
 #include "library/guards/blocking_files.h"
 #include "library/guards/emptied_files.h"
 #include "library/guards/endless_addresses.h"
@@ -22,15 +23,7 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-// Neither lets the library see what would crash it, block it or destroy a file.
-void refuseToOpen(const std::string& file, int mode, const OperationEntry* entry)
-{
-    if (namesMissingMemory(mode) || isEndlessAddress(file))
-        raiseLibraryFailure(NC_EINVAL, entry);
-    if (isPipeOrDevice(file))
-        raiseLibraryFailure(NC_ENOTNC, entry);
-}
-
+// The library would leave a file of no format, fail to close the file, or destroy one.
 void refuseToCreate(const std::string& file, int mode, const OperationEntry* entry)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
@@ -50,12 +43,8 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    refuseToOpen(file, mode, entry);
-    const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
-    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc_open(path.c_str(), mode, &ncid), entry);
-    noteOpenedFile(ncid);
+    checkStatus(openFile(file, mode, ncid), entry);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
 }
@@ -81,7 +70,7 @@ void pOpen(int, vxArray* results[], int, const vxArray* args[], const OperationE
     int mode = readModeArgument(args[1]);
     std::size_t chunkSizeHint = readSizeScalar(args[2], "chunksizehint");
 
-    refuseToOpen(file, mode, entry);
+    checkStatus(refusalToOpen(file, mode), entry);
     const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;

@@ -109,7 +109,7 @@ check_raises ("dates upside down", "badSelection", @() v.at ("time", {"2001", "2
 check_raises ("a range that meets nothing", "emptySelection", @() v.at ("lat", [70 80]), "from -60 to 60");
 check_raises ("a period that meets nothing", "emptySelection", @() v.at ("time", "1999"), "2000-02-27.* to 2000-03-03");
 check_raises ("a point far outside", "emptySelection", @() v.at ("lat", 120), "from -60 to 60");
-check_raises ("a point outside a distance", "emptySelection", @() v.at ("level", 900, "within", 20));
+check_raises ("a point outside a distance", "emptySelection", @() v.at ("level", 900, "within", 20), "within 20 of 900; the nearest is 850");
 check_raises ("an unknown axis", "unknownName", @() v.at ("latitute", 3), "did you mean latitude\\?");
 check_raises ("a date that does not exist", "badSelection", @() v.at ("time", "2000-02-30"), "2000-02-30");
 check_raises ("words for a date", "badSelection", @() v.at ("time", "yesterday"), "yesterday");
