@@ -7,6 +7,7 @@
 #include "chunks/slabs.h"
 #include "data/elements/shapes.h"
 #include "datasets/medians.h"
+#include "datasets/progress.h"
 #include "datasets/slab_walk.h"
 
 #include <algorithm>
@@ -20,18 +21,24 @@ constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
 {
+    Interruption interruption;
     for (std::size_t i = 0; i < count; ++i) {
+        if (i % 256 == 0)
+            interruption.check();
         results.values[i] = accumulator.result(i);
         results.counts[i] = accumulator.count(i);
     }
 }
 
-void passAll(const ReducedBlock& reduced, const ReductionPlan& plan, Accumulator& accumulator)
+// One of so many passes over the values.
+void passAll(const ReducedBlock& reduced, const ReductionPlan& plan, Accumulator& accumulator,
+             Progress& progress, std::size_t passes = 1)
 {
     if (productOf(reduced.block.count) == 0)
         return;
     reduced.source.forEachSlab(reduced.block, [&](const Spans& spans, const double* values) {
         SlabWalk(plan, spans, accumulator).run(values);
+        progress.add(countOf(spans) / passes);
     });
 }
 
@@ -105,14 +112,51 @@ std::optional<std::size_t> dimensionToCut(const ReductionPlan& plan)
 }
 
 void medianByPasses(const ReducedBlock& reduced, const ReductionPlan& plan,
-                    const ReductionResults& results)
+                    const ReductionResults& results, Progress& progress)
 {
     Selector selector(plan.resultCount());
     for (int pass = 0; pass < Selector::passes; ++pass) {
-        passAll(reduced, plan, selector);
+        passAll(reduced, plan, selector, progress, Selector::passes);
         selector.endPass();
     }
     fillResults(selector, plan.resultCount(), results);
+}
+
+// Values are kept where there is memory for them. Otherwise they are counted, if that needs fewer
+// passes over the values than keeping those of one piece after the other.
+void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
+                  const ReductionResults& results, std::size_t mostKept, Progress& progress)
+{
+    const std::size_t elements = productOf(reduced.block.count);
+    const std::size_t count = plan.resultCount();
+    const std::optional<std::size_t> dimension = dimensionToCut(plan);
+    if (elements <= mostKept) {
+        Collector collector(count);
+        passAll(reduced, plan, collector, progress);
+        fillResults(collector, count, results);
+        return;
+    }
+    const bool isCounted = count * Selector::bytes <= mostKept * sizeof(double);
+    if (!dimension || (isCounted && elements / mostKept > Selector::passes)) {
+        medianByPasses(reduced, plan, results, progress);
+        return;
+    }
+    const ReducedDimension& cut = plan.dimensions[*dimension];
+    const std::size_t pieces = std::max<std::size_t>(mostKept / (elements / cut.results), 1);
+    const std::size_t outer = count / (cut.results * cut.step);
+    for (std::size_t first = 0; first < cut.results; first += pieces) {
+        const Part part(reduced.block, plan, *dimension, first,
+                        std::min(pieces, cut.results - first));
+        const std::size_t run = part.plan.resultLengths[*dimension] * cut.step;
+        std::vector<double> values(outer * run), counts(outer * run);
+        medianOfPart({reduced.source, part.block}, part.plan, {values.data(), counts.data()},
+                     mostKept, progress);
+        for (std::size_t i = 0; i < outer; ++i) {
+            const std::size_t target = (i * cut.results + first) * cut.step;
+            std::copy_n(values.data() + i * run, run, results.values + target);
+            std::copy_n(counts.data() + i * run, run, results.counts + target);
+        }
+    }
 }
 
 } // namespace
@@ -147,45 +191,16 @@ void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reducti
 {
     const std::size_t count = plan.resultCount();
     const auto accumulator = makeAccumulator(reduction, count, plan.isWeighted);
-    passAll(reduced, plan, *accumulator);
+    Progress progress(productOf(reduced.block.count));
+    passAll(reduced, plan, *accumulator, progress);
     fillResults(*accumulator, count, results);
 }
 
-// Values are kept where there is memory for them. Otherwise they are counted, if that needs fewer
-// passes over the values than keeping those of one piece after the other.
 void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
                    const ReductionResults& results, std::size_t mostKept)
 {
-    const std::size_t elements = productOf(reduced.block.count);
-    const std::size_t count = plan.resultCount();
-    const std::optional<std::size_t> dimension = dimensionToCut(plan);
-    if (elements <= mostKept) {
-        Collector collector(count);
-        passAll(reduced, plan, collector);
-        fillResults(collector, count, results);
-        return;
-    }
-    const bool isCounted = count * Selector::bytes <= mostKept * sizeof(double);
-    if (!dimension || (isCounted && elements / mostKept > Selector::passes)) {
-        medianByPasses(reduced, plan, results);
-        return;
-    }
-    const ReducedDimension& cut = plan.dimensions[*dimension];
-    const std::size_t pieces = std::max<std::size_t>(mostKept / (elements / cut.results), 1);
-    const std::size_t outer = count / (cut.results * cut.step);
-    for (std::size_t first = 0; first < cut.results; first += pieces) {
-        const Part part(reduced.block, plan, *dimension, first,
-                        std::min(pieces, cut.results - first));
-        const std::size_t run = part.plan.resultLengths[*dimension] * cut.step;
-        std::vector<double> values(outer * run), counts(outer * run);
-        medianOfBlock({reduced.source, part.block}, part.plan, {values.data(), counts.data()},
-                      mostKept);
-        for (std::size_t i = 0; i < outer; ++i) {
-            const std::size_t target = (i * cut.results + first) * cut.step;
-            std::copy_n(values.data() + i * run, run, results.values + target);
-            std::copy_n(counts.data() + i * run, run, results.counts + target);
-        }
-    }
+    Progress progress(productOf(reduced.block.count));
+    medianOfPart(reduced, plan, results, mostKept, progress);
 }
 
 } // namespace Ovard::gridio

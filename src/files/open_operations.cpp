@@ -23,22 +23,17 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-int refusalToOpen(const std::string& file, int mode)
-{
-    if (namesMissingMemory(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
-    return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
-}
-
-int refusalToCreate(const std::string& file, int mode)
+// The library would leave a file of no format, fail to close the file, or destroy one.
+void refuseToCreate(const std::string& file, int mode, const OperationEntry* entry)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
+        raiseLibraryFailure(NC_EINVAL, entry);
     if (overflowsFileTable(mode))
-        return NC_ENFILE;
+        raiseLibraryFailure(NC_ENFILE, entry);
     if (emptiesLockedFile(file, mode))
-        return EACCES; // as HDF5 reports it
-    return harmsFolder(file, mode) ? NC_EEXIST : NC_NOERR;
+        raiseLibraryFailure(EACCES, entry); // as HDF5 reports it
+    if (harmsFolder(file, mode))
+        raiseLibraryFailure(NC_EEXIST, entry);
 }
 
 } // namespace
@@ -59,7 +54,7 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
@@ -96,7 +91,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const std::size_t initialSize = readSizeScalar(args[2], "initialsize");
     std::size_t chunkSize = readSizeScalar(args[3], "chunksize");
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;

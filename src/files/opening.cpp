@@ -11,12 +11,17 @@
 
 namespace Ovard::gridio {
 
-int openFile(const std::string& file, int mode, int& ncid)
+int refusalToOpen(const std::string& file, int mode)
 {
     if (namesMissingMemory(mode) || isEndlessAddress(file))
         return NC_EINVAL;
-    if (isPipeOrDevice(file))
-        return NC_ENOTNC;
+    return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
+}
+
+int openFile(const std::string& file, int mode, int& ncid)
+{
+    if (const int refusal = refusalToOpen(file, mode))
+        return refusal;
     const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
     if (path.status() != NC_NOERR)
         return path.status();

@@ -6,6 +6,10 @@
 
 namespace Ovard::gridio {
 
+// The status with which a file is refused before the library sees it, which would crash or block;
+// NC_NOERR if it is not.
+int refusalToOpen(const std::string& file, int mode);
+
 // nc_open with these flags. Returns NC_NOERR or the library's status.
 int openFile(const std::string& file, int mode, int& ncid);
 

@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% Runs the cases of argument_rules.py, read from its tables, in the interpreter, all in one session,
-% and compares each outcome with the model's. A message must contain its arguments in order.
+% Runs the cases of argument_rules.py, read from its tables, in the interpreter, all in one session, and
+% compares each outcome with the model's: argument_cases.m FOLDER. A message must contain its arguments in order.
 
 1;
 
@@ -271,10 +271,11 @@ end
 % Values of every class are written on purpose.
 warning ("off", "Ovard:gridio:octave:rawBytes");
 global scratch values tokens
-tokens = lines_of ("values");
+folder = argv (){1};
+tokens = lines_of (fullfile (folder, "values"));
 values = {};
 scratch = struct ("ncid", -1, "group", -1, "name", "none", "count", 0);
 gridio ("close", gridio ("create", "plain", "clobber"));
 renew ();
-run_cases (dlmread ("cases", " "), lines_of ("operations"), ...
-           cellfun (@parsed_outcome, lines_of ("outcomes"), "UniformOutput", false));
+run_cases (dlmread (fullfile (folder, "cases"), " "), lines_of (fullfile (folder, "operations")), ...
+           cellfun (@parsed_outcome, lines_of (fullfile (folder, "outcomes")), "UniformOutput", false));

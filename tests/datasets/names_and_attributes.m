@@ -56,7 +56,7 @@ check_raises ("a name of a group", "unknownName", @() ds.group ("PRODUKT"), "did
 check_raises ("an attribute of a variable", "unknownName", @() ds.t2m.unit, "no attribute 'unit' of variable 't2m'; did you mean units\\?");
 check_raises ("an attribute's value", "unknownName", @() ds.find ("units", "k"), "did you mean K\\?");
 check_raises ("a variable in another group", "unknownName", @() ds("PRODUCT/t2m"), "did you mean /t2m\\?");
-check_raises ("an attribute that nothing has", "unknownName", @() ds.find ("colour", "blue"), "no variable with colour 'blue'");
+check_raises ("an attribute that nothing has", "unknownName", @() ds.find ("colour", "blue"), "no variable has the attribute 'colour'");
 check_raises ("find without a value", "badCall", @() ds.find ("units"));
 check_raises ("times of what has none", "notATime", @() ds.t2m.text (), "days since");
 check_raises ("labels of what has none", "noLabels", @() ds.t2m.labels (3), "flag_meanings");

@@ -92,6 +92,18 @@ check ("numbers as stored in it", isequal (calendar.f.at ("time", 60), int32 (31
 noleap = a_field (0, 0, 1, 58:61, "days since 2012-01-01", "time:calendar = \"noleap\";");
 check_raises ("a date of another calendar", "badSelection", @() noleap.f.at ("time", "2012-02-29"), "noleap");
 
+early = a_field (0, [0 1], 1, [15 45 75], "days since 0001-01-01");
+[x, at] = early.f.at ("lat", 1);
+check ("times before the Gregorian calendar are numbers as stored", isequal (x(:)', int32 ([1121 2121 3121]))
+       && isequal (at.time(:)', [15 45 75]) && ! at.about.coordinates(strcmp ({at.about.coordinates.name}, "time")).isDatenum);
+[x, at] = early.f.at ("time", "0001-02", "lat", 1);
+check ("and are selected by their dates", isequal (x(:), int32 (2121)) && isequal (at.time, 45));
+[x, at] = early.f.mean ("time", "by", "each month", "lat", 1);
+check ("and grouped by them", isequal (x(:)', [1121 2121 3121]) && isequal (at.time(:)', [0 31 59]));
+months = a_field (0, [0 1], 1, 0:2, "months since 2000-01-01");
+[x, at] = months.f.at ("lat", 1);
+check ("so are months", isequal (x(:)', int32 ([1121 2121 3121])) && isequal (at.time(:)', 0:2));
+
 check_raises ("a range upside down", "badSelection", @() v.at ("lat", [60 40]), "upside down");
 check_raises ("dates upside down", "badSelection", @() v.at ("time", {"2001", "2000"}), "upside down");
 check_raises ("a range that meets nothing", "emptySelection", @() v.at ("lat", [70 80]), "from -60 to 60");

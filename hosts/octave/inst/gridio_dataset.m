@@ -63,7 +63,8 @@ classdef gridio_dataset < handle
   ## as steps of the calendar, @qcode{"udunits"}, as lengths in days, or @qcode{"refused"}, the default.
   ## @end table
   ##
-  ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.
+  ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.  A function for
+  ## @code{parcellfun}, which saves it for other processes, opens its datasets itself.
   ##
   ## @seealso{gridio_variable, gridio_catalogue, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
   ## @end deftypefn
@@ -77,8 +78,8 @@ classdef gridio_dataset < handle
   methods
 
     function self = gridio_dataset (file, varargin)
-      if (nargin == 0)
-        print_usage ();
+      if (nargin == 0) # deliberately without print_usage, after which the interpreter does not find the class any more
+        fail ("badCall", "which file? gridio_dataset (FILE), gridio_dataset (FILE, MODE)");
       elseif (isa (file, "gridio_dataset"))
         self.owner_ = owner (file);
         self.group_ = varargin{1};
@@ -117,15 +118,15 @@ classdef gridio_dataset < handle
     endfunction
 
     function saved = saveobj (~)
-      fail ("notSavable", "a dataset cannot be saved; save the values that are read from it");
+      refuse ("saved");
     endfunction
 
     function joined = horzcat (varargin)
-      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+      refuse ("joined");
     endfunction
 
     function joined = vertcat (varargin)
-      fail ("notJoinable", "datasets cannot be concatenated; put them into a cell array");
+      refuse ("joined");
     endfunction
 
   endmethods
@@ -150,12 +151,11 @@ classdef gridio_dataset < handle
       file_check (file);
     endfunction
 
-    ## To be called after definitions in the file have changed.
-    function refresh (self)
+    ## To be called after the file has changed, or a change has failed.
+    function refresh (self, outcome)
       root = owner (self);
       guarded = root.guard_.guarded;
-      guarded.content.d = file_description (guarded.content.ncid);
-      guarded.content.lastError = lasterror ();
+      guarded.content = file_changed (guarded.content, outcome);
     endfunction
 
   endmethods

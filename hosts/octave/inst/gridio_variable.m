@@ -46,7 +46,8 @@ classdef gridio_variable < handle
   ## for each is the nearest point on the sphere, and a range for each a box: the smallest block around it, whose other values
   ## are NaN.  Numbers for times are day numbers as of @code{datenum}, in other calendars as stored.
   ## @item mean, sum, min, max, std, var, count, median (@var{dimensions}, @dots{})
-  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs.  The second result has the
+  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs, and in an interactive session
+  ## the terminal shows how far long work is.  The second result has the
   ## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
   ## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
   ## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
@@ -82,7 +83,7 @@ classdef gridio_variable < handle
 
     function self = gridio_variable (dataset, number, mask = 255)
       if (nargin < 2)
-        print_usage ();
+        fail ("badCall", "a variable is made by its dataset: ds.NAME");
       endif
       self.dataset_ = owner (dataset);
       file = content (self.dataset_);
@@ -117,7 +118,8 @@ classdef gridio_variable < handle
     endfunction
 
     function longest = length (self)
-      longest = max (size (self)) * all (size (self) > 0);
+      lengths = size (self);
+      longest = max (lengths) * all (lengths);
     endfunction
 
     function count = ndims (self)
@@ -180,15 +182,15 @@ classdef gridio_variable < handle
     endfunction
 
     function saved = saveobj (~)
-      fail ("notSavable", "a variable of a file cannot be saved; save the values that are read from it");
+      refuse ("saved");
     endfunction
 
     function joined = horzcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:), w(:)]");
+      refuse ("joined");
     endfunction
 
     function joined = vertcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:); w(:)]");
+      refuse ("joined");
     endfunction
 
   endmethods

@@ -9,6 +9,7 @@ function catalogue_write (output, file)
 
   many = file.many;
   ncid = file_create (output, "replace");
+  temporary = gridio_any ("inqPath", ncid);
   try
     attributes = {"title", "catalogue of many netCDF files, to be opened as one by gridio_dataset", ...
                   "gridio_catalogue", int32(1), "joined_dimension", file.d.dimensions.name{many.dimension}, ...
@@ -31,12 +32,11 @@ function catalogue_write (output, file)
       put_variable (ncid, "value", many.values(:), "position", "long_name", "coordinates of all files, in the units of the first");
     endif
   catch failure
-    temporary = gridio_any ("inqPath", ncid);
     gridio ("close", ncid);
     unlink (temporary);
     rethrow (failure);
   end_try_catch
-  file_finish (ncid, output, "replace");
+  file_close (struct ("ncid", ncid, "path", output, "mode", "replace", "part", temporary, "isBroken", false, "many", []));
 
 endfunction
 

@@ -27,7 +27,8 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror (), "many", []);
+                 "lastError", lasterror (), "many", [], "serial", next_serial (), ...
+                 "process", process_number (), "isBroken", false);
   try
     switch (mode)
       case {"read", "write"}
@@ -37,6 +38,9 @@ function file = file_open (path, varargin)
       otherwise
         fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
     endswitch
+    if (strcmp (mode, "replace"))
+      file.part = gridio_any ("inqPath", file.ncid);
+    endif
     file.session = gridio_native ("session");
     file.d = file_description (file.ncid);
   catch failure

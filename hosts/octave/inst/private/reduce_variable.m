@@ -23,6 +23,7 @@ function [x, at] = reduce_variable (kind, self, varargin)
   if (strcmp (kind, "count") && isstruct (weights) && ! strcmp (request.weights, "area"))
     weights.values = double (weights.values != 0);
   endif
+  warn_once (file, number);
   place = joined_place (file, number);
   if (place > 0)
     x = reduce_joined (file, number, place, kind, start, count, isReduced, bins, weights);

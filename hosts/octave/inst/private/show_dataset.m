@@ -117,7 +117,7 @@ endfunction
 function words = member_words (name)
 
   words = visible_text (name);
-  if (! isempty (dataset_method (name)) || ! isvarname (name))
+  if (! isempty (method_of ("dataset", name)) || ! isvarname (name))
     words = sprintf ("(\"%s\")", words);
   endif
 
