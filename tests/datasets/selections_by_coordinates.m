@@ -113,6 +113,7 @@ check_raises ("a point outside a distance", "emptySelection", @() v.at ("level",
 check_raises ("an unknown axis", "unknownName", @() v.at ("latitute", 3), "did you mean latitude\\?");
 check_raises ("a date that does not exist", "badSelection", @() v.at ("time", "2000-02-30"), "2000-02-30");
 check_raises ("words for a date", "badSelection", @() v.at ("time", "yesterday"), "yesterday");
+check_raises ("a year as a number", "badSelection", @() v.at ("time", 2000), "the year is \"2000\"");
 check_raises ("three numbers", "badSelection", @() v.at ("lat", [1 2 3]), "a cell of several numbers");
 check_raises ("a missing number", "badSelection", @() v.at ("lat", NaN));
 check_raises ("a text for numbers", "badSelection", @() v.at ("lat", "north"));
