@@ -12,10 +12,8 @@ function __gridio_reduce_worker__ (place, folder, varargin)
   switch (place)
     case "cores"
       work_on_ranges (folder);
-    case "task"
-      work_on_task (folder, varargin{:});
-    case "combine"
-      combine_tasks (folder, varargin{:});
+    otherwise
+      work_on_task (place, folder, varargin{:});
   endswitch
 
 endfunction

@@ -16,8 +16,11 @@ function question = reduce_question (files, partial, combine, options)
   edges = [0:size:count-1, count];
   question = struct ("files", {files}, "edges", edges, "count", numel (edges) - 1, "partial", partial, "combine", combine, ...
                      "keep", options.folder, "keys", {{}});
-  if (! isempty (options.folder))
-    question.keep = make_absolute_filename (options.folder);
+  if (isempty (question.keep) && strcmp (options.place, "slurm"))
+    question.keep = "gridio_reduce";
+  endif
+  if (! isempty (question.keep))
+    question.keep = make_absolute_filename (question.keep);
     if (! isfolder (question.keep))
       [isMade, reason] = mkdir (question.keep);
       if (! isMade)
