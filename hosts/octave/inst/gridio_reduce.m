@@ -104,3 +104,57 @@ function [r, info] = gridio_reduce (files, partial, combine, varargin)
   info.seconds = toc (since);
 
 endfunction
+
+%!function p = sums (files)
+%!  p = struct ("sum", sum (cellfun (@str2double, files) / 3), "files", {files});
+%!endfunction
+%!function p = add (a, b)
+%!  p = struct ("sum", a.sum + b.sum, "files", {[a.files, b.files]});
+%!endfunction
+
+%!test
+%! ## Bins are fixed, and combined in order.
+%! files = arrayfun (@(k) sprintf ("%d", k), 1:11, "UniformOutput", false);
+%! [r, info] = gridio_reduce (files, @sums, @add);
+%! assert (r.files, files);
+%! assert ([info.files, info.bins, info.rank, info.ranks], [11 11 0 1]);
+%! p = @(k) k / 3;
+%! assert (r.sum, (((p (1) + p (2)) + (p (3) + p (4))) + ((p (5) + p (6)) + (p (7) + p (8)))) + ((p (9) + p (10)) + p (11)), 0);
+%! [r, info] = gridio_reduce (files, @sums, @add, "bin", 4);
+%! assert (info.bins, 3);
+%! assert (r.files, files);
+
+%!test
+%! ## Other processes get captured variables, to the last bit.
+%! weight = [1/3, -0];
+%! f = @(files) struct ("n", numel (files) * weight);
+%! r = gridio_reduce ({"a", "b", "c"}, f, @(a, b) struct ("n", a.n + b.n), "on", "cores", "workers", 2);
+%! assert (r.n(1), (1/3 + 1/3) + 1/3, 0);
+%! assert (1 / r.n(2), -Inf);
+
+%!test
+%! ## A folder keeps what is done; changed functions do not take it.
+%! folder = tempname ();
+%! unwind_protect
+%!   add = @(a, b) struct ("n", a.n + b.n);
+%!   for factor = [1 1 2]
+%!     r = gridio_reduce ({"a", "b", "c"}, @(f) struct ("n", factor * numel (f)), add, "folder", folder);
+%!     assert (r.n, 3 * factor);
+%!   endfor
+%!   assert (numel (glob (fullfile (folder, "partial-*"))), 6);
+%! unwind_protect_cleanup
+%!   confirm_recursive_rmdir (false, "local");
+%!   rmdir (folder, "s");
+%! end_unwind_protect
+
+%!error <Invalid call> gridio_reduce ("*.nc")
+%!error <no file matches> gridio_reduce ("/nowhere/*.nc", @sin, @plus)
+%!error <FILES must be a pattern or a cell array of names> gridio_reduce (3, @sin, @plus)
+%!error <must be function handles> gridio_reduce ({"a"}, "sin", @plus)
+%!error <"on" must be one of here, cores, mpi, slurm, not moon> gridio_reduce ({"a"}, @sin, @plus, "on", "moon")
+%!error <"workers" must be a whole number from 1> gridio_reduce ({"a"}, @sin, @plus, "workers", 0)
+%!error <no option 'speed'> gridio_reduce ({"a"}, @sin, @plus, "speed", 2)
+%!error <each option needs a value> gridio_reduce ({"a"}, @sin, @plus, "on")
+%!error <PARTIAL must return one struct> gridio_reduce ({"a"}, @(f) 3, @plus)
+%!error <a: no luck> gridio_reduce ({"a"}, @(f) error ("no luck"), @plus)
+%!error <the variable 'm' of PARTIAL is a containers.Map> m = containers.Map (); gridio_reduce ({"a"}, @(f) m(f{1}), @plus, "on", "cores")

@@ -43,7 +43,8 @@ octave_value_list start(const octave_value_list&)
         // Other threads only unpack data.
         int provided = 0;
         check(MPI_Init_thread(nullptr, nullptr, MPI_THREAD_FUNNELED, &provided), "MPI_Init_thread");
-        check(MPI_Comm_set_errhandler(MPI_COMM_WORLD, MPI_ERRORS_RETURN), "MPI_Comm_set_errhandler");
+        check(MPI_Comm_set_errhandler(MPI_COMM_WORLD, MPI_ERRORS_RETURN),
+              "MPI_Comm_set_errhandler");
     }
     return ovl(ownRank(), sizeOfWorld());
 }
@@ -73,8 +74,8 @@ octave_value_list probe(const octave_value_list& args)
     return ovl(hasArrived(rankOf(args(1)), args(2).int_vector_value(), status));
 }
 
-// Sends the length, then the bytes in pieces. Memory and requests of a message that is not taken stay, since the library
-// still reads them.
+// Sends the length, then the bytes in pieces. Memory and requests of a message that is not taken
+// stay, since the library still reads them.
 octave_value_list send(const octave_value_list& args)
 {
     Message& message = Message::create(args(1).uint8_array_value());
@@ -112,7 +113,9 @@ octave_value_list post(const octave_value_list& args)
 void receiveInto(void* memory, std::uint64_t length, int source, int tag)
 {
     MPI_Request request = MPI_REQUEST_NULL;
-    check(MPI_Irecv(memory, static_cast<int>(length), MPI_BYTE, source, tag, MPI_COMM_WORLD, &request), "MPI_Irecv");
+    check(MPI_Irecv(memory, static_cast<int>(length), MPI_BYTE, source, tag, MPI_COMM_WORLD,
+                    &request),
+          "MPI_Irecv");
     finish(request);
 }
 
@@ -127,7 +130,8 @@ octave_value_list receive(const octave_value_list& args)
     uint8NDArray bytes(dim_vector(1, static_cast<octave_idx_type>(length)));
     auto* memory = reinterpret_cast<unsigned char*>(bytes.fortran_vec());
     for (std::uint64_t at = 0; at < length; at += longestPiece) {
-        receiveInto(memory + at, std::min(longestPiece, length - at), status.MPI_SOURCE, status.MPI_TAG);
+        receiveInto(memory + at, std::min(longestPiece, length - at), status.MPI_SOURCE,
+                    status.MPI_TAG);
     }
     return ovl(bytes, status.MPI_SOURCE, status.MPI_TAG);
 }
@@ -153,7 +157,8 @@ void discardMessages()
     int isThere = 1;
     while (isThere != 0) {
         MPI_Status status;
-        check(MPI_Iprobe(MPI_ANY_SOURCE, MPI_ANY_TAG, MPI_COMM_WORLD, &isThere, &status), "MPI_Iprobe");
+        check(MPI_Iprobe(MPI_ANY_SOURCE, MPI_ANY_TAG, MPI_COMM_WORLD, &isThere, &status),
+              "MPI_Iprobe");
         if (isThere != 0) {
             int count = 0;
             check(MPI_Get_count(&status, MPI_BYTE, &count), "MPI_Get_count");
@@ -210,10 +215,12 @@ octave_value_list call(const octave_value_list& args)
         {"stop",      {2, stop}},
     };
     // clang-format on
-    const std::string name = args.length() > 0 ? args(0).xstring_value("the operation must be a text") : "";
+    const std::string name =
+        args.length() > 0 ? args(0).xstring_value("the operation must be a text") : "";
     const auto row = operations.find(name);
     if (row == operations.end() || row->second.arguments != args.length()) {
-        error("no operation \"%s\" with %d arguments", name.c_str(), static_cast<int>(args.length()));
+        error("no operation \"%s\" with %d arguments", name.c_str(),
+              static_cast<int>(args.length()));
     }
     std::string reason;
     try {

@@ -68,10 +68,7 @@ Message::Message(const uint8NDArray& bytes)
 {
 }
 
-Message& Message::create(const uint8NDArray& bytes)
-{
-    return messages().emplace_back(bytes);
-}
+Message& Message::create(const uint8NDArray& bytes) { return messages().emplace_back(bytes); }
 
 void Message::forgetTaken()
 {
@@ -96,7 +93,8 @@ void Message::post(const void* memory, std::uint64_t count, int rank, int tag)
 
 bool Message::isTaken()
 {
-    return std::all_of(requests_.begin(), requests_.end(), [](MPI_Request& request) { return isFinished(request); });
+    return std::all_of(requests_.begin(), requests_.end(),
+                       [](MPI_Request& request) { return isFinished(request); });
 }
 
 const unsigned char* Message::bytes() const

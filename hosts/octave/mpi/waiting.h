@@ -21,7 +21,8 @@ void waitUntil(const std::function<bool()>& condition);
 bool isFinished(MPI_Request& request);
 void finish(MPI_Request& request);
 
-// A message that this rank sends. It stays until the library has read it, even after an error or Ctrl-C.
+// A message that this rank sends. It stays until the library has read it, even after an error or
+// Ctrl-C.
 class Message {
 public:
     static Message& create(const uint8NDArray& bytes);

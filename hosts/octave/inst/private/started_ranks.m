@@ -30,6 +30,7 @@ function [ranks, rank, size] = started_ranks ()
   [rank, size] = feval (mpi, "start");
   if (calls == 0)
     atexit ("__gridio_end_ranks__");
+    sigterm_dumps_octave_core (false); # the launcher ends all ranks in one folder
   endif
   tags = 16 * mod (++calls, 1000);
   ranks = struct ("mpi", mpi, "rank", rank, "size", size, "leaving", 1, "partial", tags + 2, "failed", tags + 3, ...
