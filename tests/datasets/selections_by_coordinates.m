@@ -124,7 +124,7 @@ check ("by the dimension that they are along", isequal (ds.f.at ("s", "three", "
 check_raises ("an unknown text", "emptySelection", @() ds.f.at ("name", "twp"), "did you mean two\\?");
 check_raises ("no coordinates", "noCoordinate", @() ds.h.at ("s", 2), "\"index\", \"s\"");
 [x, at] = ds.h.at ("index", "s", 2);
-check ("positions are the coordinates where there are none", isequal (x(:)', 6:10) && isequal (at.s, 2));
+check ("positions stand for missing coordinates", isequal (x(:)', 6:10) && isequal (at.s, 2));
 [x, at] = ds.g.at ("lat", [5 35], "time", [datenum(2000, 1, 1, 2, 0, 0), datenum(2000, 1, 2)]);
 check ("selections of one dimension together", isequal (x(:)', [3 4]) && isequal (at.lat(:)', [20 30]));
 check_raises ("with nothing in common", "emptySelection", @() ds.g.at ("lat", 0, "time", "2000-01-01 04:00"), "in common");
