@@ -143,6 +143,7 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:dataset:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
     {"Ovard:gridio:dataset:valueOutOfRange",
      "Value {1} ({2}) cannot be stored as {3}: the values that can go from {4}. NaN needs a fill value."},
+    {"Ovard:gridio:dataset:badPart", "The variable \"{1}\" is not as it was when the files were joined: {2}."},
     {"Ovard:gridio:dataset:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on

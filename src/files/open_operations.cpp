@@ -4,6 +4,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
+#include "files/opening.h"
 #include "library/guards/blocking_files.h"
 #include "library/guards/emptied_files.h"
 #include "library/guards/endless_addresses.h"
@@ -47,12 +48,8 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToOpen(file, mode), entry);
-    const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
-    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc_open(path.c_str(), mode, &ncid), entry);
-    noteOpenedFile(ncid);
+    checkStatus(openFile(file, mode, ncid), entry);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
 }

@@ -94,6 +94,7 @@ std::vector<Occurrence> everyIdentifier()
                                                  "reason-3"),
         occurrence<dataset::valueOutOfRange>({"72", "value-2", "type-3", "range-4"}, 72L, "value-2",
                                              "type-3", "range-4"),
+        occurrence<dataset::badPart>({"v", "difference-2"}, "v", "difference-2"),
         occurrence<dataset::badArgument>({"bins", "expected-2"}, "bins", "expected-2"),
     };
 }
@@ -101,7 +102,7 @@ std::vector<Occurrence> everyIdentifier()
 TEST(MessageCatalogue, HasATextForEveryIdentifierWithItsArgumentsInOrder)
 {
     const std::vector<Occurrence> occurrences = everyIdentifier();
-    EXPECT_EQ(occurrences.size(), 48u);
+    EXPECT_EQ(occurrences.size(), 49u);
     for (const Occurrence& o : occurrences) {
         const std::string text = messageText(*o.id);
         SCOPED_TRACE(text);

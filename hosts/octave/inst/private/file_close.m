@@ -7,6 +7,9 @@
 
 function file_close (file, isWhole = true)
 
+  if (! isempty (file.many))
+    gridio_native ("closeParts", file.many.owner);
+  endif
   file_finish (file.ncid, file.path, file.mode, isWhole);
 
 endfunction

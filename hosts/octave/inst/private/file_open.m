@@ -7,8 +7,17 @@
 
 function file = file_open (path, varargin)
 
+  if (is_catalogue (path) && (mod (numel (varargin), 2) == 0 || isequal (varargin{1}, "read")))
+    file = catalogue_open (path, varargin{:});
+    return;
+  endif
+  [paths, label] = many_paths (path);
+  if (! isempty (paths))
+    file = many_open (paths, label, varargin{:});
+    return;
+  endif
   if (! ischar (path) || isempty (path) || rows (path) > 1)
-    fail ("notAFile", "the file must be a text, its path or address");
+    fail ("notAFile", "the file must be a text, its path or address, or a cell of paths");
   endif
   mode = "read";
   if (mod (numel (varargin), 2) == 1)
@@ -18,7 +27,7 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror ());
+                 "lastError", lasterror (), "many", []);
   switch (mode)
     case {"read", "write"}
       file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
