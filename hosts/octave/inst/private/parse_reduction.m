@@ -19,7 +19,7 @@ function request = parse_reduction (file, number, given)
       fail ("badCall", "the dimensions to reduce are a name, a cell of names, or \":\" for all; not %s", shown_text (names));
     endif
   endif
-  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", []);
+  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", [], "on", {{}});
   if (isempty (names) || ischar (names))
     request.isReduced(:) = true;
   else
@@ -28,8 +28,11 @@ function request = parse_reduction (file, number, given)
     endfor
   endif
   rest = {};
+  isAtPlace = any (cellfun (@(word) ischar (word) && strcmp (word, "on"), given(1:2:end)));
   for k = 1:2:numel (given)
-    if (ischar (given{k}) && strcmp (given{k}, "weights"))
+    if (isAtPlace && any (strcmp (given{k}, {"on", "folder", "bin", "workers", "tasks", "sbatch"})))
+      request.on(end+1:end+2) = given(k:k+1);
+    elseif (ischar (given{k}) && strcmp (given{k}, "weights"))
       request.weights = given{k+1};
     elseif (ischar (given{k}) && strcmp (given{k}, "by"))
       request.by = given{k+1};
