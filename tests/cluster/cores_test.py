@@ -46,6 +46,13 @@ class Cores(ClusterCase):
         done = run_in(self.folder, self.reduction("cores", "good", "bin", "4"))
         self.assertRegex(done.stderr, r"error: f05.nc: ")
 
+    @unittest.skipUnless(os.geteuid() == 0, "a full disk needs root")
+    def test_keep_no_half_of_a_partial_on_a_full_disk(self):
+        full = ["unshare", "--mount", "sh", "-c", 'mkdir kept && mount -t tmpfs -o size=32k none kept && "$@"; ls kept', "sh"]
+        done = run_in(self.folder, [*full, *self.reduction("cores", "good", "workers", "1", "folder", "kept")])
+        self.assertRegex(done.stderr, r"error: cannot write the \d+ bytes of '.*/kept/partial-\w+': is the disk full\?")
+        self.assertRegex(done.stdout, r"^(partial-\w{32}\n)*$")
+
     def test_are_gone_after_interrupts_and_kills(self):
         for how in (signal.SIGINT, signal.SIGTERM, signal.SIGKILL):
             before = workers()

@@ -42,7 +42,7 @@ double reduced(const std::string& kind, Numbers values, const Numbers& weights, 
     if (kind == "count")
         return static_cast<double>(n);
     if (n == 0)
-        return gap;
+        return kind == "weight" ? 0 : gap;
     long double sum = 0;
     long double total = 0;
     for (std::size_t i = 0; i < n; ++i) {
@@ -63,7 +63,8 @@ double reduced(const std::string& kind, Numbers values, const Numbers& weights, 
         {"var", spread / divisor},
         {"std", std::sqrt(spread / divisor)},
         {"min", *std::min_element(values.begin(), values.end())},
-        {"max", *std::max_element(values.begin(), values.end())}};
+        {"max", *std::max_element(values.begin(), values.end())},
+        {"weight", total}};
     return static_cast<double>(results.at(kind));
 }
 
@@ -239,7 +240,7 @@ TEST_F(Reduce, ReturnsOneResultForEachGroup)
 TEST_F(Reduce, MultipliesTheWeightsOfDimensions)
 {
     const int ncid = openField(true);
-    for (const char* kind : {"mean", "sum", "min", "max", "std", "var", "count"}) {
+    for (const char* kind : {"mean", "sum", "min", "max", "std", "var", "count", "weight"}) {
         for (unsigned which = 0; which < 8; ++which) {
             SCOPED_TRACE(std::string(kind) + " " + std::to_string(which));
             const Task task{kind,

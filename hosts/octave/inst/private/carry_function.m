@@ -41,15 +41,6 @@ endfunction
 ## The interpreter's text of a function lacks some of what was written.
 function check_text (text, name, scope)
 
-  try
-    isSame = strcmp (func2str (str2func (text)), strrep (text, "{}", "{}(0x0)\n")) || strcmp (func2str (str2func (text)), text);
-  catch
-    isSame = false;
-  end_try_catch
-  if (! isSame)
-    fail ("cannotTravel", ["%s: the interpreter does not print this function so that it can be read again; write texts with " ...
-                           "\" rather than ', or make it a function of a file: %s"], name, visible_text (text));
-  endif
   for k = 1:numel (scope.files)
     for literal = regexp (fileread (scope.files{k}), '(?<![\w.])0[xXbB]([0-9a-fA-F]+)', "tokens")
       if (! isempty (regexp (text, ['(?<![\w.])' literal{1}{1} '(?![\w.])'], "once")))
@@ -59,6 +50,15 @@ function check_text (text, name, scope)
       endif
     endfor
   endfor
+  try
+    isSame = strcmp (func2str (str2func (text)), strrep (text, "{}", "{}(0x0)\n")) || strcmp (func2str (str2func (text)), text);
+  catch
+    isSame = false;
+  end_try_catch
+  if (! isSame)
+    fail ("cannotTravel", ["%s: the interpreter does not print this function so that it can be read again; write texts with " ...
+                           "\" rather than ', or make it a function of a file: %s"], name, visible_text (text));
+  endif
 
 endfunction
 
