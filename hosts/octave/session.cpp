@@ -65,13 +65,25 @@ octave_value versions()
     return all;
 }
 
+// Releases before 9 have the inquiry under its older name, and releases after 9 under the newer
+// only.
+template <class Interpreter>
+auto isInitialized(const Interpreter& interpreter, int) -> decltype(interpreter.is_initialized())
+{
+    return interpreter.is_initialized();
+}
+template <class Interpreter> bool isInitialized(const Interpreter& interpreter, long)
+{
+    return interpreter.initialized();
+}
+
 // Whether an error is on its way through the interpreter, and whether the session ends: a
 // destructor of a class learns neither otherwise.
 octave_scalar_map state()
 {
     octave_scalar_map all;
     all.assign("isUnwinding", std::uncaught_exceptions() > 0);
-    all.assign("isExiting", !octave::interpreter::the_interpreter()->initialized());
+    all.assign("isExiting", !isInitialized(*octave::interpreter::the_interpreter(), 0));
     return all;
 }
 
