@@ -60,6 +60,7 @@ octave_value versions()
     all.assign("netcdf", library.netcdf);
     all.assign("netcdf_built_with", library.netcdfBuiltWith);
     all.assign("hdf5", library.hdf5);
+    all.assign("hdf5_libraries", Cell(string_vector(library.hdf5Libraries)));
     all.assign("features", flagStruct(library.features));
     all.assign("filters", flagStruct(library.filters));
     return all;
