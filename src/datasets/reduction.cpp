@@ -16,15 +16,15 @@
 namespace Ovard::gridio {
 namespace {
 
-// Values that are read at once. Chunks are never divided, so they may be more.
+// Values of a slab. It consists of whole chunks, so it may hold more.
 constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
 
-// Values of several results, for medians.
+// Values that medians of several results keep in memory.
 constexpr std::size_t medianElements = (std::size_t{64} << 20) / sizeof(double);
 
 using Visit = std::function<void(const Spans& spans, const double* values)>;
 
-// Reads a block slab by slab. What the library refuses is raised.
+// Reads a block slab by slab. Raises the library's failures.
 void forEachSlab(const ReducedBlock& reduced, Progress& progress, const Visit& visit)
 {
     const auto indices = blockIndices(reduced.variable, reduced.block);
@@ -157,8 +157,8 @@ void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reducti
     fillResults(*accumulator, count, results);
 }
 
-// The slowest dimension that is kept and has no reduced one of several results outside of it is cut
-// to pieces: the results of each lie together.
+// Splits the block along its slowest kept dimension, if all dimensions outside of it have one
+// result each: then the results of a part are adjacent.
 void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
                    const ReductionResults& results)
 {
