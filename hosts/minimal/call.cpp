@@ -4,6 +4,7 @@
 
 #include "vx/error.h"
 #include "vx/interrupt.h"
+#include "vx/progress.h"
 
 #include "hosts/messages/message_catalogue.h"
 
@@ -147,6 +148,8 @@ void vxWarningMsgId(const msgcat::BaseMsgID& id)
 }
 
 bool vxContinue() { return !minimal::wantsInterrupt; }
+
+void vxShowProgress(double) {}
 
 void vxRaiseInterrupt()
 {

@@ -105,6 +105,10 @@ public:
     void interruptQuestion(std::size_t n);
     std::size_t continueQuestions() const { return books_.continueQuestions; }
 
+    // Calls of vxShowProgress, and how many of them said that an operation has ended.
+    std::size_t progressShown() const { return books_.progressShown; }
+    std::size_t operationsEnded() const { return books_.operationsEnded; }
+
     // Resets the records, as if the object were new.
     void reset() { books_.reset(); }
 

@@ -113,6 +113,8 @@ void Ledger::reset()
     breaches.clear();
     unloadRegistrations = 0;
     continueQuestions = interruptedQuestion = 0;
+    progressShown = operationsEnded = 0;
+    lastProgress = 0;
 }
 
 } // namespace standalone

@@ -40,6 +40,10 @@ struct Ledger {
     std::size_t continueQuestions = 0;   // of vxContinue
     std::size_t interruptedQuestion = 0; // the call from which on an interrupt is pending; 0: none
 
+    std::size_t progressShown = 0;   // calls of vxShowProgress
+    std::size_t operationsEnded = 0; // of which it said so
+    double lastProgress = 0;
+
     bool hasHost = false;
 
     const hosts::messages::CallContext* call = nullptr; // the running one

@@ -4,6 +4,7 @@
 #include "check_status.h"
 #include "convert/host_memory.h"
 #include "data/elements/element_types.h"
+#include "datasets/stored_types.h"
 #include "library/guards/generated_attributes.h"
 #include "types/exact_numbers.h"
 
@@ -75,45 +76,6 @@ AttributeNumbers attributeNumbers(const Variable& variable, const char* name)
     if (attribute.length <= mostAttributeNumbers)
         readNumbers(variable, name, *element, attribute);
     return attribute;
-}
-
-std::optional<cf::StoredType> storedTypeOf(nc_type xtype)
-{
-    switch (xtype) {
-    case NC_BYTE:
-        return cf::StoredType::int8;
-    case NC_UBYTE:
-        return cf::StoredType::uint8;
-    case NC_SHORT:
-        return cf::StoredType::int16;
-    case NC_USHORT:
-        return cf::StoredType::uint16;
-    case NC_INT:
-        return cf::StoredType::int32;
-    case NC_UINT:
-        return cf::StoredType::uint32;
-    case NC_INT64:
-        return cf::StoredType::int64;
-    case NC_UINT64:
-        return cf::StoredType::uint64;
-    case NC_FLOAT:
-        return cf::StoredType::float32;
-    case NC_DOUBLE:
-        return cf::StoredType::float64;
-    default:
-        return std::nullopt;
-    }
-}
-
-bool isSignedInteger(cf::StoredType type)
-{
-    return type == cf::StoredType::int8 || type == cf::StoredType::int16 ||
-           type == cf::StoredType::int32 || type == cf::StoredType::int64;
-}
-
-bool isFloating(cf::StoredType type)
-{
-    return type == cf::StoredType::float32 || type == cf::StoredType::float64;
 }
 
 double toDouble(const AttributeNumbers::Number& number)

@@ -7,7 +7,7 @@
 #include "data/elements/block_arguments.h"
 #include "data/elements/shapes.h"
 #include "dataset_error_identifiers.h"
-#include "datasets/attribute_numbers.h"
+#include "datasets/stored_types.h"
 #include "types/value_reading.h"
 #include "types/variable_values.h"
 
@@ -108,7 +108,7 @@ Block readDatasetBlock(const vxArray* const vectors[], Variable& variable)
     if (variable.rank() == 0 &&
         std::all_of(vectors, vectors + 3, [](const vxArray* vector) { return vxIsEmpty(vector); }))
         return wholeBlock(variable);
-    const Block block = readBlockArguments(vectors, 3);
+    Block block = readBlockArguments(vectors, 3);
     requireMatchingLengths(block, variable, Access::read);
     requireInside(block, variable);
     return block;

@@ -4,7 +4,7 @@
 #include "convert/numeric_class.h"
 #include "data/elements/element_types.h"
 #include "dataset_error_identifiers.h"
-#include "datasets/attribute_numbers.h"
+#include "datasets/stored_types.h"
 #include "operation_entry.h"
 #include "types/exact_numbers.h"
 #include "types/type_description.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Times of a file as day numbers, parts and texts of the interpreter, and back.
-#include "any_error_identifiers.h"
 #include "cf/ascii_text.h"
 #include "cf/time_columns.h"
 #include "convert/argument_readers.h"
@@ -8,6 +7,8 @@
 #include "convert/result_builders.h"
 #include "dataset_error_identifiers.h"
 #include "datasets/structure_result.h"
+#include "datasets/time_conversion.h"
+#include "datasets/time_numbers.h"
 #include "operation_entry.h"
 #include "types/exact_numbers.h"
 
@@ -24,104 +25,14 @@ namespace {
     vxErrMsgId(dataset::unreadableTime(kind, cf::inQuotes(text), reason));
 }
 
-cf::LongUnits readLongUnits(const vxArray* a)
-{
-    const std::string word = readText(a, "long units");
-    if (word == "refused")
-        return cf::LongUnits::refused;
-    if (word == "udunits")
-        return cf::LongUnits::udunitsLengths;
-    if (word == "calendar")
-        return cf::LongUnits::calendarSteps;
-    vxErrMsgId(any::unrecognizedWord("long units", word, "refused, udunits, calendar"));
-}
-
 // From the arguments units, calendar and, as the fourth of all, how long units are taken.
 cf::TimeUnits readUnits(const vxArray* args[], int nargs)
 {
-    const std::string text = readText(args[1], "units");
-    const std::string name = readText(args[2], "calendar");
-    const cf::LongUnits longUnits = nargs > 3 ? readLongUnits(args[3]) : cf::LongUnits::refused;
-
-    const auto calendar = cf::parseCalendar(name);
-    if (!calendar)
-        raiseUnreadable("calendar", name, calendar.reason());
-    const auto units = cf::parseTimeUnits(text, *calendar, longUnits);
-    if (!units)
-        raiseUnreadable("units", text, units.reason());
-    return *units;
+    const std::string units = readText(args[1], "units");
+    const std::string calendar = readText(args[2], "calendar");
+    return timeUnitsOf({units, calendar},
+                       nargs > 3 ? readLongUnits(args[3]) : cf::LongUnits::refused);
 }
-
-// Numbers of any class: 64-bit integers as they are, all others as doubles, which hold them.
-class TimeValues {
-public:
-    explicit TimeValues(const vxArray* values, const char* name)
-        : count_(vxGetNumberOfElements(values)),
-          dims_(vxGetDimensions(values), vxGetDimensions(values) + vxGetNumberOfDimensions(values)),
-          rounding_(vxGetClassID(values) == vxSINGLE_CLASS ? cf::Rounding::withinSingle
-                                                           : cf::Rounding::withinDouble)
-    {
-        const bool isNumeric = visitNumericElements(values, [&](const auto* elements) {
-            using Element = std::decay_t<decltype(*elements)>;
-            if constexpr (std::is_integral_v<Element> && sizeof(Element) == 8)
-                addWhole(elements);
-            else
-                doubles_.assign(elements, elements + count_);
-        });
-        if (!isNumeric)
-            vxErrMsgId(dataset::badArgument(name, "numbers, in an array of any numeric class"));
-    }
-
-    std::size_t count() const { return count_; }
-
-    vxArray* createLike() const
-    {
-        return vxCreateUninitNumericArray(dims_.size(), dims_.data(), vxDOUBLE_CLASS, vxREAL);
-    }
-    vxArray* createCellsLike() const { return vxCreateCellArray(dims_.size(), dims_.data()); }
-
-    std::string text(std::size_t i) const
-    {
-        return isWhole_ ? numberText(whole_[i]) : numberText(doubles_[i]);
-    }
-    const std::vector<double>& doubles() const { return doubles_; }
-
-    cf::Misses toDatenum(const cf::TimeUnits& units, double* datenum) const
-    {
-        return isWhole_ ? cf::valuesToDatenum(units, whole_.data(), count_, datenum)
-                        : cf::valuesToDatenum(units, doubles_.data(), count_, rounding_, datenum);
-    }
-    cf::Misses toParts(const cf::TimeUnits& units, double* parts) const
-    {
-        return isWhole_ ? cf::valuesToParts(units, whole_.data(), count_, parts)
-                        : cf::valuesToParts(units, doubles_.data(), count_, rounding_, parts);
-    }
-    cf::Misses toMoments(const cf::TimeUnits& units, cf::Moment* moments) const
-    {
-        return isWhole_ ? cf::valuesToMoments(units, whole_.data(), count_, moments)
-                        : cf::valuesToMoments(units, doubles_.data(), count_, rounding_, moments);
-    }
-
-private:
-    // A uint64 beyond the signed ones is out of range for any units.
-    template <class Integer> void addWhole(const Integer* elements)
-    {
-        isWhole_ = true;
-        constexpr std::uint64_t most = std::numeric_limits<std::int64_t>::max();
-        for (std::size_t i = 0; i < count_; ++i)
-            whole_.push_back(std::is_unsigned_v<Integer> &&
-                                     static_cast<std::uint64_t>(elements[i]) > most
-                                 ? std::numeric_limits<std::int64_t>::max()
-                                 : static_cast<std::int64_t>(elements[i]));
-    }
-
-    std::size_t count_;
-    std::vector<std::size_t> dims_;
-    cf::Rounding rounding_;
-    bool isWhole_ = false;
-    std::vector<std::int64_t> whole_;
-    std::vector<double> doubles_;
-};
 
 // Raises unrepresentableTime for the first element that could not be converted.
 void requireAll(const cf::Misses& misses, const TimeValues& values, const std::string& reason)
@@ -285,6 +196,21 @@ void datenumToTimes(int, vxArray* results[], int nargs, const vxArray* args[],
     const cf::Misses misses = cf::datenumToValues(units, datenum.doubles().data(), datenum.count(),
                                                   numbersOf(results[0]));
     requireAll(misses, datenum, cf::noDatenumReason(units.calendar));
+}
+
+// Between units and calendars of files that are joined.
+void timesToTimes(int, vxArray* results[], int, const vxArray* args[], const OperationEntry*)
+{
+    const TimeValues values(args[0], "values");
+    const TimeScale from{readText(args[1], "units"), readText(args[2], "calendar")};
+    const TimeScale to{readText(args[3], "units"), readText(args[4], "calendar")};
+    const TimeConversion conversion(from, to, readLongUnits(args[5]));
+    if (values.doubles().size() != values.count())
+        vxErrMsgId(dataset::badArgument("values", "times of class double"));
+
+    results[0] = values.createLike();
+    std::copy(values.doubles().begin(), values.doubles().end(), numbersOf(results[0]));
+    conversion.apply(numbersOf(results[0]), values.count());
 }
 
 // A day or more is a period; a text with a time of day names that moment.

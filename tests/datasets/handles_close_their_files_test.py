@@ -75,6 +75,31 @@ def run_octave(script, folder):
                           cwd=folder, env=environment, capture_output=True, text=True, timeout=300, check=False)
 
 
+# Forked processes read, and leave the files to the one that opened them.
+FORKED = """
+out = gridio_dataset ("f.nc", "replace");
+out.put ("v", [4 5 6], "x");
+%s
+assert (values, [1 2 3]);
+out.put ("w", 7);
+clear out
+assert (gridio_read ("f.nc", "v"), [4; 5; 6]);
+assert (gridio_read ("f.nc", "w"), 7);
+say_open ();
+"""
+IN_CHILDREN = """
+values = zeros (1, 3);
+for k = 1:3
+  pid = fork ();
+  if (pid == 0)
+    exit (ds.v(k));
+  end
+  [~, status] = waitpid (pid);
+  values(k) = WEXITSTATUS (status);
+end
+"""
+
+
 class Handles(unittest.TestCase):
     def test_close_their_file_with_the_last(self):
         for name, script, wanted in HOLDERS:
@@ -90,6 +115,21 @@ class Handles(unittest.TestCase):
                 self.assertEqual(found, wanted, done.stdout + done.stderr)
                 if "clear gridio" not in name and name != "clear all":
                     self.assertEqual(done.stderr, "")
+
+    def test_are_left_alone_by_forked_processes(self):
+        with tempfile.TemporaryDirectory() as folder:
+            done = run_octave(OPEN + FORKED % IN_CHILDREN, folder)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "1 ", ""))
+
+    def test_serve_parcellfun(self):
+        with tempfile.TemporaryDirectory() as folder:
+            if run_octave("pkg load parallel", folder).returncode != 0:
+                self.skipTest("the package parallel is not installed")
+            # It saves the function for its processes, and objects cannot be saved.
+            done = run_octave('pkg load parallel\n' + OPEN +
+                              'x = parcellfun (2, @(k) gridio_dataset ("f.nc").v(k), {1, 2, 3}, "VerboseLevel", 0);\n'
+                              'assert (x, [1 2 3]); assert (ds.v(2), 2); say_open ();', folder)
+            self.assertEqual((done.returncode, done.stdout), (0, "1 "), done.stderr)
 
     def test_end_with_the_session(self):
         for name, script, status in ENDINGS:

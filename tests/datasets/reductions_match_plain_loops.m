@@ -54,6 +54,9 @@ check ("without dimensions all are reduced", is_near (v.mean (), mean (f(! isnan
 check ("of a selection", is_near (v.max ("time", "lat", [0 50]), max (f(:, 3:4, :), [], 3)));
 check ("of a selection of what is reduced", is_near (v.sum ("lat", "lat", [0 50], "lon", {90, 0}), ...
        sum_of_lat (f([3 1], 3:4, :))));
+check ("of positions", is_near (v.max ("time", "index", "lat", 2:3), max (f(:, 2:3, :), [], 3)));
+check ("of positions, over all dimensions", is_near (v.max ("index", "time", 2), max (f(:, :, 2)(:)))
+       && is_near (v.max ("lat", [0 50], "index", "time", 2), max (f(:, 3:4, 2)(:))));
 
 [x, at] = v.max ({"lat", "lon"}, "lon", [-100 50]);
 check ("of a selection over the seam", is_near (x, max (max (f([7 8 1 2], :, :), [], 2), [], 1)));

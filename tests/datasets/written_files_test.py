@@ -5,12 +5,15 @@ import os
 import pathlib
 import re
 import subprocess
-import tempfile
+import sys
 import unittest
 
 import netCDF4
 import numpy
 import xarray
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent / "support"))
+from written_files import Written, cf_faults, octave  # noqa: E402
 
 FIELD = """
 lon = 0:5:355;  lat = -90:10:90;  t = datenum (2013, 1, 1:3);
@@ -23,63 +26,6 @@ out.put ("sst", sst, {"lon", "lat", "time"}, "units", "degC", "standard_name", "
          "scale_factor", 0.01, "_Type", "short", "_DeflateLevel", 1);
 clear out
 """
-
-
-def octave(folder, script):
-    """What the script prints, with warnings and errors among it."""
-    pathlib.Path(folder, "script.m").write_text("1;\n" + script)
-    command = [os.environ["OCTAVE_CLI"], "--norc", "--quiet", "--path", os.environ["GRIDIO_INST_DIR"],
-               "--path", os.environ["GRIDIO_OCT_DIR"], "script.m"]
-    environment = dict(os.environ, OCTAVE_HISTFILE=os.devnull, TMPDIR=folder, HOME=folder)
-    done = subprocess.run(command, cwd=folder, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
-    return done.returncode, done.stdout
-
-
-def cf_faults(path):
-    """Breaches of rules of the CF conventions that every file of ours has to keep."""
-    faults = []
-    with netCDF4.Dataset(path) as file:
-        file.set_auto_maskandscale(False)
-        if not re.fullmatch(r"CF-1\.\d+", file.Conventions):
-            faults.append("Conventions")
-        for name, variable in file.variables.items():
-            attributes = {a: variable.getncattr(a) for a in variable.ncattrs()}
-            if not re.fullmatch(r"[A-Za-z]\w*", name):
-                faults.append(f"{name}: name")
-            if variable.dimensions == (name,) and variable.dtype is not str and variable.dtype.kind in "iuf":
-                values = variable[:].astype(float)
-                steps = numpy.sign(numpy.diff(values))
-                if "_FillValue" in attributes or not numpy.isfinite(values).all() or not (steps == steps[:1]).all() or 0 in steps:
-                    faults.append(f"{name}: coordinate variable")
-            for limit in ("_FillValue", "missing_value", "valid_min", "valid_max", "valid_range", "flag_values", "flag_masks"):
-                if limit in attributes and numpy.asarray(attributes[limit]).dtype != variable.dtype:
-                    faults.append(f"{name}: type of {limit}")
-            for factor in ("scale_factor", "add_offset"):
-                if factor in attributes and numpy.asarray(attributes[factor]).dtype.kind != "f":
-                    faults.append(f"{name}: type of {factor}")
-            if " since " in attributes.get("units", "") and "calendar" not in attributes:
-                faults.append(f"{name}: calendar")
-            if variable.dtype is not str and variable.dtype.kind == "f" and variable.dimensions and not numpy.isfinite(variable[:]).all():
-                faults.append(f"{name}: NaN beside the fill value")
-    return faults
-
-
-class Written(unittest.TestCase):
-    def setUp(self):
-        scratch = tempfile.TemporaryDirectory()
-        self.addCleanup(scratch.cleanup)
-        self.folder = scratch.name
-
-    def path(self, name):
-        return os.path.join(self.folder, name)
-
-    def run_script(self, script):
-        status, said = octave(self.folder, script)
-        self.assertEqual(status, 0, said)
-        return said
-
-    def ncdump(self, name, *options):
-        return subprocess.run([os.environ["NCDUMP"], *options, self.path(name)], capture_output=True, text=True, check=True).stdout
 
 
 class Put(Written):
@@ -150,28 +96,6 @@ out.v(2) = 2;
                 self.assertEqual(file["v"][:].tolist(), [1, 2, 3, 4])
                 self.assertEqual(file["time"][:].tolist(), [0, 744, 1416, 2160])
 
-    def test_writes_times_in_every_calendar(self):
-        calendars = ("standard", "proleptic_gregorian", "julian", "noleap", "all_leap", "360_day")
-        units = ("days since 1970-01-01", "hours since 1999-12-30 12:00", "seconds since 2000-01-01T00:00:00")
-        puts = [f'out.put ("t{c}{u}", datenum (2013, [1 3 12], [5 1 30], [0 6 23], [0 30 59], 0), "t{c}{u}", '
-                f'"units", "{units[u]}", "calendar", "{calendars[c]}");' for c in range(6) for u in range(3)]
-        self.run_script('out = gridio_dataset ("times.nc", "new");\n' + "\n".join(puts))
-        with netCDF4.Dataset(self.path("times.nc")) as file:
-            for variable in file.variables.values():
-                dates = netCDF4.num2date(variable[:], variable.units, variable.calendar)
-                self.assertEqual([date.strftime("%Y-%m-%d %H:%M:%S") for date in dates],
-                                 ["2013-01-05 00:00:00", "2013-03-01 06:30:00", "2013-12-30 23:59:00"], variable)
-
-    def test_converts_bounds_like_their_parent(self):
-        self.run_script("""
-out = gridio_dataset ("bounds.nc", "new");
-out.put ("time", datenum (2013, 1:2, 16), "time", "units", "days since 2013-01-01", "bounds", "time_bnds");
-out.put ("time_bnds", datenum (2013, [1 2; 2 3], 1), {"nv", "time"});
-""")
-        with netCDF4.Dataset(self.path("bounds.nc")) as file:
-            self.assertEqual(file["time_bnds"][:].tolist(), [[0, 31], [31, 59]])
-            self.assertEqual(file["time_bnds"].ncattrs(), [])
-
     def test_chooses_chunks_that_suit(self):
         self.run_script("""
 out = gridio_dataset ("chunks.nc", "new");
@@ -214,6 +138,8 @@ class Refused(Written):
         ('out.put ("z", 1, {}, "scale_factor", "0.1")', "badAttribute", "scale_factor"),
         ('out.put ("z", 1, {}, "scale_factor", 0)', "badAttribute", "scale_factor"),
         ('out.put ("z", 1, {}, "_Format", "classic")', "badSetting", "netCDF-4"),
+        ('out.put ("z", 1:3, {})', "badDimensions", "need names"),
+        ('out.put ("z", 1, {}, "_DeflatLevel", 1)', "unknownSetting", "did you mean _DeflateLevel"),
         ('out.put ("z", datenum (2013, 2, 29.5) * [1 1], "z2", "units", "days since 2000-01-01", "_Type", "int")', "doNotFit", "int"),
         ('out.append ("sst", ones (72, 19))', "coordinateIsMissing", "'time'"),
         ('out.append ("time", t(1), "sst", ones (72, 18))', "shapeDoesNotFit", "72x19"),

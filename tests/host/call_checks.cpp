@@ -4,6 +4,7 @@
 
 #include "vx/interrupt.h"
 #include "vx/plug.h"
+#include "vx/progress.h"
 
 #include <cstdio>
 #include <limits>
@@ -86,6 +87,12 @@ void goOn(Check& check)
         check.expect(vxContinue(), "vxContinue without an interrupt");
 }
 
+void showProgress(Check&)
+{
+    for (const double done : {0.0, 0.5, 1.0, -1.0, 0.25, -1.0, -1.0})
+        vxShowProgress(done);
+}
+
 // Printed rather than noted: no call follows in which it could be reported.
 void endOfModule()
 {
@@ -120,6 +127,7 @@ std::vector<CheckEntry> callChecks()
         {"ErrorsMayBeCaughtByTheModule", 1, "returns", caught},
         {"WarningsReturn", 1, "warns", warn},
         {"CallsContinueWithoutAnInterrupt", 1, "returns", goOn},
+        {"CallsShowTheirProgress", 1, "returns", showProgress},
         {"ExitsRunTheLastHandler", 1, "returns", atExit},
         {"CallsPassInterrupts", 2, "interrupt", interrupt},
     };

@@ -6,11 +6,11 @@ More variables with DECODED_VARIABLES; another seed with DECODED_SEED.
 import os
 import pathlib
 import random
-import subprocess
 import tempfile
 import unittest
 import warnings
 
+import interpreter
 import netCDF4
 import numpy
 
@@ -19,7 +19,6 @@ COUNT = int(os.environ.get("DECODED_VARIABLES", "400"))
 SEED = int(os.environ.get("DECODED_SEED", "13"))
 LENGTH = 60
 SCRIPT = r"""
-addpath (getenv ("GRIDIO_OCT_DIR"));
 ncid = gridio ("open", "made.nc", "nowrite");
 d = gridio_native ("describe", ncid);
 f = fopen ("decoded.bin", "w");
@@ -110,8 +109,7 @@ class Decoding(unittest.TestCase):
             path = pathlib.Path(folder, "made.nc")
             made = make(path, random.Random(SEED))
             pathlib.Path(folder, "script.m").write_text(SCRIPT)
-            subprocess.run([os.environ["OCTAVE_CLI"], "--norc", "--quiet", "script.m"], cwd=folder, check=True,
-                           env=dict(os.environ, OCTAVE_HISTFILE=os.devnull))
+            interpreter.output_of("script.m", cwd=folder)
             ours = numpy.fromfile(pathlib.Path(folder, "decoded.bin")).reshape(COUNT, LENGTH)
             with netCDF4.Dataset(path) as file:
                 decoded = [by_the_binding(file[f"v{number}"]) for number in range(COUNT)]

@@ -46,7 +46,8 @@ classdef gridio_variable < handle
   ## for each is the nearest point on the sphere, and a range for each a box: the smallest block around it, whose other values
   ## are NaN.  Numbers for times are day numbers as of @code{datenum}, in other calendars as stored.
   ## @item mean, sum, min, max, std, var, count, median (@var{dimensions}, @dots{})
-  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs.  The second result has the
+  ## Over a dimension, a cell of several, or all, without missing values; the file is read in slabs, and in an interactive session
+  ## the terminal shows how far long work is.  The second result has the
   ## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
   ## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
   ## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
@@ -65,7 +66,7 @@ classdef gridio_variable < handle
   ## The same variable without decoding.
   ## @end table
   ##
-  ## @code{numel} of a variable is 1; @code{size} and @code{ndims} are those of its values.  An access costs some calls of
+  ## @code{numel} of a variable is 1; @code{size}, @code{length} and @code{ndims} are those of its values.  An access costs some calls of
   ## functions: read a block, and loop over that.
   ##
   ## @seealso{gridio_dataset, gridio_read, gridio_plot}
@@ -82,7 +83,7 @@ classdef gridio_variable < handle
 
     function self = gridio_variable (dataset, number, mask = 255)
       if (nargin < 2)
-        print_usage ();
+        fail ("badCall", "a variable is made by its dataset: ds.NAME");
       endif
       self.dataset_ = owner (dataset);
       file = content (self.dataset_);
@@ -114,6 +115,11 @@ classdef gridio_variable < handle
       lengths = lengths(1:max (2, numel (lengths) - 2));
       varargout = cell (1, max (nargout, 1));
       [varargout{:}] = sizes (lengths, varargin{:});
+    endfunction
+
+    function longest = length (self)
+      lengths = size (self);
+      longest = max (lengths) * all (lengths);
     endfunction
 
     function count = ndims (self)
@@ -168,19 +174,23 @@ classdef gridio_variable < handle
 
     function varargout = plot (self, varargin)
       varargout = cell (1, nargout);
-      [varargout{:}] = gridio_plot (self, varargin{:});
+      if (nargin > 1 && (isnumeric (varargin{1}) || isa (varargin{1}, "gridio_variable")))
+        [varargout{:}] = plot (plain_values ({self, varargin{:}}){:}); # as plot (X, Y) of arrays
+      else
+        [varargout{:}] = gridio_plot (self, varargin{:});
+      endif
     endfunction
 
     function saved = saveobj (~)
-      fail ("notSavable", "a variable of a file cannot be saved; save the values that are read from it");
+      refuse ("saved");
     endfunction
 
     function joined = horzcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:), w(:)]");
+      refuse ("joined");
     endfunction
 
     function joined = vertcat (varargin)
-      fail ("notJoinable", "variables of files cannot be concatenated; their values can: [v(:); w(:)]");
+      refuse ("joined");
     endfunction
 
   endmethods
@@ -215,5 +225,25 @@ endclassdef
 %!   assert (mean (ds.t, "x"), 2);
 %! unwind_protect_cleanup
 %!   clear ds
+%!   delete (path);
+%! end_unwind_protect
+
+%!test
+%! ## As arguments of plot and length, variables are their values.
+%! path = [tempname() ".nc"];
+%! fig = figure ("visible", "off");
+%! unwind_protect
+%!   gridio_write (path, "x", [1 2 4], "x");
+%!   gridio_write (path, "t", [5 6 7], "x");
+%!   ds = gridio_dataset (path);
+%!   assert (length (ds.t), 3);
+%!   line = plot (ds.x, ds.t);
+%!   assert (get (line, "xdata"), [1 2 4]);
+%!   assert (get (line, "ydata"), [5 6 7]);
+%!   line = plot (ds.x, reshape ([1 0 1], 1, 1, 3));
+%!   assert (get (line, "ydata"), [1 0 1]);
+%! unwind_protect_cleanup
+%!   clear ds
+%!   close (fig);
 %!   delete (path);
 %! end_unwind_protect

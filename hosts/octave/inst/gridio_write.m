@@ -21,7 +21,9 @@
 ## NaN is written as the fill value.  With @code{scale_factor} or @code{add_offset} the values are packed, as
 ## @qcode{"short"} if no other type is given.  If the units are those of time, such as @qcode{"days since 2000-01-01"}, the
 ## values are day numbers, as @code{datenum} gives them, and are written in these units and the calendar of the attribute
-## @code{calendar}.  Values that cannot be stored are an error, and then nothing is written.
+## @code{calendar}.  In calendars other than @qcode{"standard"}, @qcode{"gregorian"} and @qcode{"proleptic_gregorian"}, which have
+## no day numbers, they are numbers in these units, as they are read.  Texts, in a cell array, are dates in every calendar.
+## Values that cannot be stored are an error, and then nothing is written.
 ##
 ## These attributes say how the variable is stored, and are not written as such:
 ##
@@ -91,7 +93,7 @@ function close_after (failure, ncid, file)
   if (! isempty (file))
     unlink (file);
   endif
-  rethrow (failure);
+  raise (failure.identifier, failure.message);
 
 endfunction
 

@@ -14,8 +14,9 @@ function at = coordinates_at (file, number, plan)
   numbers = unique ([numbers(ranks < 3 | serves(d, numbers, ranks)), plan.used], "stable");
   at = struct ();
   about = axis_about (file, numbers);
-  for k = numbers
-    at.(d.variables.name{k}) = values_at (file, k, shape, plan);
+  for n = 1:numel (numbers)
+    [at.(d.variables.name{numbers(n)}), isStored] = values_at (file, numbers(n), shape, plan);
+    about(n).isDatenum &= ! isStored;
   endfor
   for place = 1:numel (shape.dimensions)
     name = d.dimensions.name{shape.dimensions(place)};
@@ -48,7 +49,8 @@ function yes = serves (d, numbers, ranks)
 
 endfunction
 
-function values = values_at (file, k, shape, plan)
+## Times that have no day numbers, as those before 1582-10-15 in calendar standard, are numbers as stored.
+function [values, isStored] = values_at (file, k, shape, plan)
 
   held = find (plan.coordinates == k, 1, "last");
   mine = variable_shape (file, k).dimensions;
@@ -56,8 +58,9 @@ function values = values_at (file, k, shape, plan)
   for n = 1:numel (mine)
     lists{n} = plan.lists{shape.dimensions == mine(n)};
   endfor
+  isStored = false;
   if (isempty (held))
-    values = read_block (file, k, lists);
+    [values, isStored] = read_times_or_stored (file, k, lists);
     if (isnumeric (values) && ! isempty (file.d.variables.attributes{k}))
       attributes = file.d.variables.attributes{k};
       values = in_degrees (values, axis_role (attributes, file.d.variables.name{k}), attribute_text (attributes, "units"));
@@ -66,6 +69,22 @@ function values = values_at (file, k, shape, plan)
     values = plan.values{held};
     values = values(lists{:}, 1);
   endif
+
+endfunction
+
+function [values, isStored] = read_times_or_stored (file, k, lists)
+
+  isStored = false;
+  try
+    values = read_block (file, k, lists);
+  catch failure
+    isStored = ! isempty (regexp (failure.identifier, ':(unrepresentableTime|unreadableTime)$', "once"));
+    if (! isStored)
+      rethrow (failure);
+    endif
+    file.flags = bitand (file.flags, 63);
+    values = read_block (file, k, lists);
+  end_try_catch
 
 endfunction
 

@@ -9,10 +9,6 @@ function dataset_append (self, varargin)
 
   [file, group] = content (self);
   writable (file);
-  unwind_protect
-    append_records (file.d.groups.ncid(group), varargin{:});
-  unwind_protect_cleanup
-    refresh (self);
-  end_unwind_protect
+  change_file (self, @append_records, file.d.groups.ncid(group), varargin{:});
 
 endfunction

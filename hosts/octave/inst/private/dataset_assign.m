@@ -29,7 +29,6 @@ function dataset_assign (self, way, value)
           shown_text (name));
   endif
   writable (file);
-  assign_attribute (file.d.groups.ncid(group), -1, name, value);
-  refresh (self);
+  change_file (self, @assign_attribute, file.d.groups.ncid(group), -1, name, value);
 
 endfunction

@@ -7,6 +7,9 @@
 
 function variable = dataset_find (self, varargin)
 
+  if (numel (varargin) < 2)
+    fail ("badCall", "find takes the name of an attribute and its value: find (\"standard_name\", \"air_temperature\")");
+  endif
   [file, group] = content (self);
   [numbers, names] = variables_with (file.d, group, varargin{:});
   asked = strjoin (cellfun (@shown_text, varargin, "UniformOutput", false), " ");
@@ -23,12 +26,12 @@ endfunction
 function unknown_value (d, group, varargin)
 
   asked = varargin{end};
-  if (numel (varargin) < 3)
-    fail ("badCall", "find takes the name of an attribute and its value");
-  endif
   [numbers, ~] = variables_with (d, group);
   values = cellfun (@(a) attribute_text (a, varargin{1}), d.variables.attributes(numbers), "UniformOutput", false);
   values = unique (values(! cellfun (@isempty, values)));
+  if (isempty (values))
+    fail ("unknownName", "no variable has the attribute '%s'", visible_text (varargin{1}));
+  endif
   unknown_name ("unknownName", sprintf ("variable with %s", visible_text (varargin{1})), varargin{2}, values);
 
 endfunction

@@ -12,10 +12,6 @@ function dataset_put (self, name, values, varargin)
   endif
   [file, group] = content (self);
   writable (file);
-  unwind_protect
-    put_variable (file.d.groups.ncid(group), name, values, varargin{:});
-  unwind_protect_cleanup
-    refresh (self);
-  end_unwind_protect
+  change_file (self, @put_variable, file.d.groups.ncid(group), name, values, varargin{:});
 
 endfunction

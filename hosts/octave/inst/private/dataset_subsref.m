@@ -10,7 +10,7 @@ function values = dataset_subsref (self, way, count)
   name = way(1).subs;
   switch (way(1).type)
     case "."
-      [method, most] = dataset_method (name);
+      [method, most] = method_of ("dataset", name);
       if (! isempty (method))
         values = call_method (method, self, way, count, most);
       else

@@ -13,7 +13,16 @@ function x = decoded_times (file, number, x)
   endif
   [units, calendar] = time_of (file, number);
   if (! isempty (units) && has_datenum (calendar))
-    x = convert_times ("timesToDatenum", double (x), units, calendar);
+    try
+      x = convert_times ("timesToDatenum", double (x), units, calendar);
+    catch failure
+      path = visible_text (file.d.variables.path{number});
+      cure = sprintf ("ds(\"%s\").raw(:)", path);
+      if (! isempty (strfind (failure.identifier, "unrepresentableTime")))
+        cure = sprintf ("%s; its dates: ds(\"%s\").text ()", cure, path);
+      endif
+      error (failure.identifier, "variable '%s': %s\nIts numbers as stored: %s", path, failure.message, cure);
+    end_try_catch
   endif
 
 endfunction

@@ -13,12 +13,12 @@ function times = encode_times (values, encoding)
       values = cellstr (values);
       times = cellfun (@(text) moment (text, encoding), values);
     elseif (! has_datenum (lower (encoding.calendar)))
-      times = reshape (of_parts (values(:), encoding), size (values));
+      times = double (values); # as they are read
     else
       times = reshape (gridio_native ("datenumToTimes", values(:), encoding.units, encoding.calendar), size (values));
     endif
   catch failure
-    error (failure.identifier, "the times of '%s': %s", shown_text (encoding.name), failure.message);
+    raise (failure.identifier, sprintf ("the times of '%s': %s", shown_text (encoding.name), failure.message));
   end_try_catch
 
 endfunction
@@ -27,16 +27,5 @@ endfunction
 function time = moment (text, encoding)
 
   time = gridio_native ("periodToTimes", text, encoding.units, encoding.calendar)(1);
-
-endfunction
-
-## In a calendar without day numbers, the dates count: the 1st of March stays the 1st of March.
-function times = of_parts (values, encoding)
-
-  times = NaN (size (values));
-  isKnown = isfinite (values);
-  parts = datevec (values(isKnown));
-  parts(:,6) = round (parts(:,6) * 1000) / 1000;
-  times(isKnown) = gridio_native ("partsToTimes", parts, encoding.units, encoding.calendar);
 
 endfunction

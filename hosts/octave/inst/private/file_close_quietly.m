@@ -8,9 +8,14 @@
 
 function file_close_quietly (file, isExiting)
 
+  if (file.process != 0 && file.process != getpid ())
+    return; # a copy in a forked process, such as one of parcellfun's; the file is its parent's
+  endif
   try
     if (file.session == gridio_native ("session"))
       file_close (file, is_whole (file, isExiting));
+    elseif (strcmp (file.mode, "replace"))
+      warn_not_replaced (file, "gridio was cleared before it was closed");
     endif
   catch failure
     warning (failure.identifier, "%s", failure.message);
@@ -19,7 +24,8 @@ function file_close_quietly (file, isExiting)
 endfunction
 
 ## Whether a file that replaces another is as it was to be: no error is why it is closed.  At the end of the session an
-## error since the file was last written to counts, too: it may be why the session ends.
+## error since the file was last written to counts, too: it may be why the session ends.  An interrupt of a script is not seen
+## here: the interpreter keeps no trace of it.
 function isWhole = is_whole (file, isExiting)
 
   isWhole = true;

@@ -4,7 +4,7 @@
 ## @deftypefn  {} {@var{ncid} =} file_create (@var{path}, @var{mode})
 ## @deftypefnx {} {@var{ncid} =} file_create (@var{path}, @var{mode}, @var{format})
 ## Undocumented internal function: create a file.  With @var{mode} @qcode{"replace"} it is created beside the file that it
-## is to replace; @code{file_finish} renames it.
+## is to replace; @code{file_close} renames it.
 ## @end deftypefn
 
 function ncid = file_create (path, mode, format = "netCDF-4")

@@ -82,7 +82,13 @@ function starts = starts_of (by, labels, axis, file)
   endswitch
   starts = convert_times ("partsToTimes", [parts, hours, zeros(rows (labels), 2)], axis.units, axis.calendar);
   if (has_datenum (axis.calendar) && bitand (file.flags, 64))
-    starts = convert_times ("timesToDatenum", double (starts), axis.units, axis.calendar);
+    try
+      starts = convert_times ("timesToDatenum", double (starts), axis.units, axis.calendar);
+    catch failure
+      if (isempty (strfind (failure.identifier, "unrepresentableTime")))
+        rethrow (failure);
+      endif
+    end_try_catch
   endif
 
 endfunction

@@ -10,7 +10,7 @@ function request = parse_reduction (file, number, given)
 
   shape = variable_shape (file, number);
   names = {};
-  if (mod (numel (given), 2) == 1)
+  if (begins_with_dimensions (given))
     names = given{1};
     given(1) = [];
     if (ischar (names) && ! strcmp (names, ":"))
@@ -19,7 +19,7 @@ function request = parse_reduction (file, number, given)
       fail ("badCall", "the dimensions to reduce are a name, a cell of names, or \":\" for all; not %s", shown_text (names));
     endif
   endif
-  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", []);
+  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", [], "on", {{}});
   if (isempty (names) || ischar (names))
     request.isReduced(:) = true;
   else
@@ -27,17 +27,41 @@ function request = parse_reduction (file, number, given)
       request.isReduced(places_of (file, number, shape, name{1})) = true;
     endfor
   endif
-  rest = {};
-  for k = 1:2:numel (given)
-    if (ischar (given{k}) && strcmp (given{k}, "weights"))
-      request.weights = given{k+1};
-    elseif (ischar (given{k}) && strcmp (given{k}, "by"))
-      request.by = given{k+1};
+  ofPlaces = {"on", "folder", "bin", "workers", "tasks", "sbatch"};
+  isAtPlace = any (cellfun (@(word) is_word (word, "on"), given));
+  k = 1;
+  while (k < numel (given))
+    if (ischar (given{k}) && any (strcmp (given{k}, {"weights", "by"})))
+      request.(given{k}) = given{k+1};
+      given(k:k+1) = [];
+    elseif (isAtPlace && ischar (given{k}) && any (strcmp (given{k}, ofPlaces)))
+      request.on(end+1:end+2) = given(k:k+1);
+      given(k:k+1) = [];
     else
-      rest(end+1:end+2) = given(k:k+1);
+      k += 2 + is_word (given{k}, "index");
     endif
-  endfor
-  request.selection = parse_selection (rest);
+  endwhile
+  request.selection = parse_selection (given);
+
+endfunction
+
+## Whether the first argument is not the first of the pairs of names and values, some of them with "index" ahead.
+function yes = begins_with_dimensions (given)
+
+  yes = ! isempty (given) && ! is_word (given{1}, "index");
+  if (yes)
+    k = 2;
+    while (k <= numel (given) && ischar (given{k}))
+      k += 2 + is_word (given{k}, "index");
+    endwhile
+    yes = k == numel (given) + 1;
+  endif
+
+endfunction
+
+function yes = is_word (value, word)
+
+  yes = ischar (value) && strcmp (value, word);
 
 endfunction
 

@@ -16,10 +16,18 @@ function x = read_block (file, number, lists)
   if (shape.isText)
     lists = [{":"}, lists];
   endif
-  x = fetch (ncid, varid, lengths, lists, bitand (file.flags, 63), ...
-             strcmp (d.variables.kind{number}, "opaque"));
+  isOpaque = strcmp (d.variables.kind{number}, "opaque");
+  place = joined_place (file, number);
+  if (place > 0)
+    x = read_joined (file, number, place, lengths, lists, isOpaque);
+  else
+    x = fetch ({"read", ncid, varid}, lengths, lists, bitand (file.flags, 63), isOpaque);
+  endif
+  warn_once (file, number);
   if (shape.isText)
     x = texts_of (x, lengths(1), counts);
+  elseif (ischar (x) && strcmp (d.variables.kind{number}, "string") && ! isempty (lengths))
+    x = {x}; # also one of them is in a cell
   elseif (isnumeric (x))
     x = decoded_times (file, number, x);
   endif

@@ -2,7 +2,7 @@
 
 ## -*- texinfo -*-
 ## @deftypefn {} {@var{text} =} readable_text (@var{text})
-## Undocumented internal function: a text of a file as UTF-8; bytes that are none are taken for letters of ISO 8859-1.
+## Undocumented internal function: a text of a file as UTF-8; bytes that are not UTF-8 are read as ISO 8859-1.
 ## @end deftypefn
 
 function text = readable_text (text)

@@ -28,7 +28,7 @@ endfunction
 
 function words = format_words (file)
 
-  words = file.d.format;
+  words = [file.d.format many_words(file)];
   if (! strcmp (file.mode, "read"))
     words = [words ", open for writing"];
   endif
@@ -117,7 +117,7 @@ endfunction
 function words = member_words (name)
 
   words = visible_text (name);
-  if (! isempty (dataset_method (name)) || ! isvarname (name))
+  if (! isempty (method_of ("dataset", name)) || ! isvarname (name))
     words = sprintf ("(\"%s\")", words);
   endif
 

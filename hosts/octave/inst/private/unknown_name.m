@@ -14,9 +14,9 @@ function unknown_name (kind, what, name, names, where = "")
     message = sprintf ("%s; did you mean %s?", message, strjoin (near(:)', " or "));
   endif
   if (isempty (names))
-    message = sprintf ("%s\nThere is none at all.", message);
+    message = sprintf ("%s\nThere is nothing of that kind.", message);
   else
-    message = sprintf ("%s\nThere is: %s", message, listed_names (names));
+    message = sprintf ("%s\nThere %s: %s", message, merge (numel (names) == 1, "is", "are"), listed_names (names));
   endif
   fail (kind, "%s", message);
 

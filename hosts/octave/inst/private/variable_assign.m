@@ -18,14 +18,10 @@ function variable_assign (self, way, value)
   if (numel (way) != 1 || strcmp (way(1).type, "{}"))
     fail ("badName", "values are assigned as in ds.sst(:,:,1) = x, and attributes as in ds.sst.units = \"K\"");
   endif
-  unwind_protect
-    if (strcmp (way(1).type, "."))
-      assign_attribute (ncid, varid, way(1).subs, value);
-    else
-      assign_block (ncid, varid, way(1).subs, value, file.flags != 0);
-    endif
-  unwind_protect_cleanup
-    refresh (dataset);
-  end_unwind_protect
+  if (strcmp (way(1).type, "."))
+    change_file (dataset, @assign_attribute, ncid, varid, way(1).subs, value);
+  else
+    change_file (dataset, @assign_block, ncid, varid, way(1).subs, value, file.flags != 0);
+  endif
 
 endfunction

@@ -12,7 +12,7 @@ function values = variable_subsref (self, way, count)
       [file, number] = inside (self);
       values = follow (read_positions (file, number, way(1).subs), way(2:end), count);
     case "."
-      [method, most] = variable_method (way(1).subs);
+      [method, most] = method_of ("variable", way(1).subs);
       if (! isempty (method))
         values = call_method (method, self, way, count, most);
       elseif (strcmp (way(1).subs, "raw"))
