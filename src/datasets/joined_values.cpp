@@ -10,6 +10,7 @@
 #include <netcdf.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Ovard::gridio {
 namespace {
@@ -103,6 +104,9 @@ JoinedParts::JoinedParts(const vxArray* a)
     if (lengths.size() != count || isUsed.size() != count ||
         (!units.empty() && units.size() != count) || calendars.size() != units.size())
         vxErrMsgId(dataset::badArgument("parts", "a structure of lists of one length"));
+    for (const double length : lengths)
+        if (!(length >= 0 && length <= 1e15) || std::trunc(length) != length)
+            vxErrMsgId(dataset::badArgument("lengths", "whole numbers"));
 }
 
 void JoinedSource::forEachSlab(const Block& block, const Visit& visit)

@@ -20,7 +20,7 @@ Reduction readKind(const vxArray* a)
     constexpr std::pair<const char*, Reduction> kinds[] = {
         {"mean", Reduction::mean},   {"sum", Reduction::sum},       {"min", Reduction::minimum},
         {"max", Reduction::maximum}, {"std", Reduction::deviation}, {"var", Reduction::variance},
-        {"count", Reduction::count}, {"median", Reduction::median}};
+        {"count", Reduction::count}, {"median", Reduction::median}, {"weight", Reduction::weight}};
     const std::string word = readText(a, "kind");
     for (const auto& [name, kind] : kinds)
         if (word == name)

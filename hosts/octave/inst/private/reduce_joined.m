@@ -1,11 +1,12 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {@var{x} =} reduce_joined (@var{file}, @var{number}, @var{place}, @var{kind}, @var{start}, @var{count}, @dots{})
+## @deftypefn {} {[@var{x}, @var{counts}] =} reduce_joined (@var{file}, @var{number}, @var{place}, @var{kind}, @var{start}, @var{count}, @dots{})
 ## Undocumented internal function: reduce a block of a variable whose files are joined.  One file after the other is read.
+## @var{counts} has how many values each result has, or the sum of their weights.
 ## @end deftypefn
 
-function x = reduce_joined (file, number, place, kind, start, count, isReduced, bins, weights)
+function [x, counts] = reduce_joined (file, number, place, kind, start, count, isReduced, bins, weights)
 
   many = file.many;
   if (many.isNew && number == many.coordinate)
@@ -22,7 +23,7 @@ function x = reduce_joined (file, number, place, kind, start, count, isReduced, 
     parts.isUsed(lookup (many.offsets(which) - many.offsets(which(1)), used - 1)) = 1;
   endif
   do
-    [x, ~, failed, reason] = gridio_native ("reduceParts", kind, parts, start, count, bitand (file.flags, 63), isReduced, ...
+    [x, counts, failed, reason] = gridio_native ("reduceParts", kind, parts, start, count, bitand (file.flags, 63), isReduced, ...
                                             bins, weights);
     if (failed > 0)
       words = sprintf ("\"%s\" cannot be read", shown_text (parts.paths{failed}));

@@ -25,7 +25,10 @@ function [x, at] = reduce_variable (kind, self, varargin)
   endif
   warn_once (file, number);
   place = joined_place (file, number);
-  if (place > 0)
+  if (! isempty (request.on))
+    block = struct ("start", start, "count", count, "isReduced", isReduced, "bins", {bins}, "weights", {weights});
+    x = reduce_at_place (file, number, place, kind, block, request.on);
+  elseif (place > 0)
     x = reduce_joined (file, number, place, kind, start, count, isReduced, bins, weights);
   else
     x = gridio_native ("reduce", kind, file.d.groups.ncid(file.d.variables.group(number)), ...
