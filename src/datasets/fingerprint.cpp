@@ -103,11 +103,17 @@ private:
         std::vector<int> dimids(static_cast<std::size_t>(rank));
         if (rank > 0)
             checkStatus(nc_inq_vardimid(ncid, varid, dimids.data()), entry_);
+        bool isJoined = joined_.dimension.empty();
         for (const int dimid : dimids) {
             name = nameBuffer();
             checkStatus(nc_inq_dimname(ncid, dimid, name), entry_);
             hash_.add(name);
+            isJoined =
+                isJoined || joined_.dimension.substr(joined_.dimension.rfind('/') + 1) == name;
         }
+        // The library reads the attributes of a netCDF-4 variable when it is asked for the first.
+        if (!isJoined)
+            return;
         for (const char* attribute : decodingAttributes)
             addAttribute(ncid, varid, attribute);
         if (full != joined_.coordinate && full != joined_.bounds)

@@ -16,7 +16,8 @@ struct JoinedNames {
 };
 
 // Made of the names and lengths of all dimensions, the names, types and dimensions of all
-// variables, and the attributes that say how their values are decoded: a whole number below 2^52.
+// variables, and the attributes that say how values along the joined dimension are decoded: a whole
+// number below 2^52.
 // Raises the library's failures.
 double fingerprintOf(int ncid, const JoinedNames& joined, const OperationEntry* entry);
 

@@ -115,7 +115,7 @@ TEST_F(Parts, AreScannedInOneUnitOfTime)
     EXPECT_EQ(texts(found.field("units"))[2], "days since 2000-01-07");
 }
 
-TEST_F(Parts, OfOtherCalendarsAreNotScanned)
+TEST_F(Parts, AreNotScannedIfTheirCalendarIsAnother)
 {
     const std::string one = made("one.nc", 4, 2);
     const Value found =
