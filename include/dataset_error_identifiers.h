@@ -42,6 +42,16 @@ struct valueOutOfRange : msgcat::BaseMsgID {
     }
 };
 
+// A variable of one of many files is not as it was when the files were joined: its name, and how it
+// differs.
+struct badPart : msgcat::BaseMsgID {
+    badPart(const std::string& variable, const std::string& difference)
+        : BaseMsgID("Ovard:gridio:dataset:badPart",
+                    {MessageText(variable), MessageText(difference)})
+    {
+    }
+};
+
 // An argument has another class or shape than the operation takes.
 struct badArgument : msgcat::BaseMsgID {
     badArgument(const std::string& parameter, const std::string& expected)

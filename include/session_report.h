@@ -28,6 +28,10 @@ struct LibraryReport {
     std::string hdf5;            // version in use; "none" if the library was built without it
     std::vector<std::pair<std::string, bool>> features; // "dap2", "zarr", ...: available or not
     std::vector<std::pair<std::string, bool>> filters;  // "deflate", "zstd", ...: available or not
+
+    // Paths: the library that the module uses, and others of the process, which keep files of their
+    // own.
+    std::vector<std::string> hdf5Libraries;
 };
 
 LibraryReport describeLibrary();

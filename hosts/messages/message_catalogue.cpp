@@ -143,6 +143,7 @@ constexpr Message catalogue[] = {
     {"Ovard:gridio:dataset:unrepresentableTime", "Time {1} ({2}) cannot be converted: {3}."},
     {"Ovard:gridio:dataset:valueOutOfRange",
      "Value {1} ({2}) cannot be stored as {3}: the values that can go from {4}. NaN needs a fill value."},
+    {"Ovard:gridio:dataset:badPart", "The variable \"{1}\" is not as it was when the files were joined: {2}."},
     {"Ovard:gridio:dataset:badArgument", "The argument \"{1}\" must be {2}."},
 };
 // clang-format on
@@ -218,6 +219,14 @@ std::string linesBelow(std::string_view identifier, const std::vector<std::strin
 }
 
 } // namespace
+
+std::vector<std::string_view> identifiersWithText()
+{
+    std::vector<std::string_view> identifiers;
+    for (const Message& message : catalogue)
+        identifiers.push_back(message.identifier);
+    return identifiers;
+}
 
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* context)
 {

@@ -7,6 +7,8 @@
 #include "vx/error.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace hosts::messages {
 
@@ -15,5 +17,8 @@ namespace hosts::messages {
 // variable and the findings; these inquiries change nothing, and if they fail the general text
 // remains. An identifier without a text gives the identifier followed by its arguments.
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* call = nullptr);
+
+// The identifiers that have a text in the catalogue.
+std::vector<std::string_view> identifiersWithText();
 
 } // namespace hosts::messages

@@ -46,7 +46,7 @@ struct OperationForm {
     static constexpr std::size_t mostParameters = 6;
 
     std::string_view name;
-    std::string_view results; // "[name, dim_length]", "varid"; empty if there are none
+    std::string_view results; // "[name, dim_length]", "varid"; empty if it returns nothing
     Parameter parameters[mostParameters];
     std::size_t parameterCount;
     vxClassID dataClass; // of the values that it writes; vxUNKNOWN_CLASS if it writes none

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "element_classes.h"
 
+#include "result_memory.h"
+
 #include <octave/ov-bool-mat.h>
 #include <octave/ov-flt-re-mat.h>
 #include <octave/ov-int16.h>
@@ -58,12 +60,11 @@ template <class Element> octave_value adopt(void* block, const dim_vector& dims)
 {
     static_assert(std::is_trivially_destructible_v<Element>);
     try {
-        // The interpreter's arrays free their storage with operator delete.
         const Array<Element> array(static_cast<Element*>(block), dims);
         block = nullptr;
         return octave_value(array);
     } catch (...) {
-        ::operator delete(block);
+        deleteElements<Element>(block, static_cast<size_t>(dims.numel()));
         throw;
     }
 }
@@ -81,6 +82,7 @@ constexpr ElementClass row(vxClassID id)
             share<Matrix>,
             readScalar<Element, scalarOf, force...>,
             full<arrayOf, force...>,
+            newElements<Element>,
             adopt<Element>,
             scalar<Element>};
 }
@@ -107,13 +109,15 @@ constexpr ElementClass charClass = {vxCHAR_CLASS,
                                     share<octave_char_matrix_str, octave_char_matrix_sq_str>,
                                     nullptr,
                                     full<&Value::char_array_value, true>,
+                                    newElements<char>,
                                     adopt<char>,
                                     nullptr};
-constexpr ElementClass cellClass = {vxCELL_CLASS, 0, nullptr, nullptr, nullptr, nullptr, nullptr};
+constexpr ElementClass cellClass = {vxCELL_CLASS, 0,       nullptr, nullptr,
+                                    nullptr,      nullptr, nullptr, nullptr};
 constexpr ElementClass structClass = {vxSTRUCT_CLASS, 0,       nullptr, nullptr,
-                                      nullptr,        nullptr, nullptr};
+                                      nullptr,        nullptr, nullptr, nullptr};
 constexpr ElementClass unknownClass = {vxUNKNOWN_CLASS, 0,       nullptr, nullptr,
-                                       nullptr,         nullptr, nullptr};
+                                       nullptr,         nullptr, nullptr, nullptr};
 
 } // namespace
 

@@ -26,7 +26,9 @@ struct ElementClass {
     // The real part of the value, converted to a full array.
     octave_value (*full)(const octave_value& value);
 
-    // A value that takes over a block of newElements as its storage. The block is freed on failure.
+    // A block for that many elements, and a value that takes it over as its storage. It is freed on
+    // failure.
+    void* (*allocate)(size_t count);
     octave_value (*adopt)(void* block, const dim_vector& dims);
 
     // A scalar.

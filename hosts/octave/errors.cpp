@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "errors.h"
 
+#include "host_identifiers.h"
 #include "hosts/messages/message_catalogue.h"
 #include "hosts/messages/visible_text.h"
 
@@ -34,7 +35,7 @@ void raiseMessage(const msgcat::BaseMsgID& id, const messages::CallContext& call
 
 void raiseInternal(const char* what)
 {
-    error_with_id("Ovard:gridio:host:internal",
+    error_with_id(internalErrorIdentifier,
                   "gridio: internal error: %s; please report this, with the call that caused it",
                   messages::visible(what).c_str());
 }

@@ -2,6 +2,7 @@
 #include "raw_bytes.h"
 
 #include "element_classes.h"
+#include "host_identifiers.h"
 #include "hosts/messages/call_context.h"
 #include "hosts/messages/operation_forms.h"
 
@@ -95,7 +96,7 @@ std::string textOf(const OperationForm& form, vxClassID given, bool isComplex)
     if (isComplex)
         text += (text.empty() ? name + " was given complex values:" : " They are complex:") +
                 std::string(" the imaginary part is left out.");
-    return text + " warning (\"off\", \"Ovard:gridio:octave:rawBytes\") switches this warning off.";
+    return text + " warning (\"off\", \"" + rawBytesIdentifier + "\") switches this warning off.";
 }
 
 void warnIfOfOtherClass(std::string_view name, const octave_value_list& args)
@@ -111,7 +112,7 @@ void warnIfOfOtherClass(std::string_view name, const octave_value_list& args)
     const bool isComplex = values.iscomplex();
     if (given == form->dataClass && !isComplex)
         return;
-    warning_with_id("Ovard:gridio:octave:rawBytes", "%s", textOf(*form, given, isComplex).c_str());
+    warning_with_id(rawBytesIdentifier, "%s", textOf(*form, given, isComplex).c_str());
 }
 
 } // namespace

@@ -1,36 +1,54 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "result_memory.h"
 
-#include "hosts/memory/large_blocks.h"
+#include <dlfcn.h>
 
-#include <cstdint>
-#include <new>
+#include <cstring>
 
 namespace hosts::oct {
 
 namespace {
 
-void* newBlock(size_t bytes)
+#if defined(__GLIBCXX__) && defined(__linux__)
+
+bool isDefinedByLibstdcxx(void* function)
 {
-#ifdef __GLIBCXX__
-    // Deliberately aligned, although the interpreter releases it as if it were not: operator delete
-    // is free() for both.
-    if (const size_t alignment = memory::alignmentOf(bytes))
-        return ::operator new (bytes, std::align_val_t{alignment});
-#endif
-    return ::operator new(bytes);
+    Dl_info where;
+    return dladdr(function, &where) != 0 && where.dli_fname != nullptr &&
+           std::strstr(where.dli_fname, "libstdc++.so") != nullptr;
 }
+
+// The standard does not promise that operator delete releases what operator new has aligned. In
+// libstdc++ every form is free(), and the process has not replaced these.
+bool anyDeleteReleasesAligned()
+{
+    static const bool result = [] {
+        void* (*const aligned)(size_t, std::align_val_t) = ::operator new;
+        void (*const plain)(void*) = ::operator delete;
+        void (*const sized)(void*, size_t) = ::operator delete;
+        void (*const ofAligned)(void*, size_t, std::align_val_t) = ::operator delete;
+        return isDefinedByLibstdcxx(reinterpret_cast<void*>(aligned)) &&
+               isDefinedByLibstdcxx(reinterpret_cast<void*>(plain)) &&
+               isDefinedByLibstdcxx(reinterpret_cast<void*>(sized)) &&
+               isDefinedByLibstdcxx(reinterpret_cast<void*>(ofAligned));
+    }();
+    return result;
+}
+
+#else
+
+bool anyDeleteReleasesAligned() { return false; }
+
+#endif
 
 } // namespace
 
-void* newElements(size_t count, size_t elementSize)
+void* newAlignedBlock(size_t bytes)
 {
-    if (count > PTRDIFF_MAX / elementSize)
-        throw std::bad_alloc();
-    const size_t bytes = count * elementSize;
-    void* block = newBlock(bytes);
-    memory::adviseHugePages(block, bytes);
-    return block;
+    const size_t alignment = memory::alignmentOf(bytes);
+    if (alignment == 0 || !anyDeleteReleasesAligned())
+        return nullptr;
+    return ::operator new (bytes, std::align_val_t{alignment});
 }
 
 } // namespace hosts::oct

@@ -2,7 +2,6 @@
 // Creating arrays, and passing them to the interpreter.
 #include "array.h"
 #include "call.h"
-#include "result_memory.h"
 
 #include <octave/ov-str-mat.h>
 
@@ -69,7 +68,7 @@ vxArray* addNumeric(size_t rank, const size_t* dims, vxClassID classId)
         return array;
     }
     const dim_vector lengths = dimensions(*array);
-    void* block = newElements(array->count, kind.size);
+    void* block = kind.allocate(array->count);
     array->held.emplace(kind.adopt(block, lengths));
     array->data = block;
     return array;
@@ -102,7 +101,7 @@ template <class Element> vxArray* addScalar(vxClassID classId, Element value)
 octave_value narrowed(const vxArray& text)
 {
     const dim_vector lengths = dimensions(text);
-    void* bytes = newElements(text.count, sizeof(char));
+    void* bytes = text.kind->allocate(text.count);
     narrowText(static_cast<const char16_t*>(text.data), text.count, static_cast<char*>(bytes));
     return text.kind->adopt(bytes, lengths);
 }
@@ -149,7 +148,7 @@ vxArray* vxCreateCharArrayFromBytes(size_t rank, const size_t* dims, const char*
     }
     vxArray* array = addArray(elementClass(vxCHAR_CLASS), rank, dims);
     const dim_vector lengths = hosts::oct::dimensions(*array);
-    void* storage = hosts::oct::newElements(array->count, sizeof(char));
+    void* storage = array->kind->allocate(array->count);
     if (array->count > 0)
         std::memcpy(storage, bytes, array->count);
     array->source = &array->held.emplace(array->kind->adopt(storage, lengths));

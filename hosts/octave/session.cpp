@@ -60,9 +60,22 @@ octave_value versions()
     all.assign("netcdf", library.netcdf);
     all.assign("netcdf_built_with", library.netcdfBuiltWith);
     all.assign("hdf5", library.hdf5);
+    all.assign("hdf5_libraries", Cell(string_vector(library.hdf5Libraries)));
     all.assign("features", flagStruct(library.features));
     all.assign("filters", flagStruct(library.filters));
     return all;
+}
+
+// Releases before 9 have the inquiry under its older name, and releases after 9 under the newer
+// only.
+template <class Interpreter>
+auto isInitialized(const Interpreter& interpreter, int) -> decltype(interpreter.is_initialized())
+{
+    return interpreter.is_initialized();
+}
+template <class Interpreter> bool isInitialized(const Interpreter& interpreter, long)
+{
+    return interpreter.initialized();
 }
 
 // Whether an error is on its way through the interpreter, and whether the session ends: a
@@ -71,7 +84,7 @@ octave_scalar_map state()
 {
     octave_scalar_map all;
     all.assign("isUnwinding", std::uncaught_exceptions() > 0);
-    all.assign("isExiting", !octave::interpreter::the_interpreter()->initialized());
+    all.assign("isExiting", !isInitialized(*octave::interpreter::the_interpreter(), 0));
     return all;
 }
 

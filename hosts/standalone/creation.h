@@ -13,13 +13,13 @@ namespace standalone {
 // Creates an array that belongs to the running call.
 template <class Make> vxArray* createForCall(const Make& make)
 {
-    Ledger& books = ledger();
-    books.countAllocation();
+    Ledger& records = ledger();
+    records.countAllocation();
     try {
         ArrayOwner array = make();
         array->writable = true;
-        books.created.push_back(array);
-        ++books.arraysCreated;
+        records.created.push_back(array);
+        ++records.arraysCreated;
         return array.get();
     } catch (const std::bad_alloc&) {
         throw OutOfMemory();

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace Ovard::gridio {
 namespace {
@@ -114,6 +115,20 @@ std::optional<std::size_t> chunkSizeOf(const SizeVector& lengths, std::size_t el
     return size;
 }
 
+// Whether the last call of HDF5 failed in one of these functions itself, not in one that it called.
+bool failsAsForMissingChunk()
+{
+    bool result = false;
+    const auto compare = [](unsigned, const H5E_error2_t* failure, void* found) {
+        *static_cast<bool*>(found) =
+            std::strcmp(failure->func_name, "H5D__get_chunk_storage_size") == 0 ||
+            std::strcmp(failure->func_name, "H5D__chunk_direct_read") == 0;
+        return herr_t{1}; // the innermost only
+    };
+    static_cast<void>(H5Ewalk2(H5E_DEFAULT, H5E_WALK_UPWARD, compare, &result));
+    return result;
+}
+
 SizeVector toSizes(const Lengths<hsize_t>& lengths)
 {
     return SizeVector(lengths.begin(), lengths.end());
@@ -207,12 +222,11 @@ StoredChunk ChunkedDataset::read(const SizeVector& origin, std::size_t size,
     return chunk;
 }
 
-// Release 1.10.8 fails for missing chunks, too, but in the function directly below the interface's,
-// not further down as in all other cases. An element of a missing chunk is the fill value.
+// HDF5 fails for missing chunks, too, but in the function that does the work, not further down as
+// in all other cases. An element of a missing chunk is the fill value.
 void ChunkedDataset::requireMissing(const SizeVector& origin) const
 {
-    constexpr ssize_t depth = 2;
-    if (H5Eget_num(H5E_DEFAULT) != depth)
+    if (!failsAsForMissingChunk())
         throw DamagedChunk();
     const Lengths<hsize_t> one(origin.size(), 1);
     const Hdf5Id type(H5Dget_type(dataset_.get()));

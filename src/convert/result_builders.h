@@ -14,7 +14,7 @@ vxArray* intResult(int v);
 // A double scalar: v as an unsigned number, rounded to nearest above 2^53, never negative.
 vxArray* sizeResult(std::size_t v);
 
-// A 1-by-n double row in the order of ids; 0-by-0, not 1-by-0, when there are none.
+// A 1-by-n double row in the order of ids; 0-by-0, not 1-by-0, when the list is empty.
 vxArray* idVectorToRow(const std::vector<int>& ids);
 
 // A char row of the NUL-terminated narrow text.

@@ -246,6 +246,19 @@ private:
     Numbers extremes_;
 };
 
+class WeightAccumulator : public Loops<WeightAccumulator> {
+public:
+    explicit WeightAccumulator(std::size_t results) : Loops(results), sums_(results) {}
+
+    void add(std::size_t result, double) { sums_.add(result, {1, 0}); }
+    void add(std::size_t result, double, double weight) { sums_.add(result, {weight, 0}); }
+
+    double result(std::size_t index) const override { return sums_.at(index).value(); }
+
+private:
+    Sums sums_;
+};
+
 class CountAccumulator : public Loops<CountAccumulator> {
 public:
     using Loops::Loops;
@@ -273,6 +286,8 @@ std::unique_ptr<Accumulator> makeAccumulator(Reduction reduction, std::size_t re
     case Reduction::variance:
         return std::make_unique<SpreadAccumulator>(results, reduction == Reduction::deviation,
                                                    isWeighted);
+    case Reduction::weight:
+        return std::make_unique<WeightAccumulator>(results);
     case Reduction::count:
     case Reduction::median:
         break;

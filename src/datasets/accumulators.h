@@ -9,7 +9,8 @@
 
 namespace Ovard::gridio {
 
-enum class Reduction { mean, sum, minimum, maximum, deviation, variance, count, median };
+// weight is the sum of the weights of values, by which parts of a mean are combined.
+enum class Reduction { mean, sum, minimum, maximum, deviation, variance, count, median, weight };
 
 // Accumulates a fixed number of results, whose indices are not checked.
 class Accumulator {

@@ -108,7 +108,7 @@ Block readDatasetBlock(const vxArray* const vectors[], Variable& variable)
     if (variable.rank() == 0 &&
         std::all_of(vectors, vectors + 3, [](const vxArray* vector) { return vxIsEmpty(vector); }))
         return wholeBlock(variable);
-    const Block block = readBlockArguments(vectors, 3);
+    Block block = readBlockArguments(vectors, 3);
     requireMatchingLengths(block, variable, Access::read);
     requireInside(block, variable);
     return block;

@@ -265,7 +265,8 @@ std::string pathOf(int ncid, const OperationEntry* entry)
     checkStatus(nc_inq_path(ncid, &length, nullptr), entry);
     std::string path(length + 1, '\0');
     checkStatus(nc_inq_path(ncid, nullptr, path.data()), entry);
-    return path.c_str();
+    path.pop_back(); // the NUL
+    return path;
 }
 
 } // namespace

@@ -51,7 +51,7 @@ const char* wordOf(const Type& type)
     return wordOf(type.element->hostClass);
 }
 
-// A row of the class that values are stored in; 0-by-0 of none.
+// A row of the class that values are stored in; 0-by-0 of no value.
 vxArray* storedRow(const VariableDecoding& decoding, const std::vector<cf::StoredValue>& values)
 {
     const std::size_t dims[] = {values.empty() ? 0U : 1U, values.size()};

@@ -6,50 +6,18 @@
 #include "chunks/interruption.h"
 #include "chunks/slabs.h"
 #include "data/elements/shapes.h"
+#include "datasets/medians.h"
 #include "datasets/progress.h"
 #include "datasets/slab_walk.h"
 
 #include <algorithm>
-#include <functional>
-#include <limits>
+#include <optional>
 
 namespace Ovard::gridio {
 namespace {
 
 // Values of a slab. It consists of whole chunks, so it may hold more.
 constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
-
-// Values that medians of several results keep in memory.
-constexpr std::size_t medianElements = (std::size_t{64} << 20) / sizeof(double);
-
-using Visit = std::function<void(const Spans& spans, const double* values)>;
-
-// Reads a block slab by slab. Raises the library's failures.
-void forEachSlab(const ReducedBlock& reduced, Progress& progress, const Visit& visit)
-{
-    const auto indices = blockIndices(reduced.variable, reduced.block);
-    const std::size_t count = productOf(reduced.block.count);
-    std::vector<double> values;
-    if (!indices || reduced.variable.rank() == 0) {
-        values.resize(std::max<std::size_t>(count, 1));
-        readValues(reduced.variable, reduced.block, {values.data(), &reduced.decoder});
-        Spans whole(reduced.block.count.size());
-        for (std::size_t i = 0; i < whole.size(); ++i)
-            whole[i].count = reduced.block.count[i];
-        visit(whole, values.data());
-        return;
-    }
-    const SizeVector lengths = slabLengths(*indices, chunkLengths(reduced.variable), slabElements);
-    Interruption interruption;
-    for (ChunkWalk walk(*indices, lengths); !walk.isDone(); walk.next()) {
-        interruption.check();
-        values.resize(std::max(values.size(), countOf(walk.spans())));
-        readValues(reduced.variable, slabOf(*indices, walk.spans()),
-                   {values.data(), &reduced.decoder});
-        visit(walk.spans(), values.data());
-        progress.add(countOf(walk.spans()));
-    }
-}
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
 {
@@ -62,88 +30,161 @@ void fillResults(const Accumulator& accumulator, std::size_t count, const Reduct
     }
 }
 
-// Keeps the values of each result.
-class Collector : public Accumulator {
-public:
-    explicit Collector(std::size_t results) : values_(results) {}
-
-    void addToEach(const double* values, std::size_t count, std::size_t first) override
-    {
-        for (std::size_t i = 0; i < count; ++i)
-            add(values[i], first + i);
-    }
-    void addToOne(const double* values, std::size_t count, std::size_t result) override
-    {
-        for (std::size_t i = 0; i < count; ++i)
-            add(values[i], result);
-    }
-    void addScattered(const double* values, const double*, const std::ptrdiff_t* offsets,
-                      std::size_t count, std::size_t first) override
-    {
-        for (std::size_t i = 0; i < count; ++i)
-            if (offsets[i] >= 0)
-                add(values[i], first + static_cast<std::size_t>(offsets[i]));
-    }
-
-    // Of an even number of values, the mean of the two in the middle.
-    double result(std::size_t index) const override
-    {
-        std::vector<double> values = values_[index];
-        if (values.empty())
-            return std::numeric_limits<double>::quiet_NaN();
-        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-        std::nth_element(values.begin(), middle, values.end());
-        if (values.size() % 2 == 1)
-            return *middle;
-        const double lower = *std::max_element(values.begin(), middle);
-        return lower == *middle ? lower : lower / 2 + *middle / 2;
-    }
-    double count(std::size_t index) const override
-    {
-        return static_cast<double>(values_[index].size());
-    }
-
-private:
-    void add(double value, std::size_t result)
-    {
-        if (value == value)
-            values_[result].push_back(value);
-    }
-
-    std::vector<std::vector<double>> values_;
-};
-
-// The part of a block whose first kept dimension is cut to count indices from first on.
-struct Part {
-    Block block;
-    ReductionPlan plan;
-    std::size_t firstResult;
-};
-
-Part partOf(const Block& block, const ReductionPlan& plan, std::size_t dimension, std::size_t first,
-            std::size_t count)
+// One of so many passes over the values.
+void passAll(const ReducedBlock& reduced, const ReductionPlan& plan, Accumulator& accumulator,
+             Progress& progress, std::size_t passes = 1)
 {
-    Part part{block, plan, first * plan.dimensions[dimension].step};
-    part.block.isWhole = false;
-    part.block.start[dimension] += first * static_cast<std::size_t>(block.stride[dimension]);
-    part.block.count[dimension] = count;
-    part.plan.dimensions[dimension].length = count;
-    part.plan.dimensions[dimension].results = count;
-    part.plan.resultLengths[dimension] = count;
-    return part;
+    if (productOf(reduced.block.count) == 0)
+        return;
+    reduced.source.forEachSlab(reduced.block, [&](const Spans& spans, const double* values) {
+        SlabWalk(plan, spans, accumulator).run(values);
+        progress.add(countOf(spans) / passes);
+    });
 }
 
-void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan, Progress& progress,
-                  const ReductionResults& results)
+// The part of a block that has the count results of one dimension from first on, with the results
+// laid out as if there were no others.
+struct Part {
+    Part(const Block& whole, const ReductionPlan& wholePlan, std::size_t dimension,
+         std::size_t first, std::size_t count)
+        : block(whole), plan(wholePlan)
+    {
+        block.isWhole = false;
+        ReducedDimension& cut = plan.dimensions[dimension];
+        std::size_t begin = first;
+        std::size_t end = first + count;
+        if (!cut.groups.empty()) {
+            begin = cut.length;
+            end = 0;
+            for (std::size_t i = 0; i < cut.length; ++i) {
+                const std::ptrdiff_t group = cut.groups[i] - static_cast<std::ptrdiff_t>(first);
+                const bool isIn = group >= 0 && group < static_cast<std::ptrdiff_t>(count);
+                cut.groups[i] = isIn ? group : -1;
+                begin = isIn ? std::min(begin, i) : begin;
+                end = isIn ? i + 1 : end;
+            }
+            begin = std::min(begin, end);
+            cut.groups.erase(cut.groups.begin() + static_cast<std::ptrdiff_t>(end),
+                             cut.groups.end());
+            cut.groups.erase(cut.groups.begin(),
+                             cut.groups.begin() + static_cast<std::ptrdiff_t>(begin));
+        }
+        block.start[dimension] += begin * static_cast<std::size_t>(block.stride[dimension]);
+        block.count[dimension] = cut.length = end - begin;
+        for (std::size_t i = 0; i < dimension; ++i)
+            plan.dimensions[i].step = plan.dimensions[i].step / cut.results * count;
+        cut.results = plan.resultLengths[dimension] = count;
+    }
+
+    Block block;
+    ReductionPlan plan;
+};
+
+bool areInOrder(const std::vector<std::ptrdiff_t>& groups)
 {
-    Collector collector(plan.resultCount());
-    forEachSlab(reduced, progress, [&](const Spans& spans, const double* values) {
-        SlabWalk(plan, spans, collector).run(values);
-    });
-    fillResults(collector, plan.resultCount(), results);
+    std::ptrdiff_t last = -1;
+    for (const std::ptrdiff_t group : groups) {
+        if (group >= 0 && group < last)
+            return false;
+        last = std::max(last, group);
+    }
+    return true;
+}
+
+// The dimension along which a block is best cut to pieces with results of their own: one with
+// groups in order, else the slowest that is kept, else one whose groups are mixed; none for a
+// single result.
+std::optional<std::size_t> dimensionToCut(const ReductionPlan& plan)
+{
+    std::optional<std::size_t> best;
+    int bestRank = 3;
+    for (std::size_t i = 0; i < plan.dimensions.size(); ++i) {
+        const ReducedDimension& dimension = plan.dimensions[i];
+        if (dimension.results < 2)
+            continue;
+        const int rank = dimension.groups.empty() ? 1 : areInOrder(dimension.groups) ? 0 : 2;
+        if (rank < bestRank) {
+            best = i;
+            bestRank = rank;
+        }
+    }
+    return best;
+}
+
+void medianByPasses(const ReducedBlock& reduced, const ReductionPlan& plan,
+                    const ReductionResults& results, Progress& progress)
+{
+    Selector selector(plan.resultCount());
+    for (int pass = 0; pass < Selector::passes; ++pass) {
+        passAll(reduced, plan, selector, progress, Selector::passes);
+        selector.endPass();
+    }
+    fillResults(selector, plan.resultCount(), results);
+}
+
+// Values are kept where there is memory for them. Otherwise they are counted, if that needs fewer
+// passes over the values than keeping those of one piece after the other.
+void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
+                  const ReductionResults& results, std::size_t mostKept, Progress& progress)
+{
+    const std::size_t elements = productOf(reduced.block.count);
+    const std::size_t count = plan.resultCount();
+    const std::optional<std::size_t> dimension = dimensionToCut(plan);
+    if (elements <= mostKept) {
+        Collector collector(count);
+        passAll(reduced, plan, collector, progress);
+        fillResults(collector, count, results);
+        return;
+    }
+    const bool isCounted = count * Selector::bytes <= mostKept * sizeof(double);
+    if (!dimension || (isCounted && elements / mostKept > Selector::passes)) {
+        medianByPasses(reduced, plan, results, progress);
+        return;
+    }
+    const ReducedDimension& cut = plan.dimensions[*dimension];
+    const std::size_t pieces = std::max<std::size_t>(mostKept / (elements / cut.results), 1);
+    const std::size_t outer = count / (cut.results * cut.step);
+    for (std::size_t first = 0; first < cut.results; first += pieces) {
+        const Part part(reduced.block, plan, *dimension, first,
+                        std::min(pieces, cut.results - first));
+        const std::size_t run = part.plan.resultLengths[*dimension] * cut.step;
+        std::vector<double> values(outer * run), counts(outer * run);
+        medianOfPart({reduced.source, part.block}, part.plan, {values.data(), counts.data()},
+                     mostKept, progress);
+        for (std::size_t i = 0; i < outer; ++i) {
+            const std::size_t target = (i * cut.results + first) * cut.step;
+            std::copy_n(values.data() + i * run, run, results.values + target);
+            std::copy_n(counts.data() + i * run, run, results.counts + target);
+        }
+    }
 }
 
 } // namespace
+
+// Raises the library's failures.
+void VariableSource::forEachSlab(const Block& block, const Visit& visit)
+{
+    const auto indices = blockIndices(variable_, block);
+    const std::size_t count = productOf(block.count);
+    std::vector<double> values;
+    if (!indices || variable_.rank() == 0) {
+        values.resize(std::max<std::size_t>(count, 1));
+        readValues(variable_, block, {values.data(), &decoder_});
+        Spans whole(block.count.size());
+        for (std::size_t i = 0; i < whole.size(); ++i)
+            whole[i].count = block.count[i];
+        visit(whole, values.data());
+        return;
+    }
+    const SizeVector lengths = slabLengths(*indices, chunkLengths(variable_), slabElements);
+    Interruption interruption;
+    for (ChunkWalk walk(*indices, lengths); !walk.isDone(); walk.next()) {
+        interruption.check();
+        values.resize(std::max(values.size(), countOf(walk.spans())));
+        readValues(variable_, slabOf(*indices, walk.spans()), {values.data(), &decoder_});
+        visit(walk.spans(), values.data());
+    }
+}
 
 void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reduction reduction,
                  const ReductionResults& results)
@@ -151,34 +192,15 @@ void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reducti
     const std::size_t count = plan.resultCount();
     const auto accumulator = makeAccumulator(reduction, count, plan.isWeighted);
     Progress progress(productOf(reduced.block.count));
-    forEachSlab(reduced, progress, [&](const Spans& spans, const double* values) {
-        SlabWalk(plan, spans, *accumulator).run(values);
-    });
+    passAll(reduced, plan, *accumulator, progress);
     fillResults(*accumulator, count, results);
 }
 
-// Splits the block along its slowest kept dimension, if all dimensions outside of it have one
-// result each: then the results of a part are adjacent.
 void medianOfBlock(const ReducedBlock& reduced, const ReductionPlan& plan,
-                   const ReductionResults& results)
+                   const ReductionResults& results, std::size_t mostKept)
 {
-    std::size_t cut = 0;
-    while (cut < plan.dimensions.size() && plan.dimensions[cut].results == 1)
-        ++cut;
-    const std::size_t elements = productOf(reduced.block.count);
-    Progress progress(elements);
-    if (cut == plan.dimensions.size() || plan.dimensions[cut].isReduced ||
-        elements <= medianElements || reduced.block.stride[cut] <= 0) {
-        medianOfPart(reduced, plan, progress, results);
-        return;
-    }
-    const std::size_t length = plan.dimensions[cut].length;
-    const std::size_t pieces = std::max<std::size_t>(medianElements / (elements / length), 1);
-    for (std::size_t first = 0; first < length; first += pieces) {
-        const Part part = partOf(reduced.block, plan, cut, first, std::min(pieces, length - first));
-        medianOfPart({reduced.variable, part.block, reduced.decoder}, part.plan, progress,
-                     {results.values + part.firstResult, results.counts + part.firstResult});
-    }
+    Progress progress(productOf(reduced.block.count));
+    medianOfPart(reduced, plan, results, mostKept, progress);
 }
 
 } // namespace Ovard::gridio

@@ -1,34 +1,15 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "datasets/reduction_plan.h"
 
-#include "convert/numeric_class.h"
 #include "data/elements/shapes.h"
 #include "dataset_error_identifiers.h"
+#include "datasets/structure_argument.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <string>
 
 namespace Ovard::gridio {
 namespace {
-
-// Numbers of any class, or flags; raises badArgument for anything else.
-std::vector<double> readNumbers(const vxArray* a, const char* name, const char* expected)
-{
-    std::vector<double> numbers(vxGetNumberOfElements(a));
-    if (vxGetClassID(a) == vxLOGICAL_CLASS) {
-        std::copy_n(vxGetLogicals(a), numbers.size(), numbers.begin());
-        return numbers;
-    }
-    const bool isNumeric = visitNumericElements(a, [&](const auto* elements) {
-        std::transform(elements, elements + numbers.size(), numbers.begin(),
-                       [](auto element) { return static_cast<double>(element); });
-    });
-    if (!isNumeric)
-        vxErrMsgId(dataset::badArgument(name, expected));
-    return numbers;
-}
 
 class Planner {
 public:
@@ -143,23 +124,13 @@ private:
         return numbers;
     }
 
-    static const vxArray* fieldOf(const vxArray* structure, const char* name)
-    {
-        for (std::size_t i = 0; i < vxGetNumberOfFields(structure); ++i)
-            if (vxGetNumberOfElements(structure) == 1 &&
-                std::strcmp(vxGetFieldName(structure, i), name) == 0)
-                return vxGetField(structure, i);
-        vxErrMsgId(
-            dataset::badArgument("weights", "a structure with the fields dimensions and values"));
-    }
-
     void setJointWeights(const vxArray* structure)
     {
         constexpr const char* expected = "of dimensions that are counted from 1 and ascend";
+        const StructureArgument joint(structure, "weights");
         std::size_t count = 1;
         double last = 0;
-        for (const double place :
-             readNumbers(fieldOf(structure, "dimensions"), "weights", expected)) {
+        for (const double place : readNumbers(joint.field("dimensions"), "weights", expected)) {
             if (!(place > last && place <= static_cast<double>(rank())) ||
                 std::trunc(place) != place)
                 vxErrMsgId(dataset::badArgument("weights", expected));
@@ -169,7 +140,7 @@ private:
             if (__builtin_mul_overflow(count, one.length, &count))
                 vxErrMsgId(dataset::badArgument("weights", expected));
         }
-        plan_.jointWeights = readWeightNumbers(fieldOf(structure, "values"), count);
+        plan_.jointWeights = readWeightNumbers(joint.field("values"), count);
         plan_.isWeighted = true;
     }
 

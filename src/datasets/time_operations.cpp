@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Times of a file as day numbers, parts and texts of the interpreter, and back.
-#include "any_error_identifiers.h"
 #include "cf/ascii_text.h"
 #include "cf/time_columns.h"
 #include "convert/argument_readers.h"
@@ -8,6 +7,7 @@
 #include "convert/result_builders.h"
 #include "dataset_error_identifiers.h"
 #include "datasets/structure_result.h"
+#include "datasets/time_conversion.h"
 #include "datasets/time_numbers.h"
 #include "operation_entry.h"
 #include "types/exact_numbers.h"
@@ -25,32 +25,13 @@ namespace {
     vxErrMsgId(dataset::unreadableTime(kind, cf::inQuotes(text), reason));
 }
 
-cf::LongUnits readLongUnits(const vxArray* a)
-{
-    const std::string word = readText(a, "long units");
-    if (word == "refused")
-        return cf::LongUnits::refused;
-    if (word == "udunits")
-        return cf::LongUnits::udunitsLengths;
-    if (word == "calendar")
-        return cf::LongUnits::calendarSteps;
-    vxErrMsgId(any::unrecognizedWord("long units", word, "refused, udunits, calendar"));
-}
-
 // From the arguments units, calendar and, as the fourth of all, how long units are taken.
 cf::TimeUnits readUnits(const vxArray* args[], int nargs)
 {
-    const std::string text = readText(args[1], "units");
-    const std::string name = readText(args[2], "calendar");
-    const cf::LongUnits longUnits = nargs > 3 ? readLongUnits(args[3]) : cf::LongUnits::refused;
-
-    const auto calendar = cf::parseCalendar(name);
-    if (!calendar)
-        raiseUnreadable("calendar", name, calendar.reason());
-    const auto units = cf::parseTimeUnits(text, *calendar, longUnits);
-    if (!units)
-        raiseUnreadable("units", text, units.reason());
-    return *units;
+    const std::string units = readText(args[1], "units");
+    const std::string calendar = readText(args[2], "calendar");
+    return timeUnitsOf({units, calendar},
+                       nargs > 3 ? readLongUnits(args[3]) : cf::LongUnits::refused);
 }
 
 // Raises unrepresentableTime for the first element that could not be converted.
@@ -215,6 +196,21 @@ void datenumToTimes(int, vxArray* results[], int nargs, const vxArray* args[],
     const cf::Misses misses = cf::datenumToValues(units, datenum.doubles().data(), datenum.count(),
                                                   numbersOf(results[0]));
     requireAll(misses, datenum, cf::noDatenumReason(units.calendar));
+}
+
+// Between units and calendars of files that are joined.
+void timesToTimes(int, vxArray* results[], int, const vxArray* args[], const OperationEntry*)
+{
+    const TimeValues values(args[0], "values");
+    const TimeScale from{readText(args[1], "units"), readText(args[2], "calendar")};
+    const TimeScale to{readText(args[3], "units"), readText(args[4], "calendar")};
+    const TimeConversion conversion(from, to, readLongUnits(args[5]));
+    if (values.doubles().size() != values.count())
+        vxErrMsgId(dataset::badArgument("values", "times of class double"));
+
+    results[0] = values.createLike();
+    std::copy(values.doubles().begin(), values.doubles().end(), numbersOf(results[0]));
+    conversion.apply(numbersOf(results[0]), values.count());
 }
 
 // A day or more is a period; a text with a time of day names that moment.

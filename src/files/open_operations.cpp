@@ -4,10 +4,9 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "files/mode_words.h"
-#include "library/guards/blocking_files.h"
+#include "files/opening.h"
 #include "library/guards/emptied_files.h"
 #include "library/guards/endless_addresses.h"
-#include "library/guards/files_in_memory.h"
 #include "library/guards/full_tables.h"
 #include "library/guards/misread_paths.h"
 #include "library/guards/replaced_folders.h"
@@ -22,22 +21,17 @@
 namespace Ovard::gridio::operations {
 namespace {
 
-int refusalToOpen(const std::string& file, int mode)
-{
-    if (namesMissingMemory(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
-    return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
-}
-
-int refusalToCreate(const std::string& file, int mode)
+// The library would leave a file of no format, fail to close the file, or destroy one.
+void refuseToCreate(const std::string& file, int mode, const OperationEntry* entry)
 {
     if (namesUnregisteredFormat(mode) || isEndlessAddress(file))
-        return NC_EINVAL;
+        raiseLibraryFailure(NC_EINVAL, entry);
     if (overflowsFileTable(mode))
-        return NC_ENFILE;
+        raiseLibraryFailure(NC_ENFILE, entry);
     if (emptiesLockedFile(file, mode))
-        return EACCES; // as HDF5 reports it
-    return harmsFolder(file, mode) ? NC_EEXIST : NC_NOERR;
+        raiseLibraryFailure(EACCES, entry); // as HDF5 reports it
+    if (harmsFolder(file, mode))
+        raiseLibraryFailure(NC_EEXIST, entry);
 }
 
 } // namespace
@@ -47,12 +41,8 @@ void open(int, vxArray* results[], int, const vxArray* args[], const OperationEn
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToOpen(file, mode), entry);
-    const LibraryPath path(file, LibraryPath::Purpose::opening, mode);
-    checkStatus(path.status(), entry);
     int ncid = 0;
-    checkStatus(nc_open(path.c_str(), mode, &ncid), entry);
-    noteOpenedFile(ncid);
+    checkStatus(openFile(file, mode, ncid), entry);
     registerOpenFile(ncid);
     results[0] = intResult(ncid);
 }
@@ -62,7 +52,7 @@ void create(int, vxArray* results[], int, const vxArray* args[], const Operation
     const std::string file = readText(args[0], "file");
     int mode = readModeArgument(args[1]);
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;
@@ -99,7 +89,7 @@ void pCreate(int, vxArray* results[], int, const vxArray* args[], const Operatio
     const std::size_t initialSize = readSizeScalar(args[2], "initialsize");
     std::size_t chunkSize = readSizeScalar(args[3], "chunksize");
 
-    checkStatus(refusalToCreate(file, mode), entry);
+    refuseToCreate(file, mode, entry);
     const LibraryPath path(file, LibraryPath::Purpose::creating, mode);
     checkStatus(path.status(), entry);
     int ncid = 0;

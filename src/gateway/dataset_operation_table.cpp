@@ -12,8 +12,10 @@ namespace datasetOperations {
 
 HandlerFunction session, describe, decoding, read, reduce, pack;
 
+HandlerFunction scan, fileStates, readPart, reduceParts, closeParts;
+
 HandlerFunction timesToDatenum, timesToParts, timesToText, partsToTimes, datenumToTimes,
-    periodToTimes;
+    periodToTimes, timesToTimes;
 
 } // namespace datasetOperations
 
@@ -31,6 +33,13 @@ constexpr OperationEntry datasetOperationTable[] = {
     {2004, "reduce",        10, op::reduce},         // kind, ncid, varid, START, COUNT, STRIDE, flags, which dimensions, bins, weights -> results, numbers of values
     {2005, "pack",           5, op::pack},           // values, type, scale, offset, fill value -> values as they are stored
 
+    // Of many files; a dataset of many files is known by its number, the owner
+    {2006, "scan",           2, op::scan},           // paths, structure -> structure of columns
+    {2007, "fileStates",     1, op::fileStates},     // paths -> sizes, times of the last changes
+    {2008, "readPart",       8, op::readPart},       // owner, path, name, lengths, START, COUNT, STRIDE, flags -> values
+    {2009, "reduceParts",    8, op::reduceParts},    // kind, parts, START, COUNT, flags, which dimensions, bins, weights -> results, numbers of values, which file failed, why
+    {2010, "closeParts",     1, op::closeParts},     // owner
+
     // A last argument says how months and years are taken (time_units.h): "refused" (the rule), "udunits", "calendar"
     {2011, "timesToDatenum", 3, op::timesToDatenum}, // values, units, calendar -> day numbers
     {2011, "timesToDatenum", 4, op::timesToDatenum},
@@ -44,6 +53,7 @@ constexpr OperationEntry datasetOperationTable[] = {
     {2015, "datenumToTimes", 4, op::datenumToTimes},
     {2016, "periodToTimes",  3, op::periodToTimes},  // text, units, calendar -> [begin end], flag
     {2016, "periodToTimes",  4, op::periodToTimes},
+    {2017, "timesToTimes",   6, op::timesToTimes},   // values, units, calendar, units, calendar, long units -> values
 };
 // clang-format on
 

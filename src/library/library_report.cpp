@@ -2,11 +2,15 @@
 // The features of the library in use.
 #include "session_report.h"
 
+#include "library/mapped_objects.h"
+
 #include <netcdf.h>
 #include <netcdf_filter.h>
 #include <netcdf_meta.h>
 
 #include <hdf5.h>
+
+#include <utility>
 
 namespace Ovard::gridio {
 namespace {
@@ -31,6 +35,18 @@ std::string hdf5Version()
     return std::to_string(major) + '.' + std::to_string(minor) + '.' + std::to_string(release);
 }
 
+// Ours is that of the netCDF library: both are linked with it by name. A function of HDF5 that is
+// found in another one would see none of the netCDF library's files.
+std::vector<std::string> hdf5Libraries()
+{
+    const std::string ours = libraryAt(reinterpret_cast<const void*>(&H5open));
+    std::vector<std::string> libraries = {ours};
+    for (std::string& path : librariesThatDefine("H5open"))
+        if (path != ours)
+            libraries.push_back(std::move(path));
+    return libraries;
+}
+
 } // namespace
 
 LibraryReport describeLibrary()
@@ -40,6 +56,7 @@ LibraryReport describeLibrary()
     report.netcdf = library.substr(0, library.find(' '));
     report.netcdfBuiltWith = NC_VERSION;
     report.hdf5 = hdf5Version();
+    report.hdf5Libraries = hdf5Libraries();
     report.features = {{"dap2", NC_HAS_DAP2 != 0},         {"dap4", NC_HAS_DAP4 != 0},
                        {"zarr", NC_HAS_NCZARR != 0},       {"cdf5", NC_HAS_CDF5 != 0},
                        {"diskless", NC_HAS_DISKLESS != 0}, {"parallel", NC_HAS_PARALLEL != 0}};

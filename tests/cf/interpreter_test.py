@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: BSD-3-Clause
-"""Compares datenum with the interpreter's own: interpreter_test.py CONVERT_TIMES OCTAVE_CLI."""
+"""Compares datenum with the interpreter's own: interpreter_test.py CONVERT_TIMES."""
 import math
-import os
 import pathlib
 import random
 import subprocess
@@ -9,7 +8,9 @@ import sys
 import tempfile
 import unittest
 
-CONVERT_TIMES, OCTAVE_CLI = sys.argv[1:]
+import interpreter
+
+CONVERT_TIMES, = sys.argv[1:]
 UNITS = "milliseconds since 0001-01-01"
 MILLISECONDS_PER_DAY = 86_400_000
 SCRIPT = r"""
@@ -21,14 +22,9 @@ disp (texts);
 """
 
 
-def lines_of(command, folder=None, text=None):
-    environment = dict(os.environ, OCTAVE_HISTFILE=os.devnull)
-    done = subprocess.run(command, input=text, capture_output=True, text=True, check=True, cwd=folder, env=environment)
-    return done.stdout.splitlines()
-
-
 def converted(command, values):
-    return lines_of([CONVERT_TIMES], text="".join(f"{command}|{UNITS}|{value!r}\n" for value in values))
+    asked = "".join(f"{command}|{UNITS}|{value!r}\n" for value in values)
+    return subprocess.run([CONVERT_TIMES], input=asked, capture_output=True, text=True, check=True).stdout.splitlines()
 
 
 class Datenum(unittest.TestCase):
@@ -44,7 +40,7 @@ class Datenum(unittest.TestCase):
             rows = [" ".join(answer[:5]) + f" {int(answer[5]) + int(answer[6]) / 1e6!r}\n" for answer in answers]
             pathlib.Path(folder, "parts.txt").write_text("".join(rows))
             pathlib.Path(folder, "script.m").write_text(SCRIPT)
-            printed = lines_of([OCTAVE_CLI, "--norc", "--no-history", "--quiet", "script.m"], folder)
+            printed = interpreter.output_of("script.m", cwd=folder)
         theirs, texts = [float(line) for line in printed[:len(values)]], printed[len(values):]
 
         for answer, their in zip(answers, theirs, strict=True):

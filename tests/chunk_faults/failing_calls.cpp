@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "tests/chunk_faults/failing_calls.h"
 
+#include "tests/library/new_operators.h"
+
 #include <hdf5.h>
 
 #include <atomic>
@@ -29,24 +31,6 @@ bool counts(std::atomic<std::size_t>& left, const char* name)
     return true;
 }
 
-void* allocate(std::size_t size)
-{
-    if (counts(toNew, "new"))
-        throw std::bad_alloc();
-    void* block = std::malloc(size == 0 ? 1 : size);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    ++live;
-    return block;
-}
-
-void release(void* block) noexcept
-{
-    if (block != nullptr)
-        --live;
-    std::free(block);
-}
-
 } // namespace
 
 FailingCall::FailingCall(Failing what, std::size_t n)
@@ -66,6 +50,23 @@ long liveBlocks() { return live; }
 
 } // namespace faults
 
+void* testsupport::allocateForNew(std::size_t size, std::size_t alignment)
+{
+    if (faults::counts(faults::toNew, "new"))
+        throw std::bad_alloc();
+    void* block = nullptr;
+    if (posix_memalign(&block, alignment, size) != 0)
+        throw std::bad_alloc();
+    ++faults::live;
+    return block;
+}
+
+void testsupport::releaseFromDelete(void* block) noexcept
+{
+    --faults::live;
+    std::free(block);
+}
+
 extern "C" {
 
 // clang-format off
@@ -81,10 +82,3 @@ extern "C" {
 #undef CALL
 
 } // extern "C"
-
-void* operator new(std::size_t size) { return faults::allocate(size); }
-void* operator new[](std::size_t size) { return faults::allocate(size); }
-void operator delete(void* block) noexcept { faults::release(block); }
-void operator delete[](void* block) noexcept { faults::release(block); }
-void operator delete(void* block, std::size_t) noexcept { faults::release(block); }
-void operator delete[](void* block, std::size_t) noexcept { faults::release(block); }

@@ -49,7 +49,7 @@ check ("labels of both", isequal (ds.both.labels (ds.both(:)), {"on"; "high"; "o
 check ("the table of labels", isequal (ds.quality.labels (), {0, "good"; 1, "bad"; 2, "worse"}));
 
 check_raises ("a name with letters exchanged", "unknownName", @() ds.tm2, ...
-              "^no variable or attribute 'tm2'; did you mean t2m\\?\nThere is: time, longitude, t2m");
+              "^no variable or attribute 'tm2'; did you mean t2m\\?\nThere are: time, longitude, t2m");
 check_raises ("a name in another case", "unknownName", @() ds.T2M, "did you mean t2m\\?");
 check_raises ("a name in a group", "unknownName", @() ds("PRODUCT/qa_valu"), "did you mean (PRODUCT/)?qa_value\\?");
 check_raises ("a name of a group", "unknownName", @() ds.group ("PRODUKT"), "did you mean PRODUCT\\?");
@@ -88,6 +88,18 @@ check ("months as steps of the calendar", isequal (monthly.t.text (), {"2000-01-
 check ("months as they are", isequal (gridio_dataset (months, "times", false).t(:), [0; 1]));
 check_raises ("months in another way", "badOption", @() gridio_dataset (months, "months", "long"));
 
+function files = files_of (call)
+  try
+    call ();
+  catch failure
+    files = {failure.stack.file};
+  end
+end
+own = fileparts (file_in_loadpath ("gridio_dataset.m"));
+files = [files_of(@() ds.tm2), files_of(@() gridio_dataset ("none.nc")), files_of(@() gridio_help ("none"))];
+check ("errors name the places of the script that called", ! isempty (strfind (files{end}, "names_and_attributes")));
+check ("and not those of the package", ! any (strncmp (files, own, numel (own))));
+
 for name = {"gridio_dataset", "gridio_variable", "gridio_show", "gridio_read", "gridio_write", "gridio_plot"}
   [~, format] = get_help_text (name{1});
   check (["help of " name{1}], strcmp (format, "texinfo"));
@@ -103,6 +115,11 @@ shown = evalc ("ds.t2m");
 for words = {'variable t2m: Temperature at 2 m \[K\]\n', 'longitude 3 x time 2 \(unlimited\)', 'read as (single|double)', 'valid_range +0, 400'}
   check (["the printed variable has " words{1}], ! isempty (regexp (shown, words{1}, "once")));
 end
+stations = made_file (["netcdf s { dimensions: station = 3; time = 2; variables: float lon(station); lon:units = \"degrees_east\";" ...
+                      "int time(time); time:units = \"hours since 2000-01-01\"; int h(station); h:coordinates = \"lon\"; data: lon = 2, 9, -4; time = 5, 6; }"]);
+shown = evalc ("gridio_show (stations)");
+check ("coordinates without an order are shown by their extremes", ! isempty (strfind (shown, "-4 ... 9 degrees_east\n")));
+check ("moments are shown with their minutes", ! isempty (strfind (shown, "2000-01-01 05:00 ... 2000-01-01 06:00\n")));
 wide = sprintf ("int v%d(n); ", 1:500);
 shown = evalc ("disp (gridio_dataset (made_file ([\"netcdf made {dimensions: n = 2; variables: \" wide \"}\"])))");
 check ("many variables are shortened", sum (shown == "\n") < 60 && ! isempty (strfind (shown, "460 more")));

@@ -109,10 +109,11 @@ check_raises ("dates upside down", "badSelection", @() v.at ("time", {"2001", "2
 check_raises ("a range that meets nothing", "emptySelection", @() v.at ("lat", [70 80]), "from -60 to 60");
 check_raises ("a period that meets nothing", "emptySelection", @() v.at ("time", "1999"), "2000-02-27.* to 2000-03-03");
 check_raises ("a point far outside", "emptySelection", @() v.at ("lat", 120), "from -60 to 60");
-check_raises ("a point outside a distance", "emptySelection", @() v.at ("level", 900, "within", 20));
+check_raises ("a point outside a distance", "emptySelection", @() v.at ("level", 900, "within", 20), "within 20 of 900; the nearest is 850");
 check_raises ("an unknown axis", "unknownName", @() v.at ("latitute", 3), "did you mean latitude\\?");
 check_raises ("a date that does not exist", "badSelection", @() v.at ("time", "2000-02-30"), "2000-02-30");
 check_raises ("words for a date", "badSelection", @() v.at ("time", "yesterday"), "yesterday");
+check_raises ("a year as a number", "badSelection", @() v.at ("time", 2000), "the year is \"2000\"");
 check_raises ("three numbers", "badSelection", @() v.at ("lat", [1 2 3]), "a cell of several numbers");
 check_raises ("a missing number", "badSelection", @() v.at ("lat", NaN));
 check_raises ("a text for numbers", "badSelection", @() v.at ("lat", "north"));
@@ -136,7 +137,7 @@ check ("by the dimension that they are along", isequal (ds.f.at ("s", "three", "
 check_raises ("an unknown text", "emptySelection", @() ds.f.at ("name", "twp"), "did you mean two\\?");
 check_raises ("no coordinates", "noCoordinate", @() ds.h.at ("s", 2), "\"index\", \"s\"");
 [x, at] = ds.h.at ("index", "s", 2);
-check ("positions are the coordinates where there are none", isequal (x(:)', 6:10) && isequal (at.s, 2));
+check ("positions stand for missing coordinates", isequal (x(:)', 6:10) && isequal (at.s, 2));
 [x, at] = ds.g.at ("lat", [5 35], "time", [datenum(2000, 1, 1, 2, 0, 0), datenum(2000, 1, 2)]);
 check ("selections of one dimension together", isequal (x(:)', [3 4]) && isequal (at.lat(:)', [20 30]));
 check_raises ("with nothing in common", "emptySelection", @() ds.g.at ("lat", 0, "time", "2000-01-01 04:00"), "in common");

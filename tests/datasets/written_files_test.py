@@ -138,6 +138,8 @@ class Refused(Written):
         ('out.put ("z", 1, {}, "scale_factor", "0.1")', "badAttribute", "scale_factor"),
         ('out.put ("z", 1, {}, "scale_factor", 0)', "badAttribute", "scale_factor"),
         ('out.put ("z", 1, {}, "_Format", "classic")', "badSetting", "netCDF-4"),
+        ('out.put ("z", 1:3, {})', "badDimensions", "need names"),
+        ('out.put ("z", 1, {}, "_DeflatLevel", 1)', "unknownSetting", "did you mean _DeflateLevel"),
         ('out.put ("z", datenum (2013, 2, 29.5) * [1 1], "z2", "units", "days since 2000-01-01", "_Type", "int")', "doNotFit", "int"),
         ('out.append ("sst", ones (72, 19))', "coordinateIsMissing", "'time'"),
         ('out.append ("time", t(1), "sst", ones (72, 18))', "shapeDoesNotFit", "72x19"),

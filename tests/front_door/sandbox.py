@@ -14,7 +14,7 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BASE_TOOLS = ("bash", "cat", "dirname", "env", "find", "flock", "grep", "mkdir", "readlink", "sed",
-              "sh", "stat", "tail", "touch")
+              "sh", "stat", "tail", "touch", "tr", "uname")
 NOBODY = 65534
 
 STAND_INS = {
@@ -68,6 +68,10 @@ STAND_INS = {
     "ctest": 'log ctest "$@"; echo "100% tests passed of $2"; case $2 in *"$(cat $M/failing)") exit 8; esac',
     "octave-cli": 'log octave-cli "$@"',
     "clang-format-14": 'log clang-format-14 "$@"',
+    # Libraries, headers and modules are found that have a file in the folder `found`.
+    "pkg-config": '[ -e "$M/found/$2" ]',
+    "c++": 'read -r line; name=${line#*<}; [ -e "$M/found/$(echo "${name%>*}" | tr / _)" ]',
+    "python3": '[ -e "$M/found/${2#import }" ]',
 }
 
 
@@ -81,19 +85,22 @@ class Sandbox:
         self.tree = self.home / name
         self.tools = self.home / "tools"
         self.machine = self.home / "machine"
+        self.environment = {}
         for folder in (self.tree, self.tools, self.machine):
             folder.mkdir()
         for file in ("gridio", "VERSION"):
             shutil.copy(ROOT / file, self.tree / file)
+        shutil.copytree(ROOT / "systems", self.tree / "systems")
         for tool in BASE_TOOLS:
             (self.tools / tool).symlink_to(shutil.which(tool))
         for tool, body in STAND_INS.items():
-            self._stand_in(tool, body)
+            self.stand_in(tool, body)
         for state, text in (("uid", "0"), ("installed", ""), ("log", ""), ("failing", "none")):
             self.write(state, text)
         self.write("network")
 
-    def _stand_in(self, tool, body):
+    def stand_in(self, tool, body):
+        """A program that logs and behaves as this shell code says; $M is the folder `machine`."""
         path = self.tools / tool
         path.write_text(f"""#!/bin/sh
 M='{self.machine}'
@@ -118,7 +125,7 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
     def install_everything(self):
         """The packages that the script's own table names."""
         table = re.search(r"packages\(\).*?END'\n(.*?)\nEND", (self.tree / "gridio").read_text(), re.S)
-        self.write("installed", "".join(row.split()[1].split("|")[0] + "\n" for row in table[1].splitlines()))
+        self.write("installed", "".join(re.split("[|?]", row.split()[1])[0] + "\n" for row in table[1].splitlines()))
 
     def build_everything(self):
         """All packages, a finished build that holds the gridio under test, and the real interpreter."""
@@ -133,12 +140,16 @@ rm_stale() {{ '{shutil.which("rm")}' $M/stale; }}
         self.remove("octave-cli")
         self.add_tool("octave-cli", os.environ["OCTAVE_CLI"])
 
+    def restore(self, tool):
+        """A stand-in again that was removed, or one that does nothing."""
+        self.stand_in(tool, STAND_INS.get(tool, ":"))
+
     def add_tool(self, name, program=None):
         (self.tools / name).symlink_to(shutil.which(program or name))
 
     def _call(self, args, command=None, cwd=None):
         return {"args": [command or self.tree / "gridio", *args], "cwd": cwd or self.home,
-                "env": {"PATH": str(self.tools), "HOME": str(self.home / "nobody")}}
+                "env": {"PATH": str(self.tools), "HOME": str(self.home / "nobody"), **self.environment}}
 
     def gridio(self, *args, stdin="", **options):
         return subprocess.run(**self._call(args, **options), input=stdin, capture_output=True, text=True)

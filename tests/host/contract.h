@@ -4,9 +4,9 @@
 //
 // A script runs them: it calls the entry with the name "checks" and gets a line for each check,
 // "NAME RESULTS ENDING". It then calls each by its name, followed by the samples of samples.txt.
-// A check gives its failures as a text, empty when there are none, and after it the arrays that it
-// created; these the script passes back, with the name "again:NAME", for a second text of failures.
-// ENDING is how the call ends:
+// A check gives its failures as a text, empty when it found nothing wrong, and after it the arrays
+// that it created; these the script passes back, with the name "again:NAME", for a second text of
+// failures. ENDING is how the call ends:
 //
 //     returns     with so many RESULTS
 //     second      the same, called by the second entry

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "tests/library/failing_new.h"
 
+#include "tests/library/new_operators.h"
 #include "vx/plug.h"
 
 #include <cstdlib>
@@ -16,7 +17,9 @@ bool failed = false;
 Where place = Where::inModule;
 bool moduleRuns = false;
 
-void* allocate(std::size_t size)
+} // namespace
+
+void* allocateForNew(std::size_t size, std::size_t alignment)
 {
     const bool counts = moduleRuns || place == Where::everywhere;
     if (counts && countdown > 0 && --countdown == 0) {
@@ -25,21 +28,18 @@ void* allocate(std::size_t size)
             countdown = 1;
         throw std::bad_alloc();
     }
-    void* block = std::malloc(size == 0 ? 1 : size);
-    if (block == nullptr)
+    void* block = nullptr;
+    if (posix_memalign(&block, alignment, size) != 0)
         throw std::bad_alloc();
     ++live;
     return block;
 }
 
-void release(void* block) noexcept
+void releaseFromDelete(void* block) noexcept
 {
-    if (block != nullptr)
-        --live;
+    --live;
     std::free(block);
 }
-
-} // namespace
 
 FailingNew::FailingNew(std::size_t n, Failing failing, Where where)
 {
@@ -84,10 +84,3 @@ void __wrap_plugAnyFunction(int nlhs, vxArray* results[], int nrhs, const vxArra
 }
 
 } // extern "C"
-
-void* operator new(std::size_t size) { return testsupport::allocate(size); }
-void* operator new[](std::size_t size) { return testsupport::allocate(size); }
-void operator delete(void* block) noexcept { testsupport::release(block); }
-void operator delete[](void* block) noexcept { testsupport::release(block); }
-void operator delete(void* block, std::size_t) noexcept { testsupport::release(block); }
-void operator delete[](void* block, std::size_t) noexcept { testsupport::release(block); }

@@ -28,7 +28,9 @@ def steps_of(chain, server):
     steps = []
     for block in chain:
         text = block.text.replace(SERVER, server)
-        if block.kind in ("run", "run on"):
+        if block.kind == "sample":
+            steps.append((f"{len(steps):03}.sample", ""))
+        if block.kind in ("run", "run on", "sample"):
             steps.append((f"{len(steps):03}.code", text))
         elif block.kind == "file":
             steps.append((f"{len(steps):03}.file.{block.name}", text))
@@ -43,7 +45,9 @@ def printed_blocks(chain, outputs, server):
     outputs = iter(text.replace(server, SERVER) for text in outputs)
     pending, shown, last = "", [], None
     for block in chain:
-        if block.kind in ("run", "run on"):
+        if block.kind == "sample":
+            next(outputs)
+        if block.kind in ("run", "run on", "sample"):
             pending, last = pending + next(outputs), block
         elif block.kind == "file":
             next(outputs)
@@ -69,22 +73,33 @@ def tidy(text):
 
 
 def run(chains, server):
-    """The output of each chain, and the messages when gridio was unloaded after it."""
+    """The output of each chain, the identifiers that were raised, and the messages when gridio was unloaded after it."""
     with tempfile.TemporaryDirectory() as folder:
-        for number, chain in enumerate(chains):
-            steps = pathlib.Path(folder, f"{number:03}")
-            steps.mkdir()
+        samples, folders = pathlib.Path(folder, "samples"), [pathlib.Path(folder, "chains", f"{i:03}") for i in range(len(chains))]
+        samples.mkdir()
+        for steps, chain in zip(folders, chains):
+            steps.mkdir(parents=True)
             for name, text in steps_of(chain, server):
                 (steps / name).write_text(text, encoding="utf-8")
-        done = interpreter.run(HERE / "run_chains.m", folder, folders=(interpreter.oct_folder(), interpreter.INST), text=True,
-                               timeout=300)
+        done = interpreter.run(HERE / "run_chains.m", folders[0].parent, samples, folders=(interpreter.oct_folder(), interpreter.INST),
+                               text=True, timeout=300)
         # The library itself reports on stderr that a server was not reached.
         if done.returncode != 0 or re.search("^error: ", done.stderr, re.M):
             sys.exit(f"the session failed: {done}")
-        for number, chain in enumerate(chains):
-            steps = pathlib.Path(folder, f"{number:03}")
+        for steps, chain in zip(folders, chains):
             outputs = [(steps / f"{i:03}.out").read_text("utf-8") for i in range(len(steps_of(chain, server)))]
-            yield chain, outputs, (steps / "left.out").read_text("utf-8")
+            raised = {word for path in steps.glob("*.raised") for word in path.read_text("utf-8").split()}
+            yield chain, outputs, raised, (steps / "left.out").read_text("utf-8")
+
+
+def entries_without_their_error(raised_at):
+    """Entries for errors whose examples, which are (first block, identifiers raised), do not raise these."""
+    if not any(block.path.name == "errors.texi" for block, _ in raised_at):
+        return []
+    return [f"errors.texi:{entry.first + 1}: no example raises {entry.identifier}" for entry in manual_source.error_entries()
+            if entry.identifier not in manual_source.UNREACHABLE and not any(
+                entry.identifier in raised and block.path.name == "errors.texi" and entry.first <= block.first < entry.last
+                for block, raised in raised_at)]
 
 
 def accept(path, texts):
@@ -100,8 +115,9 @@ def main(arguments):
     chapters = [path for path in manual_source.chapters() if not names or path.name in names]
     chains = [chain for path in chapters for chain in manual_source.chains(path)]
     server = f"http://127.0.0.1:{dap2_server.start().server_port}"
-    failures, compared, rewritten = [], 0, {}
-    for chain, outputs, left in run(chains, server):
+    failures, compared, rewritten, raised_at = [], 0, {}, []
+    for chain, outputs, raised, left in run(chains, server):
+        raised_at.append((chain[0], raised))
         if left:
             failures.append(f"{chain[0].where()}: leaves something behind: {left}")
         try:
@@ -114,6 +130,7 @@ def main(arguments):
             if tidy(block.text) != tidy(text):
                 failures.append(f"{block.where()}: the manual says\n{block.text}and this is printed\n{text}")
                 rewritten.setdefault(block.path, []).append((block, tidy(text)))
+    failures += entries_without_their_error(raised_at)
     if accepting:
         for path, texts in rewritten.items():
             accept(path, texts)

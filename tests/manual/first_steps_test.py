@@ -26,7 +26,7 @@ def commands():
 
 def session():
     """The code typed at the prompt, without its output."""
-    typed = [block.text for block in STEPS if block.kind in ("session", "run", "run on")]
+    typed = [block.text for block in STEPS if block.kind in ("session", "sample", "run on")]
     return "PS1 (''); PS2 ('');\n" + "".join(typed) + "printf ('%s\\n', 'the end'); exit (0);\n"
 
 

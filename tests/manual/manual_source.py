@@ -5,8 +5,15 @@ import pathlib
 import re
 
 CHAPTERS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "manual"
-KINDS = ("run", "run on", "prints", "shell", "file", "form", "terminal", "session", "program", "commands")
+KINDS = ("run", "run on", "sample", "prints", "shell", "file", "form", "terminal", "session", "program", "commands")
 WIDTH = 80  # so that an example fits a page
+
+
+# Errors that no script can cause, and what is raised for files of other programs.
+UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
+               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath", "Ovard:gridio:any:foreignType",
+               "Ovard:gridio:dataset:badPart",  # datasets report it as badFile
+               "Ovard:gridio:dataset:notReplaced"}  # the text of the last holds a random name
 
 
 class Mistake(Exception):
@@ -19,7 +26,7 @@ class Block:
     first: int  # index of its first line in the file
     last: int  # and of the line after its last
     kind: str
-    name: str  # of a file or program
+    name: str  # of a file, program or recipe
     text: str  # as the reader sees it, each line with its end
 
     def where(self):
@@ -45,7 +52,7 @@ def blocks(path):
             at += 1
             continue
         marker = re.fullmatch(r"@c (run on|\w+)(?: (.+))?", lines[at - 1])
-        if not marker or marker[1] not in KINDS or (marker[1] in ("file", "program")) != bool(marker[2]):
+        if not marker or marker[1] not in KINDS or (marker[1] in ("file", "program")) != bool(marker[2] and marker[1] != "sample"):
             raise Mistake(f"{path.name}:{at + 1}: an example without a marker")
         end = at + 1
         while not lines[end].startswith("@end "):
@@ -65,10 +72,40 @@ def chains(path):
     """Lists of blocks that are run in one folder and workspace."""
     found = []
     for block in blocks(path):
-        if block.kind in ("run", "file"):
+        if block.kind in ("run", "sample", "file"):
             found.append([block])
         elif block.kind in ("run on", "prints", "shell"):
             if not found:
                 raise Mistake(f"{block.where()}: nothing to go on from")
             found[-1].append(block)
     return found
+
+
+@dataclasses.dataclass
+class ErrorEntry:
+    identifier: str
+    count: int  # of its arguments; None for errors of the host and of the package
+    first: int  # index of its first line in errors.texi
+    last: int  # and of the line after its last
+    body: str
+
+
+def error_entries():
+    """The entries of the chapter on errors, before the statuses of the library."""
+    text = (CHAPTERS / "errors.texi").read_text("utf-8")
+    text = text[:text.index("@node Statuses of the library")]
+    for entry in re.finditer(r"^@item (.+)\n((?:(?!@item |@end table).*\n)*)", text, re.M):
+        identifier, count = identifier_of(entry[1])
+        yield ErrorEntry(identifier, count, text.count("\n", 0, entry.start()), text.count("\n", 0, entry.end()), entry[2])
+
+
+def identifier_of(head):
+    """The identifier that the first line of an entry abbreviates, and how many arguments it names."""
+    name, _, arguments = head.partition(" (")
+    count = len(arguments.split(", ")) if arguments else 0
+    if name.startswith(("any:", "dataset:")):
+        return f"Ovard:gridio:{name}", count if arguments else None
+    if ":" in name:
+        return name, None
+    space = "validate" if name in ("wrongNumberOfInputs", "argumentOutOfBounds") else "netcdf"
+    return f"Ovard:gridio:{space}:{name}", count

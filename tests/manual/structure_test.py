@@ -9,51 +9,25 @@ import sys
 import tempfile
 import unittest
 
+import error_lists
 import manual_source
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "docs"))
 import make_manual
 
-ERRORS = manual_source.CHAPTERS / "errors.texi"
-HEADERS = [ROOT / "include" / "error_identifiers.h", ROOT / "include" / "any_error_identifiers.h"]
-# Errors that no script can cause.
-UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
-               "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath",
-               "Ovard:gridio:any:foreignType",  # raised for files of other programs
-               "Ovard:gridio:dataset:notReplaced"}  # its text holds a random name
-
-
 def declared_errors():
-    """{identifier: number of arguments} of the module, and of the host without the number."""
-    header = "".join(path.read_text() for path in HEADERS)
-    found = {}
-    for name, constructor, identifier in re.findall(
-            r'struct (\w+) : msgcat::BaseMsgID \{\s*(?:explicit )?\1\(([^)]*)\)\s*:\s*BaseMsgID\("([\w:]+)"', header):
-        found[identifier] = len([word for word in constructor.split(",") if word.strip()])
-    assert len(found) == header.count(": msgcat::BaseMsgID"), "a class was not understood"
-    for source in [*(ROOT / "hosts" / "octave").rglob("*.cpp"), *(ROOT / "hosts" / "octave").rglob("*.m")]:
-        code = "\n".join(line for line in source.read_text().splitlines() if not re.match(r"\s*(%|#|//)", line))
-        for identifier in re.findall(r'"(Ovard:gridio:\w+:\w+)"', code):
-            found.setdefault(identifier, None)
+    """{identifier: number of arguments} of the module, and of the host and the package without the number."""
+    found = {error_lists.PREFIX + identifier: count for identifier, count in error_lists.of_the_module().items()}
+    for identifier in error_lists.of_the_host() | error_lists.of_the_package():
+        assert error_lists.PREFIX + identifier not in found, f"{identifier} is listed twice"
+        found[error_lists.PREFIX + identifier] = None
     return found
 
 
 def entries():
     """{identifier: (number of arguments or None, text of the entry)}"""
-    text = ERRORS.read_text("utf-8")
-    text = text[:text.index("@node Statuses of the library")]
-    found = {}
-    for head, body in re.findall(r"^@item (.+)\n((?:(?!@item |@end table).*\n)*)", text, re.M):
-        name, _, arguments = head.partition(" (")
-        if ":" in name and not name.startswith("any:"):
-            found[name] = (None, body)
-        elif ":" in name:
-            found[f"Ovard:gridio:{name}"] = (len(arguments.split(", ")), body)
-        else:
-            space = "validate" if name in ("wrongNumberOfInputs", "argumentOutOfBounds") else "netcdf"
-            found[f"Ovard:gridio:{space}:{name}"] = (len(arguments.split(", ")) if arguments else 0, body)
-    return found
+    return {entry.identifier: (entry.count, entry.body) for entry in manual_source.error_entries()}
 
 
 def catalogue():
@@ -77,6 +51,12 @@ class Errors(unittest.TestCase):
         self.assertEqual(found, expected)
         self.assertIn("Octave:bad-alloc", entries())
 
+    def test_are_raised_by_kinds_of_the_list(self):
+        for path in (ROOT / "hosts" / "octave" / "inst").rglob("*.m"):
+            if path.name != "error_identifier.m":
+                with self.subTest(path.name):
+                    self.assertNotRegex(path.read_text("utf-8"), r"\b(error|warning) \(\[?\"Ovard:", "use fail or error_identifier")
+
     def test_have_a_meaning_a_cause_and_a_cure(self):
         for name, (_, body) in entries().items():
             with self.subTest(name):
@@ -87,7 +67,7 @@ class Errors(unittest.TestCase):
         for name, (_, body) in entries().items():
             with self.subTest(name):
                 shown = re.findall(r"@c prints\n@smallexample\n(.*?)@end smallexample", body, re.S)
-                self.assertEqual(not shown, name in UNREACHABLE)
+                self.assertEqual(not shown, name in manual_source.UNREACHABLE)
                 if shown and name in patterns:
                     self.assertRegex(" ".join(shown), rf"(error|warning):\s+({'|'.join(patterns[name])})")
 
@@ -150,7 +130,7 @@ class Built(unittest.TestCase):
         functions = re.findall(r"^ (\w+)$", (ROOT / "hosts/octave/package/INDEX").read_text(), re.M)
         self.assertGreater(len(functions), 4)
         for name in functions:
-            self.assertRegex(index, rf"(?m)^\* {name}: +The package\.")
+            self.assertTrue(re.search(rf"(?m)^\* {name}: +The package\.", index), name)
 
     def test_leads_nowhere_wrong(self):
         count = 0

@@ -6,11 +6,11 @@ More variables with DECODED_VARIABLES; another seed with DECODED_SEED.
 import os
 import pathlib
 import random
-import subprocess
 import tempfile
 import unittest
 import warnings
 
+import interpreter
 import netCDF4
 import numpy
 
@@ -19,7 +19,6 @@ COUNT = int(os.environ.get("DECODED_VARIABLES", "400"))
 SEED = int(os.environ.get("DECODED_SEED", "13"))
 LENGTH = 60
 SCRIPT = r"""
-addpath (getenv ("GRIDIO_OCT_DIR"));
 ncid = gridio ("open", "made.nc", "nowrite");
 d = gridio_native ("describe", ncid);
 f = fopen ("decoded.bin", "w");
@@ -95,18 +94,30 @@ def make(path, draw):
     return made
 
 
+def by_the_binding(variable):
+    """None where it fails: with numpy 2 it cannot hold the negative fill value of an unsigned variable."""
+    try:
+        return numpy.ma.filled(variable[:].astype("f8"), numpy.nan)
+    except TypeError as failure:
+        assert "Cannot convert fill_value" in str(failure), failure
+        return None
+
+
 class Decoding(unittest.TestCase):
     def test_gives_the_values_of_the_python_binding(self):
         with tempfile.TemporaryDirectory() as folder:
             path = pathlib.Path(folder, "made.nc")
             made = make(path, random.Random(SEED))
             pathlib.Path(folder, "script.m").write_text(SCRIPT)
-            subprocess.run([os.environ["OCTAVE_CLI"], "--norc", "--quiet", "script.m"], cwd=folder, check=True,
-                           env=dict(os.environ, OCTAVE_HISTFILE=os.devnull))
+            interpreter.output_of("script.m", cwd=folder)
             ours = numpy.fromfile(pathlib.Path(folder, "decoded.bin")).reshape(COUNT, LENGTH)
             with netCDF4.Dataset(path) as file:
+                decoded = [by_the_binding(file[f"v{number}"]) for number in range(COUNT)]
+                self.assertGreater(sum(values is not None for values in decoded), 3 * COUNT // 4)
                 for number, what in enumerate(made):
-                    theirs = numpy.ma.filled(file[f"v{number}"][:].astype("f8"), numpy.nan)
+                    theirs = decoded[number]
+                    if theirs is None:
+                        continue
                     stored = file[f"v{number}"]
                     stored.set_auto_maskandscale(False)
                     with self.subTest(number=number, made=what, stored=stored[:].tolist()):

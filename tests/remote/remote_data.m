@@ -1,6 +1,6 @@
 % SPDX-License-Identifier: BSD-3-Clause
 % Remote data through gridio against the same data in a local file, and what failures leave behind.
-% Arguments: the folder of gridio.oct, the server's address, the local file, a port without a server.
+% Arguments: the server's address, the local file, a port without a server.
 
 1;
 
@@ -137,8 +137,7 @@ function check_zarr (folder)
 end
 
 global passed = 0 failed = 0
-[folder, server, file, dead_port] = argv (){:};
-addpath (folder);
+[server, file, dead_port] = argv (){:};
 
 local = gridio ("open", file, "nowrite");
 remote = gridio ("open", [server "/good"], "nowrite");

@@ -1,9 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: BSD-3-Clause
-"""Runs remote_data.m against a server of this process and a local file of the same data, made by ncgen.
-
-Arguments: octave-cli, the folder of gridio.oct.
-"""
+"""Runs remote_data.m against a server of this process and a local file of the same data, made by ncgen."""
 import os
 import socket
 import subprocess
@@ -11,6 +8,7 @@ import sys
 import tempfile
 
 import dap2_server
+import interpreter
 
 CDL_TYPES = {"Float64": "double", "Float32": "float", "Int32": "int", "Int16": "short", "Byte": "ubyte"}
 
@@ -33,7 +31,7 @@ def unused_port():
         return probe.getsockname()[1]
 
 
-def check_unreachable_host(octave, folder, environment):
+def check_unreachable_host(scratch):
     """In a network name space of its own, where there is no way to anywhere: nothing leaves the machine."""
     alone = ["unshare", "-rn"]
     if subprocess.run([*alone, "true"], capture_output=True).returncode != 0:
@@ -42,8 +40,8 @@ def check_unreachable_host(octave, folder, environment):
     script = ("try, gridio ('open', 'http://192.0.2.1/good', 'nowrite');"
               "catch err, printf ('%s %s\\n', err.identifier, strsplit (err.message, ':'){2}); end;"
               "printf ('%d\\n', gridio ('parameter', 'NC_WRITE'));")
-    run = subprocess.run([*alone, octave, "--norc", "--no-history", "--path", folder, "--eval", script],
-                         env=environment, capture_output=True, text=True, timeout=60)
+    run = subprocess.run([*alone, *interpreter.command(None, "--eval", script)],
+                         env=interpreter.environment(scratch), capture_output=True, text=True, timeout=60)
     expected = "Ovard:gridio:netcdf:librarydapFailure  NC_EIO\n1\n"
     if run.stdout == expected and run.returncode == 0:
         return 0
@@ -52,19 +50,14 @@ def check_unreachable_host(octave, folder, environment):
 
 
 def main():
-    octave, folder = sys.argv[1:]
     script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "remote_data.m")
     server = dap2_server.start()
     with tempfile.TemporaryDirectory() as scratch:
         file = os.path.join(scratch, "good.nc")
         write_local_file(file)
-        # A proxy of the machine must not come between the library and the loopback address.
-        environment = {**os.environ, "OCTAVE_HISTFILE": os.path.join(scratch, "history"), "HOME": scratch,
-                       "http_proxy": "", "HTTP_PROXY": "", "no_proxy": "*"}
-        command = [octave, "--norc", "--no-history", script, folder,
-                   f"http://127.0.0.1:{server.server_port}", file, str(unused_port())]
-        return (subprocess.run(command, env=environment, timeout=120).returncode
-                or check_unreachable_host(octave, folder, environment))
+        command = interpreter.command(script, f"http://127.0.0.1:{server.server_port}", file, unused_port())
+        return (subprocess.run(command, env=interpreter.environment(scratch), timeout=120).returncode
+                or check_unreachable_host(scratch))
 
 
 if __name__ == "__main__":

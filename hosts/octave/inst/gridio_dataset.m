@@ -4,9 +4,10 @@ classdef gridio_dataset < handle
 
   ## -*- texinfo -*-
   ## @deftypefn  {} {@var{ds} =} gridio_dataset (@var{file})
+  ## @deftypefnx {} {@var{ds} =} gridio_dataset (@var{files})
   ## @deftypefnx {} {@var{ds} =} gridio_dataset (@var{file}, @var{mode})
   ## @deftypefnx {} {@var{ds} =} gridio_dataset (@dots{}, @var{option}, @var{value}, @dots{})
-  ## Open a netCDF file, or an address, as a labelled dataset.
+  ## Open a netCDF file, or an address, or many files as one, as a labelled dataset.
   ##
   ## @var{mode} is @qcode{"read"}, the default, @qcode{"write"}, @qcode{"new"}, or @qcode{"replace"}.
   ## The file is closed when the last variable that refers to the dataset or to a part of it is
@@ -33,6 +34,17 @@ classdef gridio_dataset < handle
   ## those of the variables with such attributes.  @code{group (NAME)} is a dataset of a group.  @code{find (ATTRIBUTE, VALUE)}
   ## is the one variable with this attribute.  @code{bounds (NAME)} has the bounds of a coordinate's cells, as stored or
   ## else half way between the values.  @code{attributes ()} is a struct.  @code{close ()} closes the file now.
+  ## @item Many files
+  ## @var{files} is a pattern such as @qcode{"sst_*.nc"}, or a cell of paths and patterns, also of one.  The files are joined
+  ## along their unlimited dimension, else along that of their times, else along the one whose coordinates differ;
+  ## @qcode{"along"} names another, and @qcode{"new dimension"} one that they do not have, whose coordinate has the numbers in
+  ## which the files' names differ, or the names.  They are sorted by the coordinate, not by name, and all times are in the
+  ## units of the first file, which also has the attributes and whatever does not lie along the joined dimension.  Each file is
+  ## unpacked by its own attributes, and opened when it is read; at most 64 are open at a time.  Reductions read one file
+  ## after the other.  @code{files ()} is a struct with the paths in order, their lengths, first and last coordinates, the
+  ## gaps between them and which overlap.  A file that cannot be read is an error, or with
+  ## @qcode{"missing", "skip"} left out with a warning.  A @file{.catalogue.nc} that @code{gridio_catalogue} has made opens the
+  ## files of which it was made.  Many files are only read.
   ## @item Writing
   ## @qcode{"new"} creates a file and refuses one that is there; @qcode{"replace"} writes beside the file, which is replaced when
   ## the new one is closed, and stays if an error comes before; @qcode{"write"} opens a file to change it.  The option
@@ -54,7 +66,7 @@ classdef gridio_dataset < handle
   ## Datasets can be neither saved nor concatenated; the values that are read from them are ordinary arrays.  A function for
   ## @code{parcellfun}, which saves it for other processes, opens its datasets itself.
   ##
-  ## @seealso{gridio_variable, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
+  ## @seealso{gridio_variable, gridio_catalogue, gridio_show, gridio_read, gridio_write, gridio_plot, gridio}
   ## @end deftypefn
 
   properties (Access = private)

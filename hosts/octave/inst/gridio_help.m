@@ -30,8 +30,8 @@
 function text = gridio_help (operation)
 
   if (nargin > 0 && ! (ischar (operation) && rows (operation) <= 1))
-    error ("Ovard:gridio:help:nameWasNotChar", ...
-           "gridio_help: the name of the operation must be text, such as \"open\"");
+    fail ("help:nameWasNotChar", ...
+          "gridio_help: the name of the operation must be text, such as \"open\"");
   endif
 
   ## The overview, then one part for each operation, which begins with its name.
@@ -43,9 +43,9 @@ function text = gridio_help (operation)
     [names, entries] = strtok (parts(2:end), "\n");
     known = strcmp (names, operation);
     if (! any (known))
-      error ("Ovard:gridio:help:unknownOperation", ...
-             "gridio_help: there is no operation \"%s\"; %s", ...
-             visible_text (operation), advice (nearest_names (operation, unique (names, "stable"))));
+      fail ("help:unknownOperation", ...
+            "gridio_help: there is no operation \"%s\"; %s", ...
+            visible_text (operation), advice (nearest_names (operation, unique (names, "stable"))));
     endif
     ## A name may be in both tables.
     found = strjoin (cellfun (@(entry) entry(2:end), entries(known), "UniformOutput", false), "\n");

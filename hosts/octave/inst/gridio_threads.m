@@ -43,7 +43,7 @@ function number = gridio_threads (count)
   endif
 
   if (! (isnumeric (count) && isreal (count) && isscalar (count) && any (count == 0:256)))
-    error ("Ovard:gridio:host:threadCount", "gridio_threads: COUNT must be a whole number from 0 to 256");
+    fail ("host:threadCount", "gridio_threads: COUNT must be a whole number from 0 to 256");
   endif
   if (nargout > 0)
     number = chosen ();

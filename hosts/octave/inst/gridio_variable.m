@@ -66,7 +66,7 @@ classdef gridio_variable < handle
   ## The same variable without decoding.
   ## @end table
   ##
-  ## @code{numel} of a variable is 1; @code{size} and @code{ndims} are those of its values.  An access costs some calls of
+  ## @code{numel} of a variable is 1; @code{size}, @code{length} and @code{ndims} are those of its values.  An access costs some calls of
   ## functions: read a block, and loop over that.
   ##
   ## @seealso{gridio_dataset, gridio_read, gridio_plot}
@@ -174,7 +174,11 @@ classdef gridio_variable < handle
 
     function varargout = plot (self, varargin)
       varargout = cell (1, nargout);
-      [varargout{:}] = gridio_plot (self, varargin{:});
+      if (nargin > 1 && (isnumeric (varargin{1}) || isa (varargin{1}, "gridio_variable")))
+        [varargout{:}] = plot (plain_values ({self, varargin{:}}){:}); # as plot (X, Y) of arrays
+      else
+        [varargout{:}] = gridio_plot (self, varargin{:});
+      endif
     endfunction
 
     function saved = saveobj (~)
@@ -221,5 +225,25 @@ endclassdef
 %!   assert (mean (ds.t, "x"), 2);
 %! unwind_protect_cleanup
 %!   clear ds
+%!   delete (path);
+%! end_unwind_protect
+
+%!test
+%! ## As arguments of plot and length, variables are their values.
+%! path = [tempname() ".nc"];
+%! fig = figure ("visible", "off");
+%! unwind_protect
+%!   gridio_write (path, "x", [1 2 4], "x");
+%!   gridio_write (path, "t", [5 6 7], "x");
+%!   ds = gridio_dataset (path);
+%!   assert (length (ds.t), 3);
+%!   line = plot (ds.x, ds.t);
+%!   assert (get (line, "xdata"), [1 2 4]);
+%!   assert (get (line, "ydata"), [5 6 7]);
+%!   line = plot (ds.x, reshape ([1 0 1], 1, 1, 3));
+%!   assert (get (line, "ydata"), [1 0 1]);
+%! unwind_protect_cleanup
+%!   clear ds
+%!   close (fig);
 %!   delete (path);
 %! end_unwind_protect

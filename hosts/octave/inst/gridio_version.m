@@ -15,6 +15,9 @@
 ## the versions in use, as text
 ## @item netcdf_built_with
 ## the version of the netCDF library that gridio was compiled with
+## @item hdf5_libraries
+## the paths of the HDF5 libraries in this process: first that of the netCDF library, then any other, such as one of Octave's own.
+## Two at once do not disturb each other
 ## @item features
 ## a struct of logical values: remote data through @code{dap2} and @code{dap4}, @code{zarr} storage, the format
 ## @code{cdf5}, @code{diskless} files, @code{parallel} access
@@ -55,6 +58,9 @@ function print_report (found)
     printf (" (built with %s)", found.netcdf_built_with);
   endif
   printf ("\nHDF5     %s\n", found.hdf5);
+  if (numel (found.hdf5_libraries) > 1)
+    printf ("         from %s; also loaded: %s\n", found.hdf5_libraries{1}, strjoin (found.hdf5_libraries(2:end), ", "));
+  endif
   printf ("Octave   %s\n", version ());
   printf ("system   %s\n", computer ());
   print_flags ("features", found.features);

@@ -93,7 +93,7 @@ function close_after (failure, ncid, file)
   if (! isempty (file))
     unlink (file);
   endif
-  rethrow (failure);
+  raise (failure.identifier, failure.message);
 
 endfunction
 

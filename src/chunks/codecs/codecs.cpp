@@ -3,7 +3,6 @@
 #include "chunks/codecs/factories.h"
 
 #include <algorithm>
-#include <array>
 
 namespace Ovard::gridio {
 namespace {
@@ -14,41 +13,41 @@ struct Codec {
     std::unique_ptr<Decompressor> (*makeDecompressor)(const Filter&);
 };
 
-// A last row that is no codec keeps the table from being empty.
-const Codec codecs[] = {
+// Those of the libraries that gridio was built with: perhaps none.
+const std::vector<Codec>& codecs()
+{
+    static const std::vector<Codec> table = {
 #ifdef GRIDIO_HAS_LIBDEFLATE
-    {deflateFilter, "deflate", makeDeflateDecompressor},
+        {deflateFilter, "deflate", makeDeflateDecompressor},
 #endif
 #ifdef GRIDIO_HAS_LIBAEC
-    {szipFilter, "szip", makeSzipDecompressor},
+        {szipFilter, "szip", makeSzipDecompressor},
 #endif
 #ifdef GRIDIO_HAS_BZIP2
-    {bzip2Filter, "bzip2", makeBzip2Decompressor},
+        {bzip2Filter, "bzip2", makeBzip2Decompressor},
 #endif
 #ifdef GRIDIO_HAS_BLOSC
-    {bloscFilter, "blosc", makeBloscDecompressor},
+        {bloscFilter, "blosc", makeBloscDecompressor},
 #endif
 #ifdef GRIDIO_HAS_LZ4
-    {lz4Filter, "lz4", makeLz4Decompressor},
+        {lz4Filter, "lz4", makeLz4Decompressor},
 #endif
 #ifdef GRIDIO_HAS_ZSTD
-    {zstdFilter, "zstd", makeZstdDecompressor},
+        {zstdFilter, "zstd", makeZstdDecompressor},
 #endif
-    {0, nullptr, nullptr},
-};
+    };
+    return table;
+}
 
-const Codec* findCodec(unsigned filter)
+std::vector<Codec>::const_iterator findCodec(unsigned filter)
 {
-    const auto found =
-        std::find_if(std::begin(codecs), std::end(codecs), [filter](const Codec& codec) {
-            return codec.name != nullptr && codec.filter == filter;
-        });
-    return found == std::end(codecs) ? nullptr : found;
+    return std::find_if(codecs().begin(), codecs().end(),
+                        [filter](const Codec& codec) { return codec.filter == filter; });
 }
 
 } // namespace
 
-bool isCodec(unsigned filter) { return findCodec(filter) != nullptr; }
+bool isCodec(unsigned filter) { return findCodec(filter) != codecs().end(); }
 
 std::unique_ptr<Decompressor> makeDecompressor(const Filter& filter)
 {
@@ -67,10 +66,8 @@ std::unique_ptr<Compressor> makeCompressor([[maybe_unused]] const Filter& filter
 std::vector<const char*> codecNames()
 {
     std::vector<const char*> names;
-    for (const Codec& codec : codecs) {
-        if (codec.name != nullptr)
-            names.push_back(codec.name);
-    }
+    for (const Codec& codec : codecs())
+        names.push_back(codec.name);
     return names;
 }
 

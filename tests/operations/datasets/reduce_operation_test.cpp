@@ -76,7 +76,7 @@ TEST_F(Reduce, ReturnsOneResultForEachGroup)
 TEST_F(Reduce, MultipliesTheWeightsOfDimensions)
 {
     const int ncid = openField(true);
-    for (const char* kind : {"mean", "sum", "min", "max", "std", "var", "count"}) {
+    for (const char* kind : {"mean", "sum", "min", "max", "std", "var", "count", "weight"}) {
         for (unsigned which = 0; which < 8; ++which) {
             SCOPED_TRACE(std::string(kind) + " " + std::to_string(which));
             const Task task{kind,

@@ -40,7 +40,7 @@ inline double reduced(const std::string& kind, Numbers values, const Numbers& we
     if (kind == "count")
         return static_cast<double>(n);
     if (n == 0)
-        return gap;
+        return kind == "weight" ? 0 : gap;
     long double sum = 0;
     long double total = 0;
     for (std::size_t i = 0; i < n; ++i) {
@@ -61,7 +61,8 @@ inline double reduced(const std::string& kind, Numbers values, const Numbers& we
         {"var", spread / divisor},
         {"std", std::sqrt(spread / divisor)},
         {"min", *std::min_element(values.begin(), values.end())},
-        {"max", *std::max_element(values.begin(), values.end())}};
+        {"max", *std::max_element(values.begin(), values.end())},
+        {"weight", total}};
     return static_cast<double>(results.at(kind));
 }
 

@@ -31,8 +31,8 @@ function append_records (ncid, varargin)
       fixed = variables(i).lengths(1:end-1);
       write_block (ncid, variables(i).varid, [zeros(size (fixed)), length], [fixed, counts(i)], stored{i});
     catch failure
-      error (failure.identifier, "the records from %d on are not whole, from '%s' on: %s", length + 1, ...
-             shown_text (names{i}), failure.message);
+      raise (failure.identifier, sprintf ("the records from %d on are not whole, from '%s' on: %s", length + 1, ...
+                                          shown_text (names{i}), failure.message));
     end_try_catch
   endfor
 

@@ -11,7 +11,7 @@ function answer = ask_gridio (what)
 
   file = file_in_loadpath ("gridio.oct");
   if (isempty (file))
-    error ("Ovard:gridio:host:notOnPath", "gridio.oct is not on the load path: is the package loaded?");
+    fail ("host:notOnPath", "gridio.oct is not on the load path: is the package loaded?");
   endif
 
   autoload ("__gridio_session__", file);

@@ -92,10 +92,25 @@ function point = point_of (axis, value)
   elseif (! (isnumeric (value) && isreal (value) && isscalar (value)) || isnan (value))
     bad_value (axis, value);
   elseif (axis.isTime && has_datenum (axis.calendar))
-    point = convert_times ("datenumToTimes", double (value), axis.units, axis.calendar);
+    point = time_of_day_number (axis, double (value));
   else
     point = double (value);
   endif
+
+endfunction
+
+function point = time_of_day_number (axis, value)
+
+  try
+    point = convert_times ("datenumToTimes", value, axis.units, axis.calendar);
+  catch failure
+    hint = "";
+    if (value == fix (value) && value >= 1000 && value < 10000)
+      hint = sprintf ("; the year is \"%d\"", value);
+    endif
+    fail ("badSelection", "'%s' cannot be selected by the day number %g%s: %s", visible_text (axis.name), value, hint, ...
+          failure.message);
+  end_try_catch
 
 endfunction
 

@@ -25,7 +25,7 @@ function assign_block (ncid, varid, index, values, isEncoded = true)
   try
     write_pieces (ncid, varid, pieces, values, [width, counts]);
   catch failure
-    error (failure.identifier, "'%s' may be written in part: %s", shown_text (name), failure.message);
+    raise (failure.identifier, sprintf ("'%s' may be written in part: %s", shown_text (name), failure.message));
   end_try_catch
 
 endfunction

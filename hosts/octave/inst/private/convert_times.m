@@ -22,7 +22,7 @@ function varargout = convert_times (operation, values, units, calendar)
       cure = [" The option \"months\" of gridio_dataset says how: \"calendar\" or \"udunits\"; \"times\", false leaves" ...
               " the numbers as they are."];
     endif
-    error (failure.identifier, "%s", [failure.message cure]);
+    raise (failure.identifier, [failure.message cure]);
   end_try_catch
 
 endfunction

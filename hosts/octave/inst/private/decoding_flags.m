@@ -12,16 +12,18 @@ function flags = decoding_flags (varargin)
   isOn = [true, true, true, true, true, false, true, true];
   for k = 1:2:numel (varargin)
     [name, value] = varargin{k:k+1};
-    if (! (isscalar (value) && (islogical (value) || (isnumeric (value) && any (value == [0 1])))))
-      fail ("badOption", "option \"%s\" must be true or false", shown_text (name));
+    if (any (strcmp (name, {"along", "new dimension"})))
+      fail ("badOption", "option \"%s\" is for many files: a pattern such as \"sst_*.nc\", or a cell of paths", name);
+    elseif (! any (strcmp (name, [names, "decode"])))
+      unknown_name ("badOption", "option", name, [names, "decode", "months", "along", "new dimension"]);
+    elseif (! (isscalar (value) && (islogical (value) || (isnumeric (value) && any (value == [0 1])))))
+      fail ("badOption", "option \"%s\" must be true or false", name);
     endif
     which = strcmp (name, names);
     if (any (which))
       isOn(which) = value;
-    elseif (strcmp (name, "decode"))
-      isOn(1:8) = value & [true, true, true, true, true, isOn(6), true, true];
     else
-      unknown_name ("badOption", "option", name, [names, "decode", "months"]);
+      isOn(1:8) = value & [true, true, true, true, true, isOn(6), true, true];
     endif
   endfor
   flags = sum (2 .^ (find (isOn) - 1));

@@ -18,7 +18,7 @@ function times = encode_times (values, encoding)
       times = reshape (gridio_native ("datenumToTimes", values(:), encoding.units, encoding.calendar), size (values));
     endif
   catch failure
-    error (failure.identifier, "the times of '%s': %s", shown_text (encoding.name), failure.message);
+    raise (failure.identifier, sprintf ("the times of '%s': %s", shown_text (encoding.name), failure.message));
   end_try_catch
 
 endfunction

@@ -2,11 +2,11 @@
 
 ## -*- texinfo -*-
 ## @deftypefn {} {} fail (@var{kind}, @var{template}, @dots{})
-## Undocumented internal function: raise the error @code{Ovard:gridio:dataset:}@var{kind}.
+## Undocumented internal function: raise an error of a kind that @code{error_identifier} lists.
 ## @end deftypefn
 
 function fail (kind, template, varargin)
 
-  error (["Ovard:gridio:dataset:" kind], [template "%s"], varargin{:}, "");
+  raise (error_identifier (kind), sprintf ([template "%s"], varargin{:}, ""));
 
 endfunction

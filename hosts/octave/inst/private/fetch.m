@@ -1,12 +1,12 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {@var{x} =} fetch (@var{ncid}, @var{varid}, @var{lengths}, @var{lists}, @var{flags}, @var{is_opaque})
+## @deftypefn {} {@var{x} =} fetch (@var{source}, @var{lengths}, @var{lists}, @var{flags}, @var{is_opaque})
 ## Undocumented internal function: the values of a variable as gridio_native reads them, at lists of positions from 1, in as
-## few reads as it takes without reading much that is not wanted.
+## few reads as it takes without reading much that is not wanted.  @var{source} has the first arguments of the read.
 ## @end deftypefn
 
-function x = fetch (ncid, varid, lengths, lists, flags, isOpaque)
+function x = fetch (source, lengths, lists, flags, isOpaque)
 
   dims = numel (lengths);
   start = zeros (1, dims);
@@ -27,10 +27,10 @@ function x = fetch (ncid, varid, lengths, lists, flags, isOpaque)
     waste(k) = count(k) / numel (list);
   endfor
   if (all (count > 0) && any (waste > 2))
-    x = fetch_in_runs (ncid, varid, lengths, lists, flags, isOpaque, find (waste == max (waste), 1, "last"));
+    x = fetch_in_runs (source, lengths, lists, flags, isOpaque, find (waste == max (waste), 1, "last"));
     return;
   endif
-  x = gridio_native ("read", ncid, varid, start, count, stride, flags);
+  x = gridio_native (source{:}, start, count, stride, flags);
   if (! all (strcmp (pick, ":")))
     x = x(bytes{:}, pick{:});
   endif
@@ -62,7 +62,7 @@ function [start, count, stride, pick] = range_of (list)
 endfunction
 
 ## Reads stretches of neighbouring positions of dimension k by themselves.
-function x = fetch_in_runs (ncid, varid, lengths, lists, flags, isOpaque, k)
+function x = fetch_in_runs (source, lengths, lists, flags, isOpaque, k)
 
   [sorted, ~, places] = unique (lists{k});
   ends = [find(diff (sorted) > 4), numel(sorted)];
@@ -70,7 +70,7 @@ function x = fetch_in_runs (ncid, varid, lengths, lists, flags, isOpaque, k)
   parts = cell (1, numel (ends));
   for r = 1:numel (ends)
     lists{k} = sorted(first:ends(r));
-    parts{r} = fetch (ncid, varid, lengths, lists, flags, isOpaque);
+    parts{r} = fetch (source, lengths, lists, flags, isOpaque);
     first = ends(r) + 1;
   endfor
   x = cat (k + isOpaque, parts{:});

@@ -8,6 +8,9 @@
 
 function file_close (file, isWhole = true)
 
+  if (! isempty (file.many))
+    gridio_native ("closeParts", file.many.owner);
+  endif
   try
     gridio ("close", file.ncid);
   catch failure
@@ -15,7 +18,7 @@ function file_close (file, isWhole = true)
     if (strcmp (file.mode, "replace"))
       where = sprintf ("\n\"%s\" was not replaced; what was written is in \"%s\"", shown_text (file.path), shown_text (file.part));
     endif
-    error (failure.identifier, "%s%s", failure.message, where);
+    raise (failure.identifier, "%s%s", failure.message, where);
   end_try_catch
   if (! strcmp (file.mode, "replace"))
     return;

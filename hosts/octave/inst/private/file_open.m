@@ -7,8 +7,17 @@
 
 function file = file_open (path, varargin)
 
+  if (is_catalogue (path) && (mod (numel (varargin), 2) == 0 || isequal (varargin{1}, "read")))
+    file = catalogue_open (path, varargin{:});
+    return;
+  endif
+  [paths, label] = many_paths (path);
+  if (! isempty (paths))
+    file = many_open (paths, label, varargin{:});
+    return;
+  endif
   if (! ischar (path) || isempty (path) || rows (path) > 1)
-    fail ("notAFile", "the file must be a text, its path or address");
+    fail ("notAFile", "the file must be a text, its path or address, or a cell of paths");
   endif
   mode = "read";
   if (mod (numel (varargin), 2) == 1)
@@ -18,25 +27,27 @@ function file = file_open (path, varargin)
   [format, varargin] = format_option (mode, varargin);
   [months, varargin] = months_option (varargin);
   file = struct ("months", months, "path", path, "mode", mode, "flags", decoding_flags (varargin{:}), ...
-                 "lastError", lasterror (), "serial", next_serial (), ...
+                 "lastError", lasterror (), "many", [], "serial", next_serial (), ...
                  "process", process_number (), "isBroken", false);
-  switch (mode)
-    case {"read", "write"}
-      file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
-    case {"new", "replace"}
-      file.ncid = file_create (path, mode, format);
-    otherwise
-      fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
-  endswitch
-  if (strcmp (mode, "replace"))
-    file.part = gridio_any ("inqPath", file.ncid);
-  endif
-  file.session = gridio_native ("session");
   try
+    switch (mode)
+      case {"read", "write"}
+        file.ncid = gridio ("open", path, double (strcmp (mode, "write")));
+      case {"new", "replace"}
+        file.ncid = file_create (path, mode, format);
+      otherwise
+        fail ("badMode", "\"%s\" is not a mode; the modes are \"read\", \"write\", \"new\" and \"replace\"", shown_text (mode));
+    endswitch
+    if (strcmp (mode, "replace"))
+      file.part = gridio_any ("inqPath", file.ncid);
+    endif
+    file.session = gridio_native ("session");
     file.d = file_description (file.ncid);
   catch failure
-    gridio ("close", file.ncid);
-    rethrow (failure);
+    if (isfield (file, "ncid"))
+      gridio ("close", file.ncid);
+    endif
+    raise (failure.identifier, failure.message);
   end_try_catch
 
 endfunction

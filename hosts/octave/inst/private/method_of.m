@@ -16,6 +16,7 @@ function [method, most] = method_of (class_, name)
     "group",      @dataset_group,      1
     "find",       @dataset_find,       1
     "bounds",     @dataset_bounds,     1
+    "files",      @dataset_files,      1
     "put",        @dataset_put,        0
     "append",     @dataset_append,     0
     "close",      @close,              0

@@ -43,6 +43,10 @@ function counts = value_counts (name, ndims_, sizes)
   endif
   sizes(end+1:ndims_) = 1;
   if (any (sizes(ndims_+1:end) != 1))
+    if (ndims_ == 0)
+      fail ("badDimensions", "'%s' has values of size %s, so its dimensions need names, such as \"time\" or {\"lon\", \"lat\"}", ...
+            shown_text (name), strjoin (arrayfun (@(n) sprintf ("%d", n), sizes, "UniformOutput", false), "x"));
+    endif
     fail ("shapeDoesNotFit", "'%s' has values of size %s, which are more dimensions than the %d named", ...
           shown_text (name), strjoin (arrayfun (@(n) sprintf ("%d", n), sizes, "UniformOutput", false), "x"), ndims_);
   endif

@@ -19,7 +19,7 @@ function request = parse_reduction (file, number, given)
       fail ("badCall", "the dimensions to reduce are a name, a cell of names, or \":\" for all; not %s", shown_text (names));
     endif
   endif
-  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", []);
+  request = struct ("isReduced", false (1, numel (shape.lengths)), "weights", [], "by", "", "selection", [], "on", {{}});
   if (isempty (names) || ischar (names))
     request.isReduced(:) = true;
   else
@@ -27,10 +27,15 @@ function request = parse_reduction (file, number, given)
       request.isReduced(places_of (file, number, shape, name{1})) = true;
     endfor
   endif
+  ofPlaces = {"on", "folder", "bin", "workers", "tasks", "sbatch"};
+  isAtPlace = any (cellfun (@(word) is_word (word, "on"), given));
   k = 1;
   while (k < numel (given))
     if (ischar (given{k}) && any (strcmp (given{k}, {"weights", "by"})))
       request.(given{k}) = given{k+1};
+      given(k:k+1) = [];
+    elseif (isAtPlace && ischar (given{k}) && any (strcmp (given{k}, ofPlaces)))
+      request.on(end+1:end+2) = given(k:k+1);
       given(k:k+1) = [];
     else
       k += 2 + is_word (given{k}, "index");

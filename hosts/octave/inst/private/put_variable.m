@@ -49,7 +49,7 @@ function put_variable (ncid, name, values, dimensions = {}, varargin)
     end_unwind_protect
     write_block (ncid, varid, zeros (1, numel (dims)), [dims.count], stored);
   catch failure
-    error (failure.identifier, "'%s' is not whole in the file: %s", shown_text (name), failure.message);
+    raise (failure.identifier, sprintf ("'%s' is not whole in the file: %s", shown_text (name), failure.message));
   end_try_catch
 
 endfunction
@@ -146,7 +146,7 @@ function warn_of_order (name, stored, encoding)
   if (encoding.isCoordinate && isnumeric (stored) && numel (stored) > 1)
     steps = sign (diff (double (stored(:))));
     if (any (steps != steps(1)) || steps(1) == 0)
-      warning ("Ovard:gridio:dataset:notMonotonic", ...
+      warning (error_identifier ("notMonotonic"), ...
                "'%s' neither ascends nor descends throughout, as coordinate variables should", shown_text (name));
     endif
   endif

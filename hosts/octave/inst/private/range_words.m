@@ -36,9 +36,10 @@ endfunction
 
 function words = range_of (file, k, lengths)
 
-  values = ends_of (file, k, lengths);
+  isOrdered = is_of_own_dimension (file.d, k) || ! strcmp (file.d.variables.kind{k}, "number");
+  values = ends_of (file, k, lengths, isOrdered);
   if (isnumeric (values))
-    words = number_range (file, k, double (values), numel (lengths) > 1);
+    words = number_range (file, k, double (values), ! isOrdered);
   else
     texts = cellfun (@(text) ["\"" shortened(visible_text (text), 30) "\""], cellstr (values)(:)', "UniformOutput", false);
     words = strjoin (texts, " ... ");
@@ -46,29 +47,30 @@ function words = range_of (file, k, lengths)
 
 endfunction
 
-## The first and the last value along a dimension; of several dimensions all values, unless they are very many.
-function values = ends_of (file, k, lengths)
+## The first and the last value of a coordinate that is in order; else all values, unless they are very many.
+function values = ends_of (file, k, lengths, isOrdered)
 
   file.flags = bitand (file.flags, 255 - 64 - 32);
   if (numel (lengths) == 0)
     values = read_block (file, k, {});
-  elseif (numel (lengths) == 1)
+  elseif (isOrdered && numel (lengths) == 1)
     values = read_block (file, k, {unique([1, lengths])});
   elseif (prod (lengths) <= 2e5)
     values = read_positions (file, k, {":"});
   else
-    values = read_block (file, k, arrayfun (@(n) 1:max (1, floor (n / 100)):n, lengths, "UniformOutput", false));
+    steps = merge (numel (lengths) == 1, 1e4, 100);
+    values = read_block (file, k, arrayfun (@(n) 1:max (1, floor (n / steps)):n, lengths, "UniformOutput", false));
   endif
 
 endfunction
 
-function words = number_range (file, k, values, isField)
+function words = number_range (file, k, values, isUnordered)
 
   values = values(! isnan (values));
   if (isempty (values))
     words = "missing";
     return;
-  elseif (isField)
+  elseif (isUnordered)
     values = [min(values(:)), max(values(:))];
   endif
   [units, calendar] = time_of (file, k);
@@ -80,20 +82,20 @@ function words = number_range (file, k, values, isField)
   else
     texts = arrayfun (@(x) sprintf ("%.6g", x), values(:)', "UniformOutput", false);
   endif
-  if (numel (texts) > 1 && strcmp (texts{1}, texts{2}) && isField)
+  if (numel (texts) > 1 && strcmp (texts{1}, texts{2}) && isUnordered)
     texts = texts(1);
   endif
   words = strjoin (texts, " ... ");
 
 endfunction
 
-## Without the time of the day where it is midnight for all.
+## Without the time of the day where it is midnight for all, and without seconds that are 0.
 function texts = short_dates (texts)
 
   if (all (cellfun (@(text) ! isempty (regexp (text, '[ T]00:00(:00(\.0*)?)?Z?$', "once")), texts)))
     texts = regexprep (texts, '[ T]00:00(:00(\.0*)?)?Z?$', "");
   else
-    texts = regexprep (texts, ':00(\.0*)?$', "");
+    texts = regexprep (texts, '(:\d\d):00(\.0*)?$', "$1");
   endif
 
 endfunction

@@ -16,8 +16,13 @@ function x = read_block (file, number, lists)
   if (shape.isText)
     lists = [{":"}, lists];
   endif
-  x = fetch (ncid, varid, lengths, lists, bitand (file.flags, 63), ...
-             strcmp (d.variables.kind{number}, "opaque"));
+  isOpaque = strcmp (d.variables.kind{number}, "opaque");
+  place = joined_place (file, number);
+  if (place > 0)
+    x = read_joined (file, number, place, lengths, lists, isOpaque);
+  else
+    x = fetch ({"read", ncid, varid}, lengths, lists, bitand (file.flags, 63), isOpaque);
+  endif
   warn_once (file, number);
   if (shape.isText)
     x = texts_of (x, lengths(1), counts);

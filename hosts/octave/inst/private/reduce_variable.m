@@ -24,8 +24,17 @@ function [x, at] = reduce_variable (kind, self, varargin)
     weights.values = double (weights.values != 0);
   endif
   warn_once (file, number);
-  x = gridio_native ("reduce", kind, file.d.groups.ncid(file.d.variables.group(number)), file.d.variables.varid(number), ...
-                     start, count, ones (size (start)), bitand (file.flags, 63), isReduced, bins, weights);
+  place = joined_place (file, number);
+  if (! isempty (request.on))
+    block = struct ("start", start, "count", count, "isReduced", isReduced, "bins", {bins}, "weights", {weights});
+    x = reduce_at_place (file, number, place, kind, block, request.on);
+  elseif (place > 0)
+    x = reduce_joined (file, number, place, kind, start, count, isReduced, bins, weights);
+  else
+    x = gridio_native ("reduce", kind, file.d.groups.ncid(file.d.variables.group(number)), ...
+                       file.d.variables.varid(number), start, count, ones (size (start)), bitand (file.flags, 63), ...
+                       isReduced, bins, weights);
+  endif
   pick(isReduced) = {":"};
   if (! all (strcmp (pick, ":")))
     x = x(pick{:}, 1);

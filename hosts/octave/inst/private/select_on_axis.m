@@ -82,7 +82,10 @@ function position = nearest_position (axis, bounds, point, within)
   elseif (! isFar && ! (rows (bounds) == 2 && any (isInside)))
     isFar = distance > reach_of (values, point, isLongitude) + axis.tolerance;
   endif
-  if (isFar)
+  if (isFar && isfinite (distance) && ! isempty (within))
+    fail ("emptySelection", "no point of '%s' is within %g of %s; the nearest is %s", visible_text (axis.name), within, ...
+          shown_point (axis, point), shown_point (axis, values(position)));
+  elseif (isFar)
     fail ("emptySelection", "no point of '%s' is near %s; it goes %s", visible_text (axis.name), ...
           shown_point (axis, point), extent_of_axis (axis));
   endif

@@ -28,7 +28,7 @@ endfunction
 
 function words = format_words (file)
 
-  words = file.d.format;
+  words = [file.d.format many_words(file)];
   if (! strcmp (file.mode, "read"))
     words = [words ", open for writing"];
   endif

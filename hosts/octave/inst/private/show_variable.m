@@ -50,6 +50,10 @@ function line = storage_line (file, number)
 
   d = file.d;
   words = {type_words(d, number)};
+  if (! isempty (file.many) && file.many.isNew && number == file.many.coordinate)
+    line = "by the names of the files";
+    return;
+  endif
   ncid = d.groups.ncid(d.variables.group(number));
   varid = d.variables.varid(number);
   if (strncmp (d.format, "netCDF-4", 8))

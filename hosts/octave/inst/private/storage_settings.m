@@ -27,6 +27,9 @@ function [attributes, settings] = storage_settings (what, varargin)
     elseif (any (strcmp (name, {"_Filter", "_Codecs", "_SuperblockVersion", "_IsNetcdf4", "_NCProperties"})))
       fail ("unknownSetting", "'%s' of '%s' cannot be chosen; use _DeflateLevel, _Shuffle, _Fletcher32 and _ChunkSizes", ...
             name, shown_text (what));
+    elseif (is_misspelt (name, known))
+      fail ("unknownSetting", "'%s' of '%s' is not a special attribute; did you mean %s?", shown_text (name), ...
+            shown_text (what), strjoin (near_names (name, strcat ("_", known(:)))(:)', " or "));
     else
       attributes(end+1,:) = {name, value};
     endif
@@ -34,6 +37,15 @@ function [attributes, settings] = storage_settings (what, varargin)
   if (numel (unique (names)) < numel (names))
     fail ("attributeTwice", "an attribute of '%s' is given twice", shown_text (what));
   endif
+
+endfunction
+
+## Whether a name is nearly that of a special attribute.  Others that begin with an underscore are attributes as any.
+function yes = is_misspelt (name, known)
+
+  isPlain = numel (name) < 2 || name(1) != "_" || any (strcmp (name, {"_Unsigned", "_Encoding"}));
+  near = near_names (merge (isPlain, "", name), strcat ("_", known(:)));
+  yes = any (abs (cellfun (@numel, near) - numel (name)) <= 2);
 
 endfunction
 

@@ -13,8 +13,10 @@ function unknown_name (kind, what, name, names, where = "")
   if (! isempty (near))
     message = sprintf ("%s; did you mean %s?", message, strjoin (near(:)', " or "));
   endif
-  if (! isempty (names))
-    message = sprintf ("%s\nThere is: %s", message, listed_names (names));
+  if (isempty (names))
+    message = sprintf ("%s\nThere is nothing of that kind.", message);
+  else
+    message = sprintf ("%s\nThere %s: %s", message, merge (numel (names) == 1, "is", "are"), listed_names (names));
   endif
   fail (kind, "%s", message);
 

@@ -7,7 +7,7 @@
 
 function warn_not_replaced (file, why)
 
-  warning ("Ovard:gridio:dataset:notReplaced", "\"%s\" was not replaced, because %s; what was written is in \"%s\"", ...
+  warning (error_identifier ("notReplaced"), "\"%s\" was not replaced, because %s; what was written is in \"%s\"", ...
            shown_text (file.path), why, shown_text (file.part));
 
 endfunction

@@ -7,7 +7,9 @@
 
 function writable (file)
 
-  if (strcmp (file.mode, "read"))
+  if (! isempty (file.many))
+    fail ("notWritable", "many files are read as one, and not written; open the one to change: gridio_dataset (FILE, \"write\")");
+  elseif (strcmp (file.mode, "read"))
     fail ("notWritable", "\"%s\" is open for reading; gridio_dataset (FILE, \"write\") opens it for writing", ...
           shown_text (file.path));
   endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The books of the stand-alone host: what tests of the module rely on to see a fault.
+// The ledger of the stand-alone host: what tests of the module rely on to see a fault.
 #include "tests/standalone/stand_in_module.h"
 
 #include <gmock/gmock.h>
@@ -11,9 +11,9 @@ namespace {
 using standalone::Value;
 using testing::IsEmpty;
 
-class Books : public HostContract {};
+class HostLedger : public HostContract {};
 
-TEST_F(Books, ShowABlockThatWasNotFreed)
+TEST_F(HostLedger, ShowsABlockThatWasNotFreed)
 {
     inCall([](const Call& call) { vxArrayToString(call.arguments[0]); }, {"open"});
     EXPECT_EQ(host.liveBlocks(), 1u);
@@ -22,7 +22,7 @@ TEST_F(Books, ShowABlockThatWasNotFreed)
     host.reset();
 }
 
-TEST_F(Books, ShowABlockThatWasFreedTwice)
+TEST_F(HostLedger, ShowsABlockThatWasFreedTwice)
 {
     inCall([](const Call&) {
         void* block = vxCalloc(1, 1);
@@ -33,14 +33,14 @@ TEST_F(Books, ShowABlockThatWasFreedTwice)
     expectBreach("a block was freed that is not allocated");
 }
 
-TEST_F(Books, ShowABlockThatWasNeverAllocated)
+TEST_F(HostLedger, ShowsABlockThatWasNeverAllocated)
 {
     int local = 0;
     inCall([&](const Call&) { vxFree(&local); });
     expectBreach("a block was freed that is not allocated");
 }
 
-TEST_F(Books, ShowAnArgumentThatWasWrittenTo)
+TEST_F(HostLedger, ShowsAnArgumentThatWasWrittenTo)
 {
     const Value argument = Value::row<double>({1, 2});
     inCall([](const Call& call) { vxGetWritableData(const_cast<vxArray*>(call.arguments[0])); },
@@ -48,7 +48,7 @@ TEST_F(Books, ShowAnArgumentThatWasWrittenTo)
     expectBreach("not the module's own");
 }
 
-TEST_F(Books, ShowAnArrayOfAClassThatIsNotNumeric)
+TEST_F(HostLedger, ShowsAnArrayOfAClassThatIsNotNumeric)
 {
     const std::size_t one[] = {1, 1};
     for (const vxClassID classId : {vxCHAR_CLASS, vxLOGICAL_CLASS, vxCELL_CLASS, vxUNKNOWN_CLASS}) {
@@ -57,7 +57,7 @@ TEST_F(Books, ShowAnArrayOfAClassThatIsNotNumeric)
     }
 }
 
-TEST_F(Books, ShowCellsThatDoNotExist)
+TEST_F(HostLedger, ShowsCellsThatDoNotExist)
 {
     const std::size_t two[] = {2, 1};
     const std::function<void()> wrong[] = {
@@ -74,7 +74,7 @@ TEST_F(Books, ShowCellsThatDoNotExist)
     }
 }
 
-TEST_F(Books, ShowAnArrayThatHasAnOwnerAlready)
+TEST_F(HostLedger, ShowsAnArrayThatHasAnOwnerAlready)
 {
     const std::size_t two[] = {2, 1};
     inCall([&](const Call&) {
@@ -86,7 +86,7 @@ TEST_F(Books, ShowAnArrayThatHasAnOwnerAlready)
     expectBreach("does not own");
 }
 
-TEST_F(Books, RefuseAResultThatTheCallDoesNotOwn)
+TEST_F(HostLedger, RefusesAResultThatTheCallDoesNotOwn)
 {
     const auto twice = inCall([](const Call& call) {
         call.results[0] = vxCreateDoubleScalar(1);
@@ -97,13 +97,13 @@ TEST_F(Books, RefuseAResultThatTheCallDoesNotOwn)
     EXPECT_THAT(twice.results, IsEmpty());
 }
 
-TEST_F(Books, ShowASlotThatWasLeftOut)
+TEST_F(HostLedger, ShowsASlotThatWasLeftOut)
 {
     inCall([](const Call& call) { call.results[1] = vxCreateDoubleScalar(1); });
     expectBreach("a result slot was left out");
 }
 
-TEST_F(Books, FailTheAllocationThatWasNamedAndNoOther)
+TEST_F(HostLedger, FailsTheAllocationThatWasNamedAndNoOther)
 {
     const auto allocateFour = [](const Call&) {
         for (int i = 0; i < 2; ++i) {
@@ -125,7 +125,7 @@ TEST_F(Books, FailTheAllocationThatWasNamedAndNoOther)
     EXPECT_TRUE(inCall(allocateFour).succeeded());
 }
 
-TEST_F(Books, LimitTheBytesOfOneArrayOrBlock)
+TEST_F(HostLedger, LimitsTheBytesOfOneArrayOrBlock)
 {
     host.limitBytes(80);
     const auto create = [](std::size_t count) {
@@ -139,7 +139,7 @@ TEST_F(Books, LimitTheBytesOfOneArrayOrBlock)
     EXPECT_FALSE(inCall(create(11)).succeeded());
 }
 
-TEST_F(Books, FillWhatMayHoldAnythingWhenAskedTo)
+TEST_F(HostLedger, FillsWhatMayHoldAnythingWhenAskedTo)
 {
     host.fillUninitialised(static_cast<unsigned char>(0xA5));
     const std::size_t dims[] = {3, 1};
@@ -148,7 +148,7 @@ TEST_F(Books, FillWhatMayHoldAnythingWhenAskedTo)
     EXPECT_EQ(value, Value::column<std::uint8_t>({0xA5, 0xA5, 0xA5}));
 }
 
-TEST_F(Books, CountArraysThatValuesHold)
+TEST_F(HostLedger, CountsArraysThatValuesHold)
 {
     EXPECT_EQ(host.liveArrays(), 0u);
     {
@@ -159,16 +159,16 @@ TEST_F(Books, CountArraysThatValuesHold)
     EXPECT_EQ(host.liveArrays(), 0u);
 }
 
-TEST_F(Books, BelongToOneHostAtATime) { EXPECT_THROW(standalone::Host(), std::logic_error); }
+TEST_F(HostLedger, BelongsToOneHostAtATime) { EXPECT_THROW(standalone::Host(), std::logic_error); }
 
-TEST_F(Books, HandOnAnArrayThatWasCreatedOutsideACall)
+TEST_F(HostLedger, HandsOnAnArrayThatWasCreatedOutsideACall)
 {
     const Value value = Value::adopt(vxCreateDoubleScalar(4));
     EXPECT_EQ(value, Value(4));
     EXPECT_THROW(Value::adopt(const_cast<vxArray*>(value.array())), std::invalid_argument);
 }
 
-TEST_F(Books, AreCleanAfterAReset)
+TEST_F(HostLedger, IsCleanAfterAReset)
 {
     vxCalloc(1, 1);
     vxCreateDoubleScalar(1);

@@ -1,0 +1,12 @@
+## SPDX-License-Identifier: BSD-3-Clause
+
+## -*- texinfo -*-
+## @deftypefn {} {} __gridio_end_ranks__ ()
+## Undocumented internal function: end this process's part in MPI.  It runs at the end of a session.
+## @end deftypefn
+
+function __gridio_end_ranks__ ()
+
+  ranks_at_work ("exit");
+
+endfunction
