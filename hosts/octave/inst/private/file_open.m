@@ -52,24 +52,6 @@ function file = file_open (path, varargin)
 
 endfunction
 
-## A number that no other open file has had.
-function serial = next_serial ()
-
-  persistent last = 0;
-  serial = ++last;
-
-endfunction
-
-## Processes are forked where there is getpid.
-function pid = process_number ()
-
-  pid = 0;
-  if (! ispc ())
-    pid = getpid ();
-  endif
-
-endfunction
-
 ## The format of a file to create.
 function [format, options] = format_option (mode, options)
 
@@ -93,6 +75,24 @@ function [months, options] = months_option (options)
     if (! ischar (months) || ! any (strcmp (months, {"refused", "udunits", "calendar"})))
       fail ("badOption", "option \"months\" must be \"calendar\", \"udunits\" or \"refused\", not %s", shown_text (months));
     endif
+  endif
+
+endfunction
+
+## A number that no other open file has had.
+function serial = next_serial ()
+
+  persistent last = 0;
+  serial = ++last;
+
+endfunction
+
+## Processes are forked where there is getpid.
+function pid = process_number ()
+
+  pid = 0;
+  if (! ispc ())
+    pid = getpid ();
   endif
 
 endfunction
