@@ -30,6 +30,8 @@ cp "$here/INDEX" "$root/NEWS" "$top"
 cp "$root/LICENSE" "$top/COPYING"
 cp "$here/configure" "$here/Makefile" "$top/src"
 cp "$root"/hosts/octave/*.cpp "$root"/hosts/octave/*.h "$root/hosts/octave/exports.map" "$top/src"
+install -d "$top/src/mpi"
+cp "$root"/hosts/octave/mpi/*.cpp "$root"/hosts/octave/mpi/*.h "$root/hosts/octave/mpi/exports.map" "$top/src/mpi"
 cp "$root"/hosts/octave/selftest/*.tst "$top/src/selftest"
 copy_sources src src/module
 copy_sources include src/include

@@ -28,6 +28,7 @@ function r = reduce_on_cores (question, options)
     tree = reduce_here (question, 0, -1, @(k) []);
     done = zeros (1, rows (ranges));
     next = 1;
+    seconds = 0.002;
     while (! isequal (tree.level, root_level (question.count)))
       isIdle = true;
       for k = 1:numel (workers)
@@ -42,9 +43,8 @@ function r = reduce_on_cores (question, options)
         check_worker (workers{k}, k, question);
       endfor
       show_progress ("go on", sum (done));
-      if (isIdle)
-        pause (0.005);
-      endif
+      seconds = merge (isIdle, min (1.5 * seconds, 0.03), 0.002);
+      pause (seconds * isIdle);
     endwhile
     r = tree.value{1};
   unwind_protect_cleanup
