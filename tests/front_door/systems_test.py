@@ -112,7 +112,7 @@ class Systems(FrontDoorTest):
             return False
         return str(self.sandbox.tree / "systems" / "run.sh").encode() in words
 
-    def test_of_the_table_are_those_of_the_readme(self):
+    def test_have_rows_in_the_readme_by_their_names(self):
         text = (ROOT / "README.md").read_text()
         table = text.split(BEGIN)[1].split(END)[0].strip()
         rows = [row.split(" | ")[0] for row in table.splitlines()[2:]]
