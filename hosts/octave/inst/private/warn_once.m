@@ -11,7 +11,8 @@ function warn_once (file, number)
   persistent known = [];
   most = 2 ^ 20; # variables of a file
   key = file.serial * most + number;
-  if (any (known == key) || bitand (file.flags, 63) == 0)
+  isMember = ! isempty (file.many) && file.many.isNew && number == file.many.coordinate; # in no file
+  if (isMember || any (known == key) || bitand (file.flags, 63) == 0)
     return;
   endif
   known = [known(max (1, end - 1000):end), key];
