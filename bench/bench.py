@@ -13,6 +13,7 @@ import sys
 import tempfile
 
 import chunk_lines
+import dataset_lines
 import gateway_costs
 import report
 from workloads import CALLS, FORMATS, Sizes, WORKLOADS
@@ -164,6 +165,23 @@ def bench_chunks(options, table, folder):
     subprocess.run([options.programs / "chunk_bench", *["--quick"] * options.quick, "--threads", counts, folder], check=True)
 
 
+def bench_datasets(options, table, folder):
+    native = {"c": Worker("c", [str(options.programs / "native_worker")])}
+    if options.peers:
+        native["python"] = python_worker()
+    sessions = {}
+    for count in (1, 2):
+        command, environment = chunk_lines.command(
+            [*interpreter_with(options.programs, options.octave), str(HERE / "datasets_worker.m")], count)
+        sessions[count] = Worker(f"{count} threads", command, environment)
+    maps, rounds = (20, 3) if options.quick else (100, 5)
+    table.begin_datasets()
+    for line in dataset_lines.DatasetLines(native, sessions, maps, rounds, folder).all():
+        table.add_dataset_line(line)
+    for worker in (*native.values(), *sessions.values()):
+        worker.close()
+
+
 def thread_counts(text):
     counts = [int(count) for count in text.split(",")]
     if min(counts) < 1 or max(counts) > 256:
@@ -179,7 +197,7 @@ def main():
     parser.add_argument("--peers", action="store_true")
     parser.add_argument("--json", type=pathlib.Path)
     parser.add_argument("--threads", type=thread_counts, default=[1, 2, 4, 8])
-    parser.add_argument("--only", default="", help="the work whose names begin so, 'call', or 'chunks'")
+    parser.add_argument("--only", default="", help="the work whose names begin so, 'call', 'chunks', or 'datasets'")
     options = parser.parse_args()
     options.programs = options.programs.resolve()
 
@@ -205,6 +223,9 @@ def main():
     if "chunks".startswith(options.only[:6]):
         with scratch_folder(2**30 if options.quick else 2**31, options.programs) as folder:
             bench_chunks(options, table, pathlib.Path(folder))
+    if "datasets".startswith(options.only[:8]):
+        with scratch_folder(2**29, options.programs) as folder:
+            bench_datasets(options, table, pathlib.Path(folder))
     if not options.only:
         nanoseconds = gateway_costs.nanoseconds(options.programs)
         for cost in gateway_costs.costs(options.programs):

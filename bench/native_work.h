@@ -27,6 +27,9 @@ Works callWorks();
 // In native_chunks.cpp: compressed data.
 Works chunkWorks();
 
+// In native_datasets.cpp: what datasets are compared with.
+Works datasetWorks();
+
 // Memory of malloc, or, once hugePages is set, memory that asks for huge pages.
 extern bool hugePages;
 void* freshMemory(std::size_t bytes);

@@ -243,5 +243,6 @@ int main(int argc, char** argv)
     works.merge(fileWorks());
     works.merge(callWorks());
     works.merge(chunkWorks());
+    works.merge(datasetWorks());
     return serve(works);
 }

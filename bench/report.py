@@ -8,6 +8,7 @@ import platform
 import statistics
 
 import chunk_lines
+import dataset_lines
 
 TITLES = {"c": "C", "huge": "C, huge pages", "threads": "C, 2 threads", "module": "module", "gridio": "gridio",
           "direct": "direct", "python": "Python"}
@@ -61,7 +62,7 @@ class Table:
         self._names = names
         self._chunk_names = []
         self._data = {"quick": quick, "versions": versions, "machine": machine(), "lines": [],
-                      "chunks": [], "calls": [], "paths": []}
+                      "chunks": [], "datasets": [], "calls": [], "paths": []}
         print("Medians of rounds in turns; ratios to plain C"
               " (of bulk reads, with the most memory taken, in parts of the data)")
         for about in (*versions.values(), *map(str, self._data["machine"].values())):
@@ -93,6 +94,13 @@ class Table:
         contenders = line_["contenders"]
         cells = "".join(self._cell(contenders.get(name)) for name in self._chunk_names if name != "c")
         print(f"{line_['title']:42}{contenders['c']['median']:8.3f} s{cells}", flush=True)
+
+    def begin_datasets(self):
+        print(dataset_lines.HEADING, flush=True)
+
+    def add_dataset_line(self, line_):
+        self._data["datasets"].append(line_)
+        print(f"{line_['title']:66}{line_['ratio']:8.2f}   at most {line_['allowed']}", flush=True)
 
     def add_call(self, call_):
         if not self._data["calls"]:

@@ -32,7 +32,7 @@ struct Sums {
     Numbers low;
 };
 
-// The loops over values, for an accumulator with add(result, value) for values that are no NaN and
+// The loops over values, for an accumulator with add(result, value) for values other than NaN and
 // add(result, value, weight).
 template <class Own> class Loops : public Accumulator {
 public:
@@ -148,8 +148,8 @@ private:
     Sums weights_;
 };
 
-// Values and squares are summed without loss, so that what is left of their difference is exact
-// also where the mean is much larger than the deviation.
+// The sums of values and squares keep their rounding errors, so that their difference is exact even
+// where the mean is much larger than the deviation.
 class SpreadAccumulator : public Loops<SpreadAccumulator> {
 public:
     SpreadAccumulator(std::size_t results, bool isDeviation, bool isWeighted)

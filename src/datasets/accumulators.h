@@ -12,7 +12,7 @@ namespace Ovard::gridio {
 // weight is the sum of the weights of values, by which parts of a mean are combined.
 enum class Reduction { mean, sum, minimum, maximum, deviation, variance, count, median, weight };
 
-// Of as many results as it is made for. Indices of results are not checked.
+// Accumulates a fixed number of results, whose indices are not checked.
 class Accumulator {
 public:
     virtual ~Accumulator() = default;
@@ -25,8 +25,8 @@ public:
     // All values to one result.
     virtual void addToOne(const double* values, std::size_t count, std::size_t result) = 0;
 
-    // Each value, with its weight, to the result offset behind first; to none for a negative
-    // offset.
+    // Each value, with its weight, to the result first + offset. Values with a negative offset are
+    // left out.
     virtual void addScattered(const double* values, const double* weights,
                               const std::ptrdiff_t* offsets, std::size_t count,
                               std::size_t first) = 0;
@@ -41,9 +41,8 @@ protected:
     Accumulator() = default;
 };
 
-// isWeighted: whether addScattered is to mind weights, in which case it is the only one to be
-// called. Not for medians. A variance is divided by the number of values less 1 or, with weights,
-// by their sum.
+// isWeighted: whether values have weights; then only addScattered may be called. Not for medians. A
+// variance is divided by the number of values less 1 or, with weights, by their sum.
 std::unique_ptr<Accumulator> makeAccumulator(Reduction reduction, std::size_t results,
                                              bool isWeighted);
 

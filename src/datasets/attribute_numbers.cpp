@@ -45,7 +45,7 @@ void readNumbers(const Variable& variable, const char* name, const ElementType& 
     });
 }
 
-// A floating bound that lies between two integers, as the one on the inner side.
+// Rounds a bound that lies between two integers towards the valid values.
 double innerInteger(double bound, BoundSide side)
 {
     return side == BoundSide::lower ? std::ceil(bound) : std::floor(bound);

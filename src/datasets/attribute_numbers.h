@@ -34,13 +34,13 @@ constexpr std::size_t mostAttributeNumbers = 256;
 AttributeNumbers attributeNumbers(const Variable& variable, const char* name);
 
 // The value of that type that equals the number; for floating types the nearest one, infinities
-// only for infinities. None if there is none.
+// only for infinities. None if the type has no such value.
 std::optional<cf::StoredValue> storedNumber(const AttributeNumbers::Number& number,
                                             cf::StoredType type);
 
 enum class BoundSide { lower, upper };
 
-// A bound of valid values: none of all values if it lies outside of the type on the far side.
+// A bound of valid values. Outside of the type on the far side it excludes all values.
 struct Bound {
     bool excludesAll = false;
     std::optional<cf::StoredValue> value; // none if every value of the type is within

@@ -57,7 +57,7 @@ bool holds(const void* values, std::size_t count, cf::StoredType type,
     });
 }
 
-// The class stays as long as nothing is missing, which shows in the values alone.
+// The class is kept unless a value is the default fill value, so the values are read first.
 vxArray* readPlain(Variable& variable, const Block& block, const VariableDecoding& decoding)
 {
     vxArray* stored = createNumbers(block, decoding.storedClass);

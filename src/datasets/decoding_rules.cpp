@@ -51,7 +51,7 @@ private:
         return isOwnSingle || (has(decodeToSingle) && (decoding_.isPacked || !isFloating(stored_)));
     }
 
-    // The type that stored values are taken for.
+    // The type of stored values, unsigned by _Unsigned.
     cf::StoredType seenType() const
     {
         return decoding_.rules.isUnsigned ? unsignedOf(stored_) : stored_;
@@ -67,7 +67,7 @@ private:
     void warn(const std::string& attribute, const std::string& finding, const std::string& cure)
     {
         decoding_.warnings.push_back("variable \"" + variable_.name() + "\": the attribute " +
-                                     attribute + " " + finding + " and is passed over: " + cure);
+                                     attribute + " " + finding + " and is ignored: " + cure);
     }
 
     // Whether the attribute holds numbers, from least to most of them.
@@ -132,7 +132,7 @@ private:
         return std::nullopt;
     }
 
-    // A number of the variable's own type is taken by its bits, as _Unsigned may be set.
+    // A number of the variable's own type is taken by its bits, since _Unsigned may be set.
     std::optional<cf::StoredValue> storedOf(const AttributeNumbers& attribute, std::size_t i) const
     {
         if (storedTypeOf(attribute.xtype) == stored_)
@@ -165,8 +165,7 @@ private:
             decoding_.fill = rules().missing.front();
     }
 
-    // Beside valid_range, the other two are deliberately not looked at, as CF allows one or the
-    // other.
+    // valid_min and valid_max are ignored beside valid_range: CF allows only one of the two forms.
     void readRange()
     {
         const AttributeNumbers range = attributeNumbers(variable_, "valid_range");
@@ -202,7 +201,7 @@ private:
         rules().validMax = upper.value;
     }
 
-    // CF wants stored values, while others have written such ranges in the units of the result.
+    // CF defines the range for stored values, but some files have it in the units of the result.
     bool isInUnpackedUnits(const AttributeNumbers* attribute) const
     {
         return attribute != nullptr && decoding_.isPacked && !isFloating(stored_) &&
@@ -239,8 +238,7 @@ private:
         });
     }
 
-    // Not of bytes, whose every value may be meant, and not where unwritten values are left
-    // unfilled.
+    // Not for bytes, all of whose values may be data, and not where the fill mode is off.
     void addDefaultFill()
     {
         if (!has(decodeDefaultFill) || hasFillValue_ || cf::sizeOf(stored_) == 1)

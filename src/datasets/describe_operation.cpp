@@ -118,8 +118,8 @@ TypeWords wordsOf(int ncid, nc_type xtype, const OperationEntry* entry)
     return {name, xtype == NC_STRING ? "string" : xtype == NC_CHAR ? "char" : "number"};
 }
 
-// Gathers everything column by column. Cells in a list stay the host's until they are put where
-// they belong, and end with the call if an error passes.
+// Gathers everything column by column. The host owns the cells of a list until they are inserted,
+// and releases them if an error ends the call.
 class Description {
 public:
     Description(int root, const OperationEntry* entry) : entry_(entry)

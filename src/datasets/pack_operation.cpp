@@ -21,7 +21,7 @@ struct Packing {
     const char* typeName;
     double scale;
     double offset;
-    const vxArray* fill; // empty: there is none
+    const vxArray* fill; // empty: no fill value
 
     bool isNone() const { return scale == 1 && offset == 0; }
 };

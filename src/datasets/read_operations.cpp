@@ -68,7 +68,7 @@ vxArray* storedRow(const VariableDecoding& decoding, const std::optional<cf::Sto
                      value ? std::vector<cf::StoredValue>{*value} : std::vector<cf::StoredValue>{});
 }
 
-// offset: -0 stands for none.
+// Without an attribute the offset is -0, which becomes 0.
 vxArray* resultOf(const VariableDecoding& decoding)
 {
     return structureResult({{"class", textResult(wordOf(decoding.resultClass()))},

@@ -35,7 +35,7 @@ vxArray* createResults(const ReductionPlan& plan)
     return vxCreateUninitNumericArray(dims.size(), dims.data(), vxDOUBLE_CLASS, vxREAL);
 }
 
-// There may be no values to read at all.
+// For a block without values.
 void reduceNothing(const ReductionPlan& plan, Reduction reduction, const ReductionResults& results)
 {
     const auto accumulator =

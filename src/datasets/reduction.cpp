@@ -16,7 +16,7 @@
 namespace Ovard::gridio {
 namespace {
 
-// Values that are read at once. Chunks are never divided, so they may be more.
+// Values of a slab. It consists of whole chunks, so it may hold more.
 constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
@@ -161,7 +161,7 @@ void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
 
 } // namespace
 
-// What the library refuses is raised.
+// Raises the library's failures.
 void VariableSource::forEachSlab(const Block& block, const Visit& visit)
 {
     const auto indices = blockIndices(variable_, block);

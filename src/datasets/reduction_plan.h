@@ -29,12 +29,12 @@ struct ReductionPlan {
     std::size_t resultCount() const;
 };
 
-// Weights of several dimensions together are a structure: dimensions counted from 1, and values.
 // The arguments isReduced, bins and weights of "reduce", each by dimension in the host's order.
+// Weights of several dimensions together are a structure: dimensions, counted from 1, and values.
 struct ReductionArguments {
     const vxArray* isReduced; // a row of flags, logical or numbers
     const vxArray* bins;      // a cell array; empty: no groups
-    const vxArray* weights;   // a cell array; empty: no weights; or a structure: see below
+    const vxArray* weights;   // a cell array or a structure; empty: no weights
 };
 
 // Raises badArgument.

@@ -29,7 +29,7 @@ private:
         bool isPlain() const { return groups == nullptr && weights == nullptr && jointStep == 0; }
     };
 
-    // Where a run begins, and what the levels outside of it make of its weights.
+    // Where a run begins, and the product of the weights of the levels outside of it.
     struct Position {
         const double* values;
         std::size_t result;

@@ -2,6 +2,7 @@
 """gridio_reduce by several processes of this machine: bits, failures, and what is left behind."""
 import os
 import pathlib
+import pty
 import signal
 import subprocess
 import time
@@ -66,6 +67,19 @@ class Cores(ClusterCase):
             self.assertNotEqual(process.wait(20), 0)
             self.wait_until(lambda: not workers() - before)
             self.assertFalse([name for name in os.listdir(self.folder / f"kept{how}") if not name.startswith("partial-")])
+
+    def test_show_progress_on_a_terminal_alone(self):
+        master, slave = pty.openpty()
+        done = subprocess.run(self.reduction("here", "slow"), cwd=self.folder, stdin=subprocess.DEVNULL, stdout=slave,
+                              stderr=slave, env=environment(), timeout=60)
+        os.close(slave)
+        shown = os.read(master, 65536).decode()
+        os.close(master)
+        self.assertEqual(done.returncode, 0)
+        self.assertRegex(shown, r"\rgridio_reduce: [5-9] of 11 files, [\d.]+ a second, \d+ s left")
+        self.assertRegex(shown, r"\r +\rrank 0 of 1: ")
+        silent = run_in(self.folder, self.reduction("here", "slow"))
+        self.assertEqual(silent.stderr, "")
 
     def wait_until(self, holds):
         end = time.monotonic() + 20

@@ -20,7 +20,7 @@ path = made_file (["netcdf made {\ndimensions: x = 3; one = 1; none = UNLIMITED;
   "f = 1, 2, 3, 4, 5, 6;\n}\n"]);
 
 ds = gridio_dataset (path);
-passed = "Ovard:gridio:dataset:attributePassedOver: ";
+passed = "Ovard:gridio:dataset:attributeIgnored: ";
 reads = {@() ds.text(:), "text.*scale_factor is text"; @() ds.two(2), "two.*missing_value"; @() ds.more.mean (), "more.*(_Unsigned|scale_factor)"};
 for k = 1:rows (reads)
   said = warned_by (reads{k,1});

@@ -117,7 +117,7 @@ check_raises ("a year as a number", "badSelection", @() v.at ("time", 2000), "th
 check_raises ("three numbers", "badSelection", @() v.at ("lat", [1 2 3]), "a cell of several numbers");
 check_raises ("a missing number", "badSelection", @() v.at ("lat", NaN));
 check_raises ("a text for numbers", "badSelection", @() v.at ("lat", "north"));
-check_raises ("a name without selection", "badSelection", @() v.at ("lat"), "nothing says");
+check_raises ("a name without selection", "badSelection", @() v.at ("lat"), "no selection");
 check_raises ("a selection without name", "badSelection", @() v.at (3));
 check_raises ("within nothing", "badSelection", @() v.at ("lat", 3, "within", -1));
 check_raises ("a position too large", "badIndex", @() v.at ("index", "time", 7), "6 at most");

@@ -9,10 +9,11 @@ KINDS = ("run", "run on", "sample", "prints", "shell", "file", "form", "terminal
 WIDTH = 80  # so that an example fits a page
 
 
-# Errors that no script can cause, and what is raised for files of other programs.
+# Errors that no script can cause, and what depends on other programs or machines.
 UNREACHABLE = {"Ovard:gridio:netcdf:unrecognizedFletcher32Setting", "Ovard:gridio:netcdf:unhandledAttributeOperation",
                "Ovard:gridio:host:internal", "Ovard:gridio:host:notOnPath", "Ovard:gridio:any:foreignType",
                "Ovard:gridio:dataset:badPart",  # datasets report it as badFile
+               *(f"Ovard:gridio:dataset:{kind}" for kind in ("noLauncher", "noMpi", "notSubmitted", "rankFailed", "workerFailed")),
                "Ovard:gridio:dataset:notReplaced"}  # the text of the last holds a random name
 
 

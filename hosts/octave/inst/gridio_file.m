@@ -24,7 +24,7 @@ classdef gridio_file < handle
 
     function self = gridio_file (opened)
       if (nargin != 1)
-        error ("Ovard:gridio:dataset:badCall", "files are opened by gridio_dataset");
+        fail ("badCall", "files are opened by gridio_dataset");
       elseif (isstruct (opened))
         self.content = opened;
         self.isOpen = true;

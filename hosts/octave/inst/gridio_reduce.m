@@ -91,8 +91,12 @@ function [r, info] = gridio_reduce (files, partial, combine, varargin)
   info = struct ("files", numel (files), "bins", question.count, "rank", 0, "ranks", 1, "seconds", 0);
   switch (options.place)
     case "here"
-      progress = show_progress (numel (files));
-      tree = reduce_here (question, 0, question.count - 1, @(k) []);
+      show_progress ("begin", numel (files));
+      unwind_protect
+        tree = reduce_here (question, 0, question.count - 1, @(k) show_progress ("go on", question.edges(k+1)));
+      unwind_protect_cleanup
+        show_progress ("end");
+      end_unwind_protect
       r = tree.value{1};
     case "cores"
       r = reduce_on_cores (question, options);

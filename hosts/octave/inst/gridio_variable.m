@@ -51,7 +51,8 @@ classdef gridio_variable < handle
   ## coordinates of what is left.  @qcode{"weights"} are @qcode{"area"} or a vector.  @qcode{"by"} takes groups of times
   ## apart: @qcode{"month"}, @qcode{"season"}, @qcode{"day"} and @qcode{"hour"} those of all years or days together,
   ## @qcode{"year"}, @qcode{"each month"}, @qcode{"each season"}, @qcode{"each day"} and @qcode{"each hour"} one after the
-  ## other.  Further names with selections are as of @code{at}.
+  ## other.  Further names with selections are as of @code{at}.  Of many files, @qcode{"on"} shares the work among several
+  ## processes: its places and further options are those of @code{gridio_reduce}.
   ## @item text (@dots{}), parts (@dots{})
   ## Times as texts, or as rows of year, month, day, hour, minute and second, in every calendar; all, or those at positions.
   ## @item labels (@var{values})
@@ -69,7 +70,7 @@ classdef gridio_variable < handle
   ## @code{numel} of a variable is 1; @code{size}, @code{length} and @code{ndims} are those of its values.  An access costs some calls of
   ## functions: read a block, and loop over that.
   ##
-  ## @seealso{gridio_dataset, gridio_read, gridio_plot}
+  ## @seealso{gridio_dataset, gridio_reduce, gridio_read, gridio_plot}
   ## @end deftypefn
 
   properties (Access = private)

@@ -135,7 +135,7 @@ TEST_F(Decoding, SaysWhatItIsDoneBy)
     EXPECT_EQ(said.field("validMax"), Value::empty(vxINT16_CLASS));
 }
 
-// Each is passed over, with a warning that names it.
+// Each is ignored, with a warning that names it.
 TEST_F(Decoding, PassesOverBrokenAttributes)
 {
     const std::pair<const char*, const char*> broken[] = {

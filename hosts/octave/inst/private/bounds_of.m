@@ -14,10 +14,10 @@ function bounds = bounds_of (file, number)
   endif
   axis = coordinate_axis (file, number);
   if (axis.isText || numel (axis.dimensions) != 1)
-    fail ("noBounds", "'%s' has no stored bounds, and they can be derived of coordinates along one dimension only", ...
+    fail ("noBounds", "'%s' has no stored bounds, and they can only be derived from coordinates along one dimension", ...
           visible_text (axis.name));
   elseif (numel (axis.values) < 2)
-    fail ("noBounds", "'%s' has no stored bounds, and they cannot be derived of a single value", visible_text (axis.name));
+    fail ("noBounds", "'%s' has no stored bounds, and they cannot be derived from a single value", visible_text (axis.name));
   endif
   edges = edges_between (axis.values(:), strcmp (axis.role, "lon"));
   if (strcmp (axis.role, "lat"))

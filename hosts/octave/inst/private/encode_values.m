@@ -30,7 +30,7 @@ function stored = encode_values (values, encoding)
     isMissing = isnan (values);
   endif
   if (encoding.isCoordinate && any (isMissing(:)))
-    fail ("missingCoordinate", "'%s' is a coordinate variable, whose values must all be there, but %d of them are NaN", ...
+    fail ("missingCoordinate", "'%s' is a coordinate variable, which must not have missing values, but %d of them are NaN", ...
           shown_text (encoding.name), sum (isMissing(:)));
   endif
   if (isempty (encoding.fill) && any (isMissing(:)))

@@ -2,7 +2,7 @@
 
 ## -*- texinfo -*-
 ## @deftypefn {} {} file_close_quietly (@var{file})
-## Undocumented internal function: close a file whose last handle goes.  A file that is closed already is passed over, and
+## Undocumented internal function: close a file whose last handle goes.  A file that is closed already is skipped, and
 ## a failure is a warning, as nothing catches errors here.
 ## @end deftypefn
 

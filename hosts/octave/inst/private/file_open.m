@@ -78,3 +78,21 @@ function [months, options] = months_option (options)
   endif
 
 endfunction
+
+## A number that no other open file has had.
+function serial = next_serial ()
+
+  persistent last = 0;
+  serial = ++last;
+
+endfunction
+
+## Processes are forked where there is getpid.
+function pid = process_number ()
+
+  pid = 0;
+  if (! ispc ())
+    pid = getpid ();
+  endif
+
+endfunction

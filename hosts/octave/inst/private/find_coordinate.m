@@ -49,7 +49,7 @@ function k = along_it (file, number, dimensions, name)
 
 endfunction
 
-## The coordinate of a dimension that has none of its own name, if there is one only.
+## The only coordinate of a dimension that has no coordinate variable.
 function k = only_along (file, numbers, dimension)
 
   isIt = arrayfun (@(k) isequal (variable_shape (file, k).dimensions, dimension), numbers);

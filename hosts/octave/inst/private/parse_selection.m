@@ -19,7 +19,7 @@ function requests = parse_selection (given)
       requests(end+1,1) = struct ("name", given{k}, "value", {given(k+1)}, "isIndex", isIndex, "within", []);
       requests(end).value = given{k+1};
     elseif (k <= numel (given) && ischar (given{k}))
-      fail ("badSelection", "nothing says what to select of '%s'", shown_text (given{k}));
+      fail ("badSelection", "no selection is given for '%s'", shown_text (given{k}));
     else
       fail ("badSelection", "%s", ["selections are pairs of a name and what to select of it: " ...
                                    "at (\"time\", \"2013-05\", \"lat\", [40 60])"]);

@@ -8,7 +8,7 @@
 function fig = plot_values (x, at)
 
   if (! (isnumeric (x) || islogical (x)) || iscomplex (x))
-    fail ("notDrawable", "'%s' cannot be drawn: its values are no numbers, but of class %s", shown_text (at.about.variable), ...
+    fail ("notDrawable", "'%s' cannot be drawn: its values are not numbers but of class %s", shown_text (at.about.variable), ...
           class (x));
   elseif (! any (isfinite (x(:))))
     fail ("notDrawable", "'%s' cannot be drawn: there is no value, only missing ones", shown_text (at.about.variable));

@@ -128,7 +128,7 @@ function attributes = with_calendar (attributes)
 
 endfunction
 
-## Units and calendar of the variable that this one has the bounds of, which CF gives to both.
+## Units and calendar of the variable whose bounds this one holds: bounds inherit them.
 function rows_ = bounds_units (ncid, name, attributes)
 
   rows_ = cell (0, 2);

@@ -18,7 +18,7 @@ function r = reduce_on_cores (question, options)
     fail ("notWritten", "cannot create the folder '%s': %s", visible_text (folder), reason);
   endif
   workers = {};
-  progress = show_progress (numel (question.files));
+  show_progress ("begin", numel (question.files));
   unwind_protect
     write_whole (fullfile (folder, "question"), carried_question (question, options.scope));
     ranges = ranges_of_bins (question.count, 4 * count);
@@ -41,7 +41,7 @@ function r = reduce_on_cores (question, options)
         endfor
         check_worker (workers{k}, k, question);
       endfor
-      progress = show_progress (progress, sum (done));
+      show_progress ("go on", sum (done));
       if (isIdle)
         pause (0.005);
       endif
@@ -49,7 +49,7 @@ function r = reduce_on_cores (question, options)
     r = tree.value{1};
   unwind_protect_cleanup
     cellfun (@stop_worker, workers);
-    show_progress (progress);
+    show_progress ("end");
     confirm_recursive_rmdir (false, "local");
     rmdir (folder, "s");
   end_unwind_protect

@@ -50,7 +50,7 @@ function begin_bin (ranks, k, last)
     isOver = feval (ranks.mpi, "probe", 0, [ranks.outcome, ranks.leaving]);
   endif
   if (isOver)
-    error ("Ovard:gridio:dataset:rankFailed", "stopped, since another rank has failed");
+    fail ("rankFailed", "stopped, since another rank has failed");
   endif
 
 endfunction

@@ -19,9 +19,10 @@ function r = reduce_on_slurm (question, options)
   endif
   if (options.wait)
     unwind_protect
-      r = slurm_job ("fetch", job, show_progress (numel (question.files)), question);
+      r = slurm_job ("fetch", job, question);
       job.jobs = {};
     unwind_protect_cleanup
+      show_progress ("end");
       if (! isempty (job.jobs))
         slurm_job ("cancel", job); # after an error or Ctrl-C
       endif

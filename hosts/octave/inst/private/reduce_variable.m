@@ -11,7 +11,7 @@ function [x, at] = reduce_variable (kind, self, varargin)
   [file, number] = inside (self);
   shape = variable_shape (file, number);
   if (! any (strcmp (file.d.variables.kind{number}, {"number", "enum"})))
-    fail ("notANumber", "variable '%s' has no numbers of which there is a %s", ...
+    fail ("notANumber", "variable '%s' does not hold numbers, so it has no %s", ...
           visible_text (file.d.variables.path{number}), kind);
   endif
   request = parse_reduction (file, number, varargin);

@@ -5,7 +5,7 @@
 ## Undocumented internal function: ask for the state of a reduction by Slurm, wait for its result, or cancel it.
 ## @end deftypefn
 
-function r = slurm_job (what, job, progress = [], question = [])
+function r = slurm_job (what, job, question = [])
 
   switch (what)
     case "state"
@@ -13,7 +13,7 @@ function r = slurm_job (what, job, progress = [], question = [])
     case "cancel"
       [~, ~] = system ([shell_words([{"scancel"}, job.jobs]) " 2>&1"]);
     case "fetch"
-      r = wait_for (job, progress, question);
+      r = wait_for (job, question);
   endswitch
 
 endfunction
@@ -34,9 +34,12 @@ function state = state_of (job)
 
 endfunction
 
-function r = wait_for (job, progress, question)
+function r = wait_for (job, question)
 
   seconds = 0.1;
+  if (! isempty (question))
+    show_progress ("begin", numel (question.files));
+  endif
   isOver = false;
   do
     [r, isDone] = read_whole (job.result, job.name);
@@ -45,10 +48,10 @@ function r = wait_for (job, progress, question)
     elseif (isOver)
       raise_failure (job);
     endif
-    if (! isempty (progress))
+    if (! isempty (question))
       done = arrayfun (@(k) ! isempty (stat (partial_path (question, k))) * diff (question.edges(k+1:k+2)), ...
                        0:question.count-1);
-      progress = show_progress (progress, sum (done));
+      show_progress ("go on", sum (done));
     endif
     pause (seconds);
     seconds = min (1.5 * seconds, 10);
@@ -57,9 +60,6 @@ function r = wait_for (job, progress, question)
       pause (1); # a shared file system may show it late
     endif
   until (false)
-  if (! isempty (progress))
-    show_progress (progress);
-  endif
 
 endfunction
 

@@ -14,7 +14,7 @@ function [attributes, settings] = storage_settings (what, varargin)
   endif
   names = varargin(1:2:end);
   if (mod (numel (varargin), 2) == 1 || ! all (cellfun (@(name) ischar (name) && rows (name) == 1, names)))
-    fail ("attributesNotInPairs", "the attributes of '%s' must be pairs of a name and a value, after a struct of them perhaps", shown_text (what));
+    fail ("attributesNotInPairs", "the attributes of '%s' must be pairs of a name and a value, optionally after a struct of them", shown_text (what));
   endif
   known = {"FillValue", "ChunkSizes", "DeflateLevel", "Shuffle", "Fletcher32", "Endianness", "Format", "Type", ...
            "Unlimited", "NoFill", "Storage"};

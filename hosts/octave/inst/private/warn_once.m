@@ -2,7 +2,7 @@
 
 ## -*- texinfo -*-
 ## @deftypefn {} {} warn_once (@var{file}, @var{number})
-## Undocumented internal function: warn of the attributes of a variable that decoding passes over, the first time that values of
+## Undocumented internal function: warn of the attributes of a variable that decoding ignores, the first time that values of
 ## the variable are read.
 ## @end deftypefn
 
@@ -18,7 +18,7 @@ function warn_once (file, number)
   d = file.d;
   decoding = gridio_native ("decoding", d.groups.ncid(d.variables.group(number)), d.variables.varid(number), bitand (file.flags, 63));
   for k = 1:numel (decoding.warnings)
-    warning ("Ovard:gridio:dataset:attributePassedOver", "%s", visible_text (decoding.warnings{k}));
+    warning (error_identifier ("attributeIgnored"), "%s\n", visible_text (decoding.warnings{k}));
   endfor
 
 endfunction
