@@ -16,11 +16,10 @@ mount_kernel() {
     mount -t proc proc "$system/proc"
     mount -t sysfs -o ro sysfs "$system/sys"
     mount -t tmpfs -o mode=755 tmpfs "$system/dev"
-    local name
-    for name in null zero full random urandom tty; do
-        touch "$system/dev/$name"
-        mount --bind "/dev/$name" "$system/dev/$name"
-    done
+    local name major minor
+    while read -r name major minor; do
+        mknod -m 666 "$system/dev/$name" c "$major" "$minor"
+    done <<<$'null 1 3\nzero 1 5\nfull 1 7\nrandom 1 8\nurandom 1 9\ntty 5 0'
     mkdir "$system/dev/pts" "$system/dev/shm"
     # Pseudo-terminals of its own: the tests open some as an ordinary user.
     mount -t devpts -o newinstance,ptmxmode=0666,mode=620,gid=5 devpts "$system/dev/pts"

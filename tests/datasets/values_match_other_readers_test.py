@@ -215,7 +215,7 @@ class Selections(unittest.TestCase):
                 day = f"{2012 + year}-{month + 1:02}"
                 found = field.sel(lat=slice(north, south), time=day).sel(lon=point, method="nearest")
                 if found.size:
-                    cases.append((f'"lat", [{south!r} {north!r}], "time", "{day}", "lon", {point!r}', found.values))
+                    cases.append((f'"lat", [{float(south)!r} {float(north)!r}], "time", "{day}", "lon", {float(point)!r}', found.values))
             lines = run_octave(f'ds = gridio_dataset ("{path}");\n' + "".join(
                 f'printf ("%d ", ds.f.at ({selection})); puts ("\\n");\n' for selection, _ in cases), folder)
             for line, (selection, wanted) in zip(lines, cases):

@@ -151,14 +151,16 @@ TEST_P(Environment, KeepsAReadOnlyFileUnchanged)
 TEST_P(Environment, RefusesToOpenAnotherUsersFileForWriting)
 {
     makeFile();
-    std::filesystem::permissions(folder.path(), std::filesystem::perms{0755});
-    std::filesystem::permissions(path(), std::filesystem::perms{0444});
     constexpr uid_t nobody = 65534;
     const bool isRoot = geteuid() == 0;
+    // An ordinary user, who owns the folder here, could remove the file from it.
+    std::filesystem::permissions(folder.path(), std::filesystem::perms{isRoot ? 0755U : 0555U});
+    std::filesystem::permissions(path(), std::filesystem::perms{0444});
     ASSERT_EQ(isRoot ? seteuid(nobody) : 0, 0);
     const Outcome opened = host.attempt("open", {path(), "write"});
     const Outcome created = host.attempt("create", {path(), GetParam().mode});
     ASSERT_EQ(isRoot ? seteuid(0) : 0, 0);
+    std::filesystem::permissions(folder.path(), std::filesystem::perms{0755});
 
     EXPECT_THAT(opened, failsInTheLibrary());
     EXPECT_THAT(created, failsWithStatus("create", EACCES));

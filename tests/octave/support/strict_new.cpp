@@ -3,8 +3,10 @@
 // process ends when a form of delete releases what another family of new has allocated.
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -39,7 +41,10 @@ void* allocate(std::size_t size)
 void* allocateAligned(std::size_t size, std::align_val_t alignment)
 {
     void* block = nullptr;
-    if (posix_memalign(&block, static_cast<std::size_t>(alignment), size) != 0)
+    if (posix_memalign(
+            &block,
+            std::max<std::size_t>(static_cast<std::size_t>(alignment), alignof(std::max_align_t)),
+            size) != 0)
         throw std::bad_alloc();
     if (!replaceFirst(nullptr, block))
         fail("too many aligned blocks\n", 24);

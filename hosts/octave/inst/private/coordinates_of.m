@@ -20,7 +20,7 @@ function [numbers, ranks] = coordinates_of (d, number)
     endif
   endfor
   listed = ostrsplit (attribute_text (d.variables.attributes{number}, "coordinates"), " \t\r\n", true);
-  for name = listed(! cellfun (@isempty, listed))
+  for name = listed(! cellfun (@isempty, listed))(:)'
     k = in_scope (d, group, name{1});
     if (! isempty (k) && k != number && all (ismember (along (d, k), dimensions)))
       numbers(end+1) = k;
@@ -29,7 +29,7 @@ function [numbers, ranks] = coordinates_of (d, number)
   endfor
   others = find (d.variables.group == group & d.variables.mayBeAxis);
   others = others(cellfun (@(list) is_among (list, dimensions), d.variables.dimensions(others)))(:)';
-  for k = setdiff (others, numbers)
+  for k = setdiff (others, numbers)(:)'
     [role, stage] = axis_role (d.variables.attributes{k}, d.variables.name{k});
     if (! isempty (role) && (stage < 3 || ! strcmp (role, "level")))
       numbers(end+1) = k;
