@@ -7,7 +7,6 @@ import os
 import pathlib
 import random
 import re
-import sys
 import tempfile
 import unittest
 import warnings
@@ -16,8 +15,7 @@ import cftime
 import netCDF4
 import numpy
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import interpreter  # noqa: E402
+import interpreter
 
 CALENDARS = ("standard", "gregorian", "proleptic_gregorian", "julian", "noleap", "365_day", "all_leap", "366_day", "360_day")
 DATES = int(os.environ.get("CALENDAR_DATES", "300"))

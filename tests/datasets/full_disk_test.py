@@ -7,13 +7,11 @@ import re
 import resource
 import signal
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import interpreter  # noqa: E402
+import interpreter
 
 FOLDERS = (interpreter.INST, interpreter.oct_folder())
 LIMIT = 2 << 20

@@ -1,12 +1,10 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """A file is open as long as something holds a part of it, however the rest goes and the session ends."""
-import os
-import pathlib
-import subprocess
 import tempfile
 import unittest
 
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
+import interpreter
+
 MADE = """
 ncid = gridio ("create", "f.nc", "netcdf4");
 x = gridio ("defDim", ncid, "x", 3);
@@ -67,12 +65,7 @@ ENDINGS = [
 
 
 def run_octave(script, folder):
-    path = pathlib.Path(folder, "script.m")
-    path.write_text("1;\n" + MADE + script + "\n")
-    environment = dict(os.environ, HOME=folder, TMPDIR=folder, OCTAVE_HISTFILE=os.path.join(folder, "history"))
-    return subprocess.run([OCTAVE, "--norc", "--quiet", "--path", os.environ["GRIDIO_INST_DIR"],
-                           "--path", os.environ["GRIDIO_OCT_DIR"], str(path)],
-                          cwd=folder, env=environment, capture_output=True, text=True, timeout=300, check=False)
+    return interpreter.run_text(MADE + script + "\n", folder, capture_output=True)
 
 
 # Forked processes read, and leave the files to the one that opened them.

@@ -9,10 +9,10 @@ import tempfile
 import unittest
 
 import cftime
+import interpreter
 import netCDF4
 import numpy as np
 
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
 FILES = int(os.environ.get("GRIDIO_MANY_FILES", "40"))
 
 # save (NAME, X) writes a result for the comparison.
@@ -29,12 +29,7 @@ end
 
 def run_octave(script, folder):
     """What a script prints."""
-    path = pathlib.Path(folder, "script.m")
-    path.write_text(PRELUDE + script)
-    environment = dict(os.environ, HOME=folder, TMPDIR=folder, OCTAVE_HISTFILE=os.path.join(folder, "history"))
-    done = subprocess.run([OCTAVE, "--norc", "--quiet", "--path", os.environ["GRIDIO_INST_DIR"],
-                           "--path", os.environ["GRIDIO_OCT_DIR"], str(path)],
-                          cwd=folder, env=environment, capture_output=True, text=True, timeout=300, check=False)
+    done = interpreter.run_text(PRELUDE + script, folder, capture_output=True)
     if done.returncode != 0:
         raise AssertionError(done.stdout[-1000:] + done.stderr[-3000:])
     return done.stdout

@@ -7,13 +7,11 @@ import re
 import select
 import signal
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import interpreter  # noqa: E402
+import interpreter
 
 FOLDERS = (interpreter.INST, os.environ["GRIDIO_OCT_DIR"])
 OPTIONS = ("--norc", "--quiet", "--no-line-editing")

@@ -3,7 +3,6 @@
 import glob
 import os
 import pathlib
-import sys
 import tempfile
 import unittest
 import warnings
@@ -13,8 +12,7 @@ import netCDF4
 import numpy as np
 import xarray
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import interpreter  # noqa: E402
+import interpreter
 
 warnings.simplefilter("ignore")
 REAL = sorted(glob.glob(os.path.join(os.environ.get("GRIDIO_DATA", "/nowhere"), "*.nc")))

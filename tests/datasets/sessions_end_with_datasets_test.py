@@ -6,13 +6,11 @@ import pathlib
 import re
 import signal
 import subprocess
-import sys
 import tempfile
-import time
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
-import interpreter  # noqa: E402
+import interpreter
+from session_ends import EVAL, FILE, STDIN, end_session
 
 NCDUMP = os.environ.get("NCDUMP", "ncdump")
 FOLDERS = (interpreter.INST, interpreter.oct_folder())
@@ -25,7 +23,6 @@ made.put ("v", 1:5000, "x", "units", "m");   y = made.v;
 out = gridio_dataset ("old.nc", "replace");
 out.put ("v", [4 5 6], "x");
 """
-FILE, EVAL, STDIN = "file", "eval", "stdin"
 REPLACED, KEPT = True, False
 
 # What the session does at last, how it is run, and whether the old file is replaced.
@@ -62,30 +59,6 @@ EXPECTED = {'out.put ("v", 1);': "error: there is a variable 'v' already",
             "clear functions": "warning: Files were still open",
             signal.SIGTERM: "error: octave_base_value::save_binary",
             signal.SIGHUP: "error: octave_base_value::save_binary"}
-WAIT = 'fclose (fopen ("ready", "w"));\nfor k = 1:600, pause (0.05); end\n'
-
-
-def end_session(folder, prelude, tail, how):
-    """The status and the error output of a session in that folder."""
-    sent = tail if isinstance(tail, signal.Signals) else None
-    text = "1;\n" + prelude + (WAIT if sent else tail + "\n")
-    command = interpreter.command(None, folders=FOLDERS, options=("--norc", "--quiet"))
-    if how == FILE:
-        (folder / "session.m").write_text(text)
-        command.append("session.m")
-    elif how == EVAL:
-        command += ["--eval", text]
-    session = subprocess.Popen(
-        command, cwd=folder, env=interpreter.environment(folder), text=True, stdin=subprocess.PIPE,
-        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
-        preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
-    if sent:
-        deadline = time.monotonic() + 30
-        while not (folder / "ready").exists() and time.monotonic() < deadline:
-            time.sleep(0.02)
-        session.send_signal(sent)
-    _, errors = session.communicate(text if how == STDIN else None, timeout=60)
-    return session.returncode, errors
 
 
 def values_of(path):
@@ -98,8 +71,8 @@ class Sessions(unittest.TestCase):
     def check(self, tail, how, is_replaced):
         with tempfile.TemporaryDirectory() as with_datasets, tempfile.TemporaryDirectory() as control:
             folder = pathlib.Path(with_datasets)
-            status, errors = end_session(folder, OLD + ALIVE, tail, how)
-            usual_status, usual_errors = end_session(pathlib.Path(control), OLD + "ds = v = out = made = [];\n", tail, how)
+            status, errors = end_session(folder, OLD + ALIVE, tail, how, FOLDERS)
+            usual_status, usual_errors = end_session(pathlib.Path(control), OLD + "ds = v = out = made = [];\n", tail, how, FOLDERS)
             self.assertEqual(status, usual_status, errors)
             self.assertEqual(values_of(folder / "old.nc"), [4, 5, 6] if is_replaced else [1, 2, 3], errors)
             self.assertEqual(values_of(folder / "f.nc"), [1, 2, 3])

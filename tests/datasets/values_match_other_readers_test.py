@@ -5,18 +5,17 @@ import glob
 import os
 import pathlib
 import random
-import subprocess
 import tempfile
 import unittest
 import warnings
 
 import cftime
+import interpreter
 import netCDF4
 import numpy as np
 import xarray
 
 warnings.simplefilter("ignore")
-OCTAVE = os.environ.get("OCTAVE_CLI", "octave-cli")
 REAL = sorted(glob.glob(os.path.join(os.environ.get("GRIDIO_DATA", "/nowhere"), "*.nc")))
 COUNT = int(os.environ.get("GRIDIO_DATASET_FILES", "40"))
 
@@ -45,12 +44,7 @@ end
 
 def run_octave(script, folder):
     """The lines that a script prints."""
-    path = pathlib.Path(folder, "script.m")
-    path.write_text(script)
-    environment = dict(os.environ, HOME=folder, TMPDIR=folder, OCTAVE_HISTFILE=os.path.join(folder, "history"))
-    done = subprocess.run([OCTAVE, "--norc", "--quiet", "--path", os.environ["GRIDIO_INST_DIR"],
-                           "--path", os.environ["GRIDIO_OCT_DIR"], str(path)],
-                          cwd=folder, env=environment, capture_output=True, text=True, timeout=600, check=False)
+    done = interpreter.run_text(script, folder, capture_output=True)
     if done.returncode != 0:
         raise AssertionError(done.stderr[-3000:])
     return done.stdout.splitlines()

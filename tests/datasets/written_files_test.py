@@ -5,15 +5,13 @@ import os
 import pathlib
 import re
 import subprocess
-import sys
 import unittest
 
 import netCDF4
 import numpy
 import xarray
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent / "support"))
-from written_files import Written, cf_faults, octave  # noqa: E402
+from written_files import Written, cf_faults, octave
 
 FIELD = """
 lon = 0:5:355;  lat = -90:10:90;  t = datenum (2013, 1, 1:3);

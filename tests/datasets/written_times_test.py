@@ -2,15 +2,14 @@
 """Times that are written in every calendar, as the Python binding reads them."""
 import pathlib
 import subprocess
-import sys
 import unittest
 
+import interpreter
 import netCDF4
 
+from written_files import Written
+
 FOLDER = pathlib.Path(__file__).resolve().parent
-sys.path[:0] = [str(FOLDER / "support"), str(FOLDER.parent / "support")]
-import interpreter  # noqa: E402
-from written_files import Written  # noqa: E402
 
 
 class Times(Written):

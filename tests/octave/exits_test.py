@@ -9,9 +9,9 @@ import signal
 import subprocess
 import sys
 import tempfile
-import time
 
 import interpreter
+from session_ends import EVAL, FILE, STDIN, end_session
 
 GRIDIO = interpreter.oct_folder()
 NCDUMP = os.environ.get("NCDUMP", "ncdump")
@@ -28,7 +28,6 @@ gridio ("putVaraDouble", ncid, v, 0, 1000, 1:1000);
 """ for name, mode in FORMATS.items())
 
 # Name, what the script does with the files open, and how it is run.
-FILE, EVAL, STDIN = "file", "eval", "stdin"
 SAY = 'fputs (stderr, "after\\n");\n'
 # After a way that clears the function for good.
 MAPPED = 'if (strfind (fileread ("/proc/self/maps"), "gridio.oct")), fputs (stderr, "still mapped\\n"); end\n'
@@ -58,30 +57,6 @@ WAYS = [
     ("SIGTERM", signal.SIGTERM, FILE),
     ("SIGHUP", signal.SIGHUP, FILE),
 ]
-WAIT = 'fclose (fopen ("ready", "w"));\nfor k = 1:600, pause (0.05); end\n'
-
-
-def end_session(folder, prelude, tail, how):
-    """The status and the error output of a session in that folder."""
-    sent = tail if isinstance(tail, signal.Signals) else None
-    text = "1;\n" + prelude + (WAIT if sent else tail)
-    command = interpreter.command(None, options=("--norc", "--quiet"))
-    if how == FILE:
-        (folder / "session.m").write_text(text)
-        command.append("session.m")
-    elif how == EVAL:
-        command += ["--eval", text]
-    session = subprocess.Popen(
-        command, cwd=folder, env=interpreter.environment(folder), text=True, stdin=subprocess.PIPE,
-        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
-        preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
-    if sent:
-        deadline = time.monotonic() + 30
-        while not (folder / "ready").exists() and time.monotonic() < deadline:
-            time.sleep(0.02)
-        session.send_signal(sent)
-    _, errors = session.communicate(text if how == STDIN else None, timeout=60)
-    return session.returncode, errors
 
 
 def warnings_in(errors):

@@ -40,6 +40,13 @@ def run(script, *args, cwd=None, folders=None, **options):
                           env=environment(), **options)
 
 
+def run_text(code, folder, **options):
+    """The finished process of a script that is written into that folder and has its home there."""
+    pathlib.Path(folder, "script.m").write_text("1;\n" + code)
+    return subprocess.run(command("script.m"), cwd=folder, stdin=subprocess.DEVNULL, env=environment(folder), text=True,
+                          timeout=600, **options)
+
+
 def output_of(script, *args, cwd):
     """What a script that must succeed prints, one text a line; bytes map to characters 0 to 255."""
     done = run(script, *args, cwd=cwd)

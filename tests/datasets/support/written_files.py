@@ -1,23 +1,19 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """Files that scripts write, and the rules that they must keep."""
 import os
-import pathlib
 import re
 import subprocess
 import tempfile
 import unittest
 
+import interpreter
 import netCDF4
 import numpy
 
 
 def octave(folder, script):
     """What the script prints, with warnings and errors among it."""
-    pathlib.Path(folder, "script.m").write_text("1;\n" + script)
-    command = [os.environ["OCTAVE_CLI"], "--norc", "--quiet", "--path", os.environ["GRIDIO_INST_DIR"],
-               "--path", os.environ["GRIDIO_OCT_DIR"], "script.m"]
-    environment = dict(os.environ, OCTAVE_HISTFILE=os.devnull, TMPDIR=folder, HOME=folder)
-    done = subprocess.run(command, cwd=folder, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    done = interpreter.run_text(script, folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     return done.returncode, done.stdout
 
 
