@@ -31,7 +31,7 @@ function x = reduce_at_place (file, number, place, kind, block, options)
   endif
   ## Nothing of the session: it would change the keys of partials.
   file.lastError = [];
-  file.ncid = file.session = file.many.owner = -1;
+  file.ncid = file.session = file.serial = file.process = file.many.owner = -1;
   file.d.groups.ncid(:) = -1;
   work.file = file;
   partial = @(files) partial_of_parts (files, work);
