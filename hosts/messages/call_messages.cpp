@@ -274,6 +274,14 @@ std::string fillPlaces(std::string_view text, const std::vector<std::string>& ar
     return filled;
 }
 
+std::vector<MessageTemplate> callTemplates()
+{
+    std::vector<MessageTemplate> templates;
+    for (const CallMessage& row : rows)
+        templates.push_back({row.identifier, row.text});
+    return templates;
+}
+
 std::optional<std::string> callMessage(std::string_view identifier,
                                        const std::vector<std::string>& arguments,
                                        const FailedCall& call)

@@ -11,6 +11,15 @@
 
 namespace hosts::messages {
 
+// A text with {1}, {2}, ... where arguments or findings are filled in.
+struct MessageTemplate {
+    std::string_view identifier;
+    std::string_view text;
+};
+
+// The texts below, several for an identifier.
+std::vector<MessageTemplate> callTemplates();
+
 // {1}, {2}, ... in the text replaced by the arguments, in one pass, so that a brace inside an
 // argument stays a brace.
 std::string fillPlaces(std::string_view text, const std::vector<std::string>& arguments);

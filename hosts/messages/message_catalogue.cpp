@@ -20,13 +20,8 @@ namespace hosts::messages {
 
 namespace {
 
-struct Message {
-    std::string_view identifier;
-    const char* text; // {1}, {2}, ... are replaced by the arguments
-};
-
 // clang-format off
-constexpr Message catalogue[] = {
+constexpr MessageTemplate catalogue[] = {
     {"Ovard:gridio:validate:wrongNumberOfInputs",
      "The number of arguments after the operation's name is not the one that this operation takes: gridio_help(NAME) "
      "lists them."},
@@ -203,8 +198,9 @@ template <class Look> auto lookedUp(const Look& look) -> decltype(look())
 
 std::string generalText(std::string_view identifier, const std::vector<std::string>& arguments)
 {
-    const auto row = std::find_if(std::begin(catalogue), std::end(catalogue),
-                                  [&](const Message& m) { return m.identifier == identifier; });
+    const auto row =
+        std::find_if(std::begin(catalogue), std::end(catalogue),
+                     [&](const MessageTemplate& m) { return m.identifier == identifier; });
     return row == std::end(catalogue) ? textWithoutRow(std::string(identifier), arguments)
                                       : fillPlaces(row->text, arguments);
 }
@@ -220,12 +216,9 @@ std::string linesBelow(std::string_view identifier, const std::vector<std::strin
 
 } // namespace
 
-std::vector<std::string_view> identifiersWithText()
+std::vector<MessageTemplate> generalTemplates()
 {
-    std::vector<std::string_view> identifiers;
-    for (const Message& message : catalogue)
-        identifiers.push_back(message.identifier);
-    return identifiers;
+    return {std::begin(catalogue), std::end(catalogue)};
 }
 
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* context)

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "hosts/messages/call_context.h"
+#include "hosts/messages/call_messages.h"
 
 #include "vx/error.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace hosts::messages {
@@ -18,7 +18,7 @@ namespace hosts::messages {
 // remains. An identifier without a text gives the identifier followed by its arguments.
 std::string messageText(const msgcat::BaseMsgID& id, const CallContext* call = nullptr);
 
-// The identifiers that have a text in the catalogue.
-std::vector<std::string_view> identifiersWithText();
+// The general texts, one for each identifier of the module.
+std::vector<MessageTemplate> generalTemplates();
 
 } // namespace hosts::messages

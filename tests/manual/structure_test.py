@@ -33,13 +33,10 @@ def entries():
 def catalogue():
     """{identifier: patterns of its messages}: the general one, and those that describe the call."""
     found = {}
-    for name in ("message_catalogue", "call_messages"):
-        source = (ROOT / "hosts" / "messages" / f"{name}.cpp").read_text()
-        for identifier, text in re.findall(
-                r'\{"(Ovard:[\w:]+)",((?:\s*"(?:[^"\\]|\\.)*")+)(?:,\s*\w+)?\}', source):
-            words = "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', text)).replace('\\"', '"').replace("\\n", " ")
-            pattern = re.sub(r"\\\{\d\\\}", "(?s:.+)", re.escape(words))
-            found.setdefault(identifier, []).append(re.sub(r"(\\ )+", r"\\s+", pattern))
+    lines = subprocess.run([os.environ["LIST_MESSAGES"]], capture_output=True, text=True, check=True).stdout.splitlines()
+    for identifier, text in zip(lines[::2], lines[1::2], strict=True):
+        pattern = re.sub(r"\\\{\d\\\}", "(?s:.+)", re.escape(text))
+        found.setdefault(identifier, []).append(re.sub(r"(\\ )+", r"\\s+", pattern))
     return found
 
 
