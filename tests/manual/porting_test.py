@@ -9,7 +9,7 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-SOURCES = ("CMakeLists.txt", "CMakePresets.json", "VERSION", "bench", "docs", "fuzz", "hosts", "include", "src", "tests")
+SOURCES = ("CMakeLists.txt", "CMakePresets.json", "VERSION", "bench", "cmake", "docs", "fuzz", "hosts", "include", "src", "tests")
 
 
 def commands():
