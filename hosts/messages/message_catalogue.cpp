@@ -128,8 +128,9 @@ constexpr MessageTemplate catalogue[] = {
      "The fields of the compound type \"{1}\" are not laid out as in a C structure: the library would misread them. "
      "Define them like this: {2}."},
     {"Ovard:gridio:any:foreignType",
-     "The file stores values of the type \"{1}\" in a form (packed, with a fixed length, or in another byte "
-     "order) that the library would write incorrectly. They can be read: copy them to a new file, and write there."},
+     "The library would write values of the type \"{1}\" incorrectly. Either the file stores them packed, with a fixed "
+     "length or in another byte order: copy them to a new file, and write there. Or the type has arrays of compound "
+     "types with strings or vlens inside: such values can be written to a variable, and one of them to an attribute."},
     {"Ovard:gridio:any:unrecognizedWord",
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reading and writing attributes of any type.
 #include "any/any_arguments.h"
+#include "any_error_identifiers.h"
 #include "check_status.h"
 #include "convert/argument_readers.h"
 #include "data/elements/fill_attributes.h"
@@ -38,6 +39,8 @@ void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
     const std::size_t count = countValues(type, args[4]);
     const OutgoingValues values(type, args[4], count);
     requireWritable(ncid, type, entry);
+    if (type.isWrittenAlone && count > 1)
+        vxErrMsgId(any::foreignType(type.name));
     requireMatchingFillValue(ncid, varid, name, xtype, count, entry);
     checkStatus(nc_put_att(ncid, varid, name.c_str(), xtype, count, values.get()), entry);
 }

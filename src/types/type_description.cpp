@@ -114,7 +114,7 @@ void TypeTree::describeVlen(Type& type, nc_type base)
         raiseDamaged(type);
     type.base = describe(base);
     type.holdsLabels = type.base->holdsLabels;
-    type.isWritable = type.base->isWritable;
+    type.isWritable = type.base->isWritable && !type.base->isWrittenAlone;
 }
 
 void TypeTree::describeEnumeration(Type& type, nc_type base, std::size_t memberCount)
@@ -141,10 +141,16 @@ void TypeTree::describeCompound(Type& type, std::size_t fieldCount)
         raiseDamaged(type);
     for (std::size_t i = 0; i < fieldCount; ++i) {
         type.fields.push_back(describeField(type, static_cast<int>(i)));
-        const Type& inner = *type.fields.back().type;
+        const Field& field = type.fields.back();
+        const Type& inner = *field.type;
         type.ownsMemory = type.ownsMemory || inner.ownsMemory;
         type.holdsLabels = type.holdsLabels || inner.holdsLabels;
-        type.isWritable = type.isWritable && inner.isWritable;
+        // HDF5 1.10.8 gives the last one's strings and vlens to each of several such arrays.
+        type.isWrittenAlone =
+            type.isWrittenAlone || inner.isWrittenAlone ||
+            (!field.lengths.empty() && inner.kind == TypeKind::compound && inner.ownsMemory);
+        type.isWritable =
+            type.isWritable && inner.isWritable && (field.count == 1 || !inner.isWrittenAlone);
     }
     requireReadableLayout(type);
 }

@@ -47,7 +47,8 @@ struct Type {
     std::vector<Member> members;          // for an enumeration
     bool ownsMemory = false;              // values hold strings or vlens
     bool holdsLabels = false;             // values hold enumerations
-    bool isWritable = true;               // the description covers each byte of a value
+    bool isWritable = true;               // the library writes a value as described
+    bool isWrittenAlone = false;          // several in one call get each other's strings
 };
 
 // A type with all its component types, each described once. Raises the library's failures,

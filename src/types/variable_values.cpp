@@ -61,12 +61,33 @@ GetVarsCall BlockValues::callFor(const Variable& variable) const
     };
 }
 
+namespace {
+
+void writeOneByOne(const Variable& variable, const Type& type, const Block& block,
+                   const char* values)
+{
+    const std::size_t count = productOf(block.count);
+    for (std::size_t i = 0; i < count; ++i) {
+        SizeVector index = block.start;
+        std::size_t rest = i;
+        for (std::size_t d = index.size(); d-- > 0; rest /= block.count[d])
+            index[d] += rest % block.count[d] * static_cast<std::size_t>(block.stride[d]);
+        checkStatus(
+            nc_put_var1(variable.ncid(), variable.varid(), index.data(), values + i * type.size),
+            variable.entry());
+    }
+}
+
+} // namespace
+
 void writeValues(Variable& variable, const Type& type, const Block& block, const void* values)
 {
     variable.requireAccessibleValues();
     if (isFixedLength(variable, type))
         vxErrMsgId(any::foreignType(type.name));
     requireWritable(variable.ncid(), type, variable.entry());
+    if (type.isWrittenAlone)
+        return writeOneByOne(variable, type, block, static_cast<const char*>(values));
     checkStatus(nc_put_vars(variable.ncid(), variable.varid(), block.start.data(),
                             block.count.data(), block.stride.data(), values),
                 variable.entry());

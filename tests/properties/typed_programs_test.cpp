@@ -65,7 +65,10 @@ struct Program {
                 v.lengths.push_back(dice.below(3) + 1);
             v.data = randomData(*v.type, productOf(v.lengths), dice);
             v.attributeType = &schema.any(dice);
-            v.attribute = randomData(*v.attributeType, dice.below(4), dice);
+            const std::size_t values = dice.below(4);
+            v.attribute = randomData(
+                *v.attributeType,
+                v.attributeType->isWrittenAlone ? std::min<std::size_t>(values, 1) : values, dice);
             variables.push_back(v);
         }
     }
@@ -92,6 +95,22 @@ std::vector<int> dimensionsOf(int ncid, const TypedVariable& v)
     return ids;
 }
 
+void putByLibrary(int ncid, int varid, const TypedVariable& v, const CValues& values)
+{
+    if (!v.type->isWrittenAlone) {
+        require(nc_put_var(ncid, varid, values.get()));
+        return;
+    }
+    for (std::size_t i = 0; i < v.data.size(); ++i) {
+        std::vector<std::size_t> index(v.lengths.size());
+        std::size_t rest = i;
+        for (std::size_t d = index.size(); d-- > 0; rest /= v.lengths[d])
+            index[d] = rest % v.lengths[d];
+        require(nc_put_var1(ncid, varid, index.data(),
+                            static_cast<const char*>(values.get()) + i * v.type->size));
+    }
+}
+
 void writeByLibrary(const std::string& path, Program& program)
 {
     LibraryFile file = LibraryFile::create(path);
@@ -105,7 +124,7 @@ void writeByLibrary(const std::string& path, Program& program)
         require(nc_put_att(file.ncid(), varid, "a", v.attributeType->id, v.attribute.size(),
                            attribute.get()));
         const CValues values(*v.type, v.data);
-        require(nc_put_var(file.ncid(), varid, values.get()));
+        putByLibrary(file.ncid(), varid, v, values);
     }
     file.close();
 }
@@ -325,10 +344,24 @@ void run(const std::vector<unsigned char>& choices, const testsupport::ScratchFo
         figures.dumps += compareDumps(byLibrary, byModule) ? 1 : 0;
 }
 
+// The program that a failure has reported, as numbers between blanks.
+std::vector<unsigned char> choicesOf(const char* numbers)
+{
+    std::istringstream words(numbers);
+    std::vector<unsigned char> choices;
+    for (unsigned choice = 0; words >> choice;)
+        choices.push_back(static_cast<unsigned char>(choice));
+    return choices;
+}
+
 TEST(TypedPrograms, MatchPlainLibraryCalls)
 {
     const testsupport::ScratchFolder folder;
     Figures figures;
+    if (const char* one = std::getenv("GRIDIO_TYPED_PROGRAM")) {
+        run(choicesOf(one), folder, figures);
+        return;
+    }
     rc::detail::TestParams params = rc::detail::configuration().testParams;
     if (std::getenv("RC_PARAMS") == nullptr) {
         params.maxSuccess = usualPrograms;

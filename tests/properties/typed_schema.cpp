@@ -99,6 +99,7 @@ void Schema::addAtomic(Kind kind, nc_type id, std::size_t size)
     type.kind = kind;
     type.id = id;
     type.size = type.alignment = size;
+    type.ownsMemory = kind == Kind::string;
 }
 
 void Schema::addUserType(Dice& dice)
@@ -124,6 +125,9 @@ void Schema::addUserType(Dice& dice)
     case 1:
         type.kind = Kind::vlen;
         type.base = &any(dice);
+        if (type.base->isWrittenAlone)
+            type.base = &types_.front();
+        type.ownsMemory = true;
         type.size = sizeof(nc_vlen_t);
         type.alignment = alignof(nc_vlen_t);
         break;
@@ -148,6 +152,13 @@ void Schema::addFields(Dice& dice, Typed& type)
         const std::size_t rank = dice.rarely(3) ? dice.below(3) + 1 : 0;
         for (std::size_t d = 0; d < rank; ++d)
             field.lengths.push_back(static_cast<int>(dice.below(3)) + 1);
+        const Typed& inner = *field.type;
+        if (inner.isWrittenAlone)
+            std::fill(field.lengths.begin(), field.lengths.end(), 1);
+        type.ownsMemory = type.ownsMemory || inner.ownsMemory;
+        type.isWrittenAlone =
+            type.isWrittenAlone || inner.isWrittenAlone ||
+            (!field.lengths.empty() && inner.kind == Kind::compound && inner.ownsMemory);
         field.offset = roundedUp(end, field.type->alignment);
         end = field.offset + field.count() * field.type->size;
         type.alignment = std::max(type.alignment, field.type->alignment);

@@ -53,6 +53,8 @@ struct Typed {
     const Typed* base = nullptr; // of an enumeration and a vlen
     std::vector<TypedField> fields;
     std::vector<TypedMember> members;
+    bool ownsMemory = false;     // values hold strings or vlens
+    bool isWrittenAlone = false; // the library mixes up several that are written in one call
 };
 
 // The library's own types, and a few that are made of them and of each other.
