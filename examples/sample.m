@@ -43,6 +43,7 @@ function write_stations (file)
   out.put ("level", level, {"time", "station"}, "units", "m", "long_name", "water level", "coordinates", "name lon lat");
 endfunction
 
+% Writes the two files, over those of that name.
 write_sea ("sea.nc");
 write_stations ("stations.nc");
 printf ("sea.nc and stations.nc are in the current folder\n");

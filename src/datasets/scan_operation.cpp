@@ -17,6 +17,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace Ovard::gridio::datasetOperations {
@@ -67,7 +68,8 @@ std::string attributeText(const Variable& variable, const char* name)
         std::string text(length, '\0');
         checkStatus(nc_get_att_text(variable.ncid(), variable.varid(), name, text.data()),
                     variable.entry());
-        return text.c_str();
+        text.resize(std::min(text.find('\0'), length));
+        return text;
     }
     if (type != NC_STRING || length != 1)
         return "";
