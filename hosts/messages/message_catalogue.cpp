@@ -130,7 +130,7 @@ constexpr MessageTemplate catalogue[] = {
     {"Ovard:gridio:any:foreignType",
      "The library would write values of the type \"{1}\" incorrectly. Either the file stores them packed, with a fixed "
      "length or in another byte order: copy them to a new file, and write there. Or the type has arrays of compound "
-     "types with strings or vlens inside: such values can be written to a variable, and one of them to an attribute."},
+     "types with strings or vlens inside: such values can be written to a variable, and one of them to an attribute or into a vlen."},
     {"Ovard:gridio:any:unrecognizedWord",
      "The argument \"{1}\" takes one of these words, and not \"{2}\": {3}."},
 

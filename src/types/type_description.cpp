@@ -114,7 +114,8 @@ void TypeTree::describeVlen(Type& type, nc_type base)
         raiseDamaged(type);
     type.base = describe(base);
     type.holdsLabels = type.base->holdsLabels;
-    type.isWritable = type.base->isWritable && !type.base->isWrittenAlone;
+    type.isWritable = type.base->isWritable;
+    type.isWrittenAlone = type.base->isWrittenAlone;
 }
 
 void TypeTree::describeEnumeration(Type& type, nc_type base, std::size_t memberCount)

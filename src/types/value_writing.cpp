@@ -354,6 +354,8 @@ void OutgoingValues::convertVlen(const Type& base, char* target, const vxArray* 
     if (isNothing(elementValues))
         return;
     const std::size_t length = countValues(base, elementValues);
+    if (base.isWrittenAlone && length > 1)
+        vxErrMsgId(any::foreignType(base.name));
     char* memory = length == 0 ? nullptr : allocate(length, base.size, base.alignment);
     convert(base, {memory, length, base.size}, elementValues, place);
     const nc_vlen_t vlen = {length, memory};

@@ -52,7 +52,7 @@ Datum randomDatum(const Typed& type, Dice& dice)
                                     : type.members[dice.below(type.members.size())].bits;
         break;
     case Kind::vlen:
-        datum.parts = randomData(*type.base, dice.below(4), dice);
+        datum.parts = randomData(*type.base, dice.below(type.base->isWrittenAlone ? 2 : 4), dice);
         break;
     case Kind::opaque:
         datum.text = std::string();

@@ -125,8 +125,7 @@ void Schema::addUserType(Dice& dice)
     case 1:
         type.kind = Kind::vlen;
         type.base = &any(dice);
-        if (type.base->isWrittenAlone)
-            type.base = &types_.front();
+        type.isWrittenAlone = type.base->isWrittenAlone;
         type.ownsMemory = true;
         type.size = sizeof(nc_vlen_t);
         type.alignment = alignof(nc_vlen_t);

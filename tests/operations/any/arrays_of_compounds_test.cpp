@@ -69,13 +69,34 @@ TEST_F(ArraysOfCompounds, AreRefusedWhereTheyCannotBeWrittenOneByOne)
         host.attemptAny("putAtt", {ncid, -1, "two", ship, shipsNamed({2, 2}, {"a", "b", "c", "d"})})
             .raised->name(),
         "foreignType");
+    closeFile(ncid);
+}
+
+TEST_F(ArraysOfCompounds, AreWrittenIntoVlensOneToEach)
+{
     any("defVlen", {ncid, "fleet", ship});
-    const Value fleet = host.callAny("inqTypeID", {ncid, "fleet"}).at(0);
-    EXPECT_EQ(host.attemptAny("putAtt", {ncid, -1, "fleet", fleet,
-                                         Value::cell({1, 1}, {shipsNamed({2, 1}, {"a", "b"})})})
+    const double fleet = host.callAny("inqTypeID", {ncid, "fleet"}).at(0).toDouble();
+    const int varid = id("defVar", {ncid, "v", fleet, 0});
+    any("putVar",
+        {ncid, varid,
+         Value::cell({2, 1}, {shipsNamed({2, 1}, {"a", "b"}), shipsNamed({2, 1}, {"c", "d"})})});
+    EXPECT_EQ(host.attemptAny("putVar1",
+                              {ncid, varid, 0,
+                               Value::cell({1, 1}, {shipsNamed({2, 2}, {"a", "b", "c", "d"})})})
                   .raised->name(),
               "foreignType");
     closeFile(ncid);
+
+    const LibraryFile file = LibraryFile::open(folder.file("ships.nc"));
+    nc_vlen_t read[2];
+    require(nc_get_var(file.ncid(), 0, read));
+    for (const nc_vlen_t& ships : read)
+        ASSERT_EQ(ships.len, 1U);
+    EXPECT_STREQ(static_cast<const Ship*>(read[0].p)->names[0].text, "a");
+    EXPECT_STREQ(static_cast<const Ship*>(read[0].p)->names[1].text, "b");
+    EXPECT_STREQ(static_cast<const Ship*>(read[1].p)->names[0].text, "c");
+    EXPECT_STREQ(static_cast<const Ship*>(read[1].p)->names[1].text, "d");
+    require(nc_reclaim_data(file.ncid(), static_cast<int>(fleet), read, 2));
 }
 
 } // namespace
