@@ -117,7 +117,7 @@ class Systems(FrontDoorTest):
         table = text.split(BEGIN)[1].split(END)[0].strip()
         rows = [row.split(" | ")[0] for row in table.splitlines()[2:]]
         self.assertEqual(rows, [f"| {suite}" for suite in ("bookworm", "trixie", "sid") if f"| {suite} " in table])
-        self.assertTrue(not table or table.startswith(HEAD.strip()), table)
+        self.assertTrue(table.startswith((HEAD.strip(), "No whole run is recorded yet.")), table)
 
 
 if __name__ == "__main__":
