@@ -4,12 +4,12 @@
 
 #include "call.h"
 #include "errors.h"
+#include "guarded_call.h"
 #include "vx/plug.h"
 
 #include <octave/oct.h>
 
-#include <exception>
-#include <new>
+#include <string>
 
 namespace hosts::oct {
 
@@ -46,22 +46,12 @@ template <auto entry> octave_value_list callModule(const octave_value_list& args
 template <auto entry, auto before>
 octave_value_list callGuarded(const octave_value_list& args, int nargout)
 {
-    try {
-        before(args);
-        return callModule<entry>(args, nargout);
-    } catch (const octave::execution_exception&) {
-        throw;
-    } catch (const octave::interrupt_exception&) {
-        throw;
-    } catch (const octave::exit_exception&) {
-        throw;
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
-        raiseInternal(failure.what());
-    } catch (...) {
-        raiseInternal("an exception of unknown type");
-    }
+    return guardedCall(
+        [&] {
+            before(args);
+            return callModule<entry>(args, nargout);
+        },
+        [](const std::string& failure) { raiseInternal(failure.c_str()); });
 }
 
 } // namespace hosts::oct

@@ -3,6 +3,7 @@
 // gridio.oct, which alone knows its open files; its callers clear it after each call, so that
 // "clear gridio" still unloads gridio.oct.
 #include "errors.h"
+#include "guarded_call.h"
 #include "session_report.h"
 
 #include <octave/Cell.h>
@@ -117,17 +118,7 @@ Undocumented internal function of @code{gridio_open_files}, @code{gridio_version
         args.length() == 1 && args(0).is_string() ? args(0).string_value() : "";
     if (wanted != "files" && wanted != "versions" && wanted != "state" && wanted != "threads")
         print_usage();
-    try {
-        return ovl(answerTo(wanted));
-    } catch (const octave::execution_exception&) {
-        throw;
-    } catch (const octave::interrupt_exception&) {
-        throw;
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
-        hosts::oct::raiseInternal(failure.what());
-    } catch (...) {
-        hosts::oct::raiseInternal("an exception of unknown type");
-    }
+    return hosts::oct::guardedCall(
+        [&] { return ovl(answerTo(wanted)); },
+        [](const std::string& failure) { hosts::oct::raiseInternal(failure.c_str()); });
 }

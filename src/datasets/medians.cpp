@@ -37,26 +37,6 @@ double valueOf(std::uint64_t key)
 
 } // namespace
 
-void Collector::addToEach(const double* values, std::size_t count, std::size_t first)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        add(values[i], first + i);
-}
-
-void Collector::addToOne(const double* values, std::size_t count, std::size_t result)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        add(values[i], result);
-}
-
-void Collector::addScattered(const double* values, const double*, const std::ptrdiff_t* offsets,
-                             std::size_t count, std::size_t first)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        if (offsets[i] >= 0)
-            add(values[i], first + static_cast<std::size_t>(offsets[i]));
-}
-
 double Collector::result(std::size_t index) const
 {
     std::vector<double> values = values_[index];
@@ -121,26 +101,6 @@ void Selector::endPass()
     }
     std::fill(buckets_.begin(), buckets_.end(), 0);
     ++pass_;
-}
-
-void Selector::addToEach(const double* values, std::size_t count, std::size_t first)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        add(values[i], first + i);
-}
-
-void Selector::addToOne(const double* values, std::size_t count, std::size_t result)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        add(values[i], result);
-}
-
-void Selector::addScattered(const double* values, const double*, const std::ptrdiff_t* offsets,
-                            std::size_t count, std::size_t first)
-{
-    for (std::size_t i = 0; i < count; ++i)
-        if (offsets[i] >= 0)
-            add(values[i], first + static_cast<std::size_t>(offsets[i]));
 }
 
 double Selector::result(std::size_t index) const

@@ -9,28 +9,49 @@
 
 namespace Ovard::gridio {
 
+// Passes values to Taker::add one by one, each with its result. They have no weights.
+template <class Taker> class OneByOne : public Accumulator {
+public:
+    void addToEach(const double* values, std::size_t count, std::size_t first) override
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            taker().add(values[i], first + i);
+    }
+
+    void addToOne(const double* values, std::size_t count, std::size_t result) override
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            taker().add(values[i], result);
+    }
+
+    void addScattered(const double* values, const double*, const std::ptrdiff_t* offsets,
+                      std::size_t count, std::size_t first) override
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            if (offsets[i] >= 0)
+                taker().add(values[i], first + static_cast<std::size_t>(offsets[i]));
+    }
+
+private:
+    Taker& taker() { return static_cast<Taker&>(*this); }
+};
+
 // Keeps the values of each result.
-class Collector : public Accumulator {
+class Collector : public OneByOne<Collector> {
 public:
     explicit Collector(std::size_t results) : values_(results) {}
 
-    void addToEach(const double* values, std::size_t count, std::size_t first) override;
-    void addToOne(const double* values, std::size_t count, std::size_t result) override;
-    void addScattered(const double* values, const double* weights, const std::ptrdiff_t* offsets,
-                      std::size_t count, std::size_t first) override;
-
+    void add(double value, std::size_t result);
     double result(std::size_t index) const override;
     double count(std::size_t index) const override;
 
 private:
-    void add(double value, std::size_t result);
-
     std::vector<std::vector<double>> values_;
 };
 
 // Keeps counts of values, whose number does not matter: all values are passed to it several times,
 // and in each pass some more bits of the two in the middle become known.
-class Selector : public Accumulator {
+class Selector : public OneByOne<Selector> {
 public:
     static constexpr int passes = 6;
 
@@ -42,11 +63,7 @@ public:
     // Called after each pass.
     void endPass();
 
-    void addToEach(const double* values, std::size_t count, std::size_t first) override;
-    void addToOne(const double* values, std::size_t count, std::size_t result) override;
-    void addScattered(const double* values, const double* weights, const std::ptrdiff_t* offsets,
-                      std::size_t count, std::size_t first) override;
-
+    void add(double value, std::size_t result);
     double result(std::size_t index) const override;
     double count(std::size_t index) const override;
 
@@ -58,7 +75,6 @@ private:
         std::uint64_t place = 0;
     };
 
-    void add(double value, std::size_t result);
     int shift() const;
 
     int pass_ = 0;

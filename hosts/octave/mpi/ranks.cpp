@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The operations of ranks.h.
 #include "ranks.h"
+#include "guarded_call.h"
 #include "waiting.h"
 
 #include <octave/error.h>
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <exception>
 #include <functional>
 #include <map>
 #include <string>
@@ -222,21 +222,9 @@ octave_value_list call(const octave_value_list& args)
         error("no operation \"%s\" with %d arguments", name.c_str(),
               static_cast<int>(args.length()));
     }
-    std::string reason;
-    try {
-        return row->second.operation(args);
-    } catch (const octave::execution_exception&) {
-        throw;
-    } catch (const octave::interrupt_exception&) {
-        throw;
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& failure) {
-        reason = failure.what();
-    } catch (...) {
-        reason = "unknown failure";
-    }
-    error("%s: %s", name.c_str(), reason.c_str());
+    return guardedCall(
+        [&] { return row->second.operation(args); },
+        [&](const std::string& failure) { error("%s: %s", name.c_str(), failure.c_str()); });
 }
 
 } // namespace hosts::oct::mpi

@@ -25,7 +25,7 @@ endfunction
 
 ## Whether a file that replaces another is as it was to be: no error is why it is closed.  At the end of the session an
 ## error since the file was last written to counts, too: it may be why the session ends.  An interrupt of a script is not seen
-## here: the interpreter keeps no trace of it.
+## here: the interpreter does not record it.
 function isWhole = is_whole (file, isExiting)
 
   isWhole = true;

@@ -47,7 +47,7 @@ function [difference, scale] = difference_of (file, other, k)
   e = other.d;
   twin = find (strcmp (e.variables.path, d.variables.path{k}), 1);
   if (isempty (twin))
-    difference = "there is none";
+    difference = "the file has no such variable";
     return;
   endif
   [own, theirs] = deal (shape_in (d, k, file.many.dimension), shape_in (e, twin, []));
