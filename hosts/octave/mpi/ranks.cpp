@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The operations of ranks.h.
 #include "ranks.h"
-#include "guarded_call.h"
+#include "../guarded_call.h"
 #include "waiting.h"
 
 #include <octave/error.h>
