@@ -14,6 +14,8 @@ import warnings
 import cftime
 import numpy
 
+from cftime_dates import exists
+
 CONVERT_TIMES = sys.argv.pop(1)
 CALENDARS = ("standard", "proleptic_gregorian", "julian", "noleap", "all_leap", "360_day")
 MICROSECONDS = {"microseconds": 1, "milliseconds": 1000, "seconds": 10**6, "minutes": 60 * 10**6, "hours": 3600 * 10**6,
@@ -28,14 +30,6 @@ LARGEST_YEAR = 240_000  # cftime accepts no number of microseconds beyond 64 bit
 def answers(lines):
     done = subprocess.run([CONVERT_TIMES], input="\n".join(lines) + "\n", capture_output=True, text=True, check=True)
     return done.stdout.splitlines()
-
-
-def exists(calendar, year, month, day):
-    try:
-        cftime.datetime(year, month, day, calendar=calendar, has_year_zero=True)
-    except ValueError:
-        return False
-    return True
 
 
 def edges():

@@ -16,6 +16,7 @@ import netCDF4
 import numpy
 
 import interpreter
+from cftime_dates import exists
 
 CALENDARS = ("standard", "gregorian", "proleptic_gregorian", "julian", "noleap", "365_day", "all_leap", "366_day", "360_day")
 DATES = int(os.environ.get("CALENDAR_DATES", "300"))
@@ -57,14 +58,6 @@ for k = 1:2:numel (texts)
   end
 end
 """
-
-
-def exists(calendar, year, month, day):
-    try:
-        cftime.datetime(year, month, day, calendar=calendar, has_year_zero=True)
-    except ValueError:
-        return False
-    return True
 
 
 def drawn_dates(draw, calendar):

@@ -49,7 +49,7 @@ WAYS = [
     ("uncaught error in --eval", 'error ("own error");', EVAL, KEPT),
     ("uncaught error on stdin", 'error ("own error");', STDIN, KEPT),
     ("uncaught error of a change", 'out.put ("v", 1);', FILE, KEPT),
-    ("SIGINT", signal.SIGINT, FILE, REPLACED),  # of which the interpreter keeps no trace
+    ("SIGINT", signal.SIGINT, FILE, REPLACED),  # the interpreter does not say that it was interrupted
     ("SIGTERM", signal.SIGTERM, FILE, KEPT),
     ("SIGHUP", signal.SIGHUP, FILE, KEPT),
     ("SIGKILL", signal.SIGKILL, FILE, KEPT),
