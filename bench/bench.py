@@ -59,7 +59,7 @@ class Worker:
 
 def interpreter_with(programs, oct_folder):
     return ["octave-cli", "--norc", "--no-history", "--no-line-editing", "--quiet", "--path", str(oct_folder),
-            "--path", str(HERE.parent / "hosts" / "octave" / "inst"), "--path", str(programs)]
+            "--path", str(HERE.parent / "hosts" / "octave" / "inst"), "--path", str(programs), "--path", str(HERE)]
 
 
 def python_worker():

@@ -2,7 +2,7 @@
 ## The work of bench/native_chunks.cpp, by gridio_any in the interpreter. See bench/worker.h for what it is asked.
 1;
 
-function [seconds, values] = read_whole (path, maps)
+function [seconds, values] = read_whole (~, path, maps)
   ncid = gridio ("open", path, "nowrite");
   start = tic;
   values = gridio_any ("getVar", ncid, 0);
@@ -10,7 +10,7 @@ function [seconds, values] = read_whole (path, maps)
   gridio ("close", ncid);
 endfunction
 
-function [seconds, total] = read_maps (path, maps)
+function [seconds, total] = read_maps (~, path, maps)
   ncid = gridio ("open", path, "nowrite");
   total = 0;
   start = tic;
@@ -24,7 +24,7 @@ endfunction
 
 ## The values are those of a file, which is read first.
 function [seconds, total] = write_whole (path, maps, type)
-  [~, values] = read_whole (strrep (path, "written", "source"), maps);
+  [~, values] = read_whole ("", strrep (path, "written", "source"), maps);
   total = 0;
   start = tic;
   ncid = gridio ("create", path, "netcdf4");
@@ -38,34 +38,9 @@ function [seconds, total] = write_whole (path, maps, type)
   seconds = toc (start);
 endfunction
 
-## As in bench/octave_worker.m.
-function sum_ = checksum (values)
-  if (isscalar (values))
-    sum_ = values;
-    return;
-  endif
-  sample = double (values(1:4099:end)(:));
-  sum_ = sum (values(:), "double") + sum (sample .* (mod ((0:numel (sample) - 1)', 7) + 1));
-endfunction
-
 works = struct ("read_chunks_float", @read_whole, "read_chunks_short", @read_whole, "read_chunks_zstd", @read_whole,
                 "read_chunks_maps", @read_maps,
-                "write_chunks_float", @(path, maps) write_whole (path, maps, "NC_FLOAT"),
-                "write_chunks_short", @(path, maps) write_whole (path, maps, "NC_SHORT"));
+                "write_chunks_float", @(~, path, maps) write_whole (path, maps, "NC_FLOAT"),
+                "write_chunks_short", @(~, path, maps) write_whole (path, maps, "NC_SHORT"));
 
-while (true)
-  try
-    line = input ("", "s"); # fgetl would wait for the line after this one
-  catch
-    break;
-  end_try_catch
-  words = strsplit (line, " ");
-  if (strcmp (words{1}, "run"))
-    [seconds, values] = works.(words{2}) (words{4}, str2double (words{5}));
-    printf ("%.9f\n", seconds);
-  else
-    printf ("%.17g\n", checksum (values));
-    clear values
-  endif
-  fflush (stdout);
-endwhile
+serve (works);

@@ -2,7 +2,7 @@
 ## The work of bench/native_datasets.cpp, by datasets in the interpreter. See bench/worker.h for what it is asked.
 1;
 
-function [seconds, total] = maxima (path, maps)
+function [seconds, total] = maxima (~, path, maps)
   v = gridio_dataset (path).v;
   total = 0;
   start = tic;
@@ -14,14 +14,14 @@ function [seconds, total] = maxima (path, maps)
 endfunction
 
 ## Of a field that is compressed, from opening to the mean in memory.
-function [seconds, total] = time_mean (path, maps)
+function [seconds, total] = time_mean (~, path, maps)
   start = tic;
   x = gridio_dataset (path).v.mean ("time");
   seconds = toc (start);
   total = mean (x(:));
 endfunction
 
-function [seconds, total] = show_many (path, count)
+function [seconds, total] = show_many (~, path, count)
   start = tic;
   text = evalc ("disp (gridio_dataset (path))");
   seconds = toc (start);
@@ -29,18 +29,4 @@ function [seconds, total] = show_many (path, count)
 endfunction
 
 works = struct ("maxima", @maxima, "time_mean", @time_mean, "show_many", @show_many);
-while (true)
-  try
-    line = input ("", "s"); # fgetl would wait for the line after this one
-  catch
-    break;
-  end_try_catch
-  words = strsplit (line, " ");
-  if (strcmp (words{1}, "run"))
-    [seconds, value] = works.(words{2}) (words{4}, str2double (words{5}));
-    printf ("%.9f\n", seconds);
-  else
-    printf ("%.17g\n", value);
-  endif
-  fflush (stdout);
-endwhile
+serve (works);

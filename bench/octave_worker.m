@@ -175,23 +175,6 @@ function [seconds, sum] = inquire_variables (format, path, count)
   gridio ("close", ncid);
 endfunction
 
-## Of single values their sum is the checksum.
-function sum_ = checksum (values)
-  if (isscalar (values))
-    sum_ = double (values);
-    return;
-  endif
-  if (ischar (values))
-    values = uint8 (values);
-  endif
-  if (iscell (values)) # of each text the sum of its bytes
-    sums = cumsum (double ([values{:}]));
-    values = diff ([0, sums(cumsum (cellfun ("numel", values(:))))]);
-  endif
-  sample = double (values(1:4099:end)(:));
-  sum_ = sum (values(:), "double") + sum (sample .* (mod ((0:numel (sample) - 1)', 7) + 1));
-endfunction
-
 ## Microseconds of a call of an empty native function, of one that makes the library's calls and nothing else, and of
 ## gridio, with the same arguments, in turns; of each the least, which a busy machine disturbs little.
 function least = call_cost (operation, arguments, path, count)
@@ -211,6 +194,17 @@ function least = call_cost (operation, arguments, path, count)
   least = min (seconds) / count * 1e6;
 endfunction
 
+function text = call_line (line)
+  parts = strsplit (line, "|");
+  words = strsplit (parts{1}, " ");
+  text = sprintf ("%.6f %.6f %.6f\n", call_cost (parts{2:3}, words{2}, str2double (words{3})));
+endfunction
+
+function text = versions (line)
+  about = gridio_version ();
+  text = sprintf ("gridio %s, Octave %s, libnetcdf %s, HDF5 %s\n", about.gridio, OCTAVE_VERSION, about.netcdf, about.hdf5);
+endfunction
+
 for name = {"open", "create", "close", "defDim", "defVar", "setFill", "endDef", "parameter", "putVar", ...
             "putVaraDouble", "getVar1Double", "getVaraDouble", "inq", "inqLibVers", "inqFormat", "inqDim", ...
             "inqVar", "inqVarID", "getAttText", "getAttDouble", "putAttDouble"}
@@ -225,26 +219,4 @@ works = struct (
   "open_inquire_close", @open_inquire_close, "read_attributes", @read_attributes,
   "write_attributes", @write_attributes, "inquire_variables", @inquire_variables);
 
-while (true)
-  try
-    line = input ("", "s"); # fgetl would wait for the line after this one
-  catch
-    break;
-  end_try_catch
-  words = strsplit (line, " ");
-  switch (words{1})
-    case "run"
-      [seconds, values] = works.(words{2}) (words{3:4}, str2double (words{5}));
-      printf ("%.9f\n", seconds);
-    case "check"
-      printf ("%.17g\n", checksum (values));
-      clear values
-    case "call"
-      parts = strsplit (line, "|");
-      printf ("%.6f %.6f %.6f\n", call_cost (parts{2:3}, words{2}, str2double (words{3})));
-    case "versions"
-      about = gridio_version ();
-      printf ("gridio %s, Octave %s, libnetcdf %s, HDF5 %s\n", about.gridio, OCTAVE_VERSION, about.netcdf, about.hdf5);
-  endswitch
-  fflush (stdout);
-endwhile
+serve (works, struct ("call", @call_line, "versions", @versions));
