@@ -18,7 +18,7 @@ namespace Ovard::gridio {
 namespace {
 
 // Bytes of stored values. They should still be in the cache when they are decoded.
-constexpr std::size_t decodedSlabSize = std::size_t{1} << 20;
+constexpr std::size_t decodedSlabSize = std::size_t{1} << 18;
 constexpr std::size_t plainSlabSize = std::size_t{16} << 20;
 
 class SlabReader {

@@ -8,7 +8,7 @@
 
 function x = decoded_times (file, number, x)
 
-  if (! bitand (file.flags, 64))
+  if (! bitand (file.flags, 64) || ! file.d.variables.mayBeAxis(number)) # a quick look first
     return;
   endif
   [units, calendar] = time_of (file, number);

@@ -12,12 +12,15 @@ function x = fetch (source, lengths, lists, flags, isOpaque)
   start = zeros (1, dims);
   count = lengths;
   stride = ones (1, dims);
-  bytes = repmat ({":"}, 1, isOpaque); # of each value, ahead of the dimensions
-  pick = repmat ({":"}, 1, max (dims, 2));
+  pick(1:max (dims, 2)) = {":"};
   waste = ones (1, dims);
   for k = 1:dims
     list = lists{k};
     if (ischar (list))
+      continue;
+    elseif (isscalar (list))
+      start(k) = list - 1;
+      count(k) = 1;
       continue;
     elseif (isempty (list))
       count(k) = 0;
@@ -32,6 +35,7 @@ function x = fetch (source, lengths, lists, flags, isOpaque)
   endif
   x = gridio_native (source{:}, start, count, stride, flags);
   if (! all (strcmp (pick, ":")))
+    bytes = repmat ({":"}, 1, isOpaque); # of each value, ahead of the dimensions
     x = x(bytes{:}, pick{:});
   endif
 
@@ -44,9 +48,7 @@ function [start, count, stride, pick] = range_of (list)
   stride = 1;
   steps = diff (list);
   pick = ":";
-  if (isempty (steps))
-    count = 1;
-  elseif (steps(1) > 0 && all (steps == steps(1)))
+  if (steps(1) > 0 && all (steps == steps(1)))
     stride = steps(1);
     count = numel (list);
   elseif (steps(1) < 0 && all (steps == steps(1)))

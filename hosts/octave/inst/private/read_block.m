@@ -1,15 +1,14 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {@var{x} =} read_block (@var{file}, @var{number}, @var{lists})
+## @deftypefn {} {@var{x} =} read_block (@var{file}, @var{number}, @var{lists}, @var{shape})
 ## Undocumented internal function: the decoded values at lists of positions, one for each dimension of the values.
+## @var{shape} is that of the variable.
 ## @end deftypefn
 
-function x = read_block (file, number, lists)
+function x = read_block (file, number, lists, shape = variable_shape (file, number))
 
   d = file.d;
-  shape = variable_shape (file, number);
-  counts = block_size (lists, shape.lengths);
   ncid = d.groups.ncid(d.variables.group(number));
   varid = d.variables.varid(number);
   lengths = double (d.dimensions.length(double (d.variables.dimensions{number}))(:)');
@@ -25,7 +24,7 @@ function x = read_block (file, number, lists)
   endif
   warn_once (file, number);
   if (shape.isText)
-    x = texts_of (x, lengths(1), counts);
+    x = texts_of (x, lengths(1), block_size (lists(2:end), shape.lengths));
   elseif (ischar (x) && strcmp (d.variables.kind{number}, "string") && ! isempty (lengths))
     x = {x}; # also one of them is in a cell
   elseif (isnumeric (x))

@@ -8,11 +8,12 @@
 
 function x = read_positions (file, number, subs)
 
-  lengths = variable_shape (file, number).lengths;
+  shape = variable_shape (file, number);
+  lengths = shape.lengths;
   count = numel (subs);
   dims = numel (lengths);
   if (count == 0)
-    subs = repmat ({":"}, 1, dims);
+    subs(1:dims) = {":"};
     count = dims;
   endif
   extents = [lengths, ones(1, max (0, count - dims))];
@@ -22,8 +23,10 @@ function x = read_positions (file, number, subs)
     lists{k} = checked_positions (file, number, subs{k}, extents(k), k);
   endfor
   if (count >= dims)
-    x = read_block (file, number, lists(1:dims));
-    x = repeated (x, lists(dims+1:end), dims);
+    x = read_block (file, number, lists(1:dims), shape);
+    if (count > dims)
+      x = repeated (x, lists(dims+1:end), dims);
+    endif
     if (dims <= 1 && count == 1 && isnumeric (subs{1}) && ! isvector (subs{1}))
       x = reshape (x, size (subs{1}));
     endif
