@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "chunks/chunk_reader.h"
 
-#include "chunks/work_sizes.h"
-
 #include <algorithm>
 
 namespace Ovard::gridio {
@@ -16,29 +14,33 @@ std::size_t aligned(std::size_t offset) { return (offset + alignment - 1) / alig
 } // namespace
 
 ChunkReader::ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
-                         const SizeVector& blockLengths, const ResultBlock& result)
-    : dataset_(dataset), block_(block), blockLengths_(blockLengths), result_(result)
+                         const SizeVector& blockLengths, const ResultBlock& result, Caller caller)
+    : ChunkReader(dataset, block, blockLengths, result, caller,
+                  workSizes(chunksMet(block, dataset.chunkLengths()), dataset.chunkSize(), caller))
 {
-    const WorkSizes sizes =
-        workSizes(chunksMet(block, dataset.chunkLengths()), dataset.chunkSize());
-    chunksInSlot_ = sizes.chunksInSlot;
-    slots_.resize(sizes.slots);
-    decoders_.resize(sizes.threads);
 }
 
-void ChunkReader::run()
+ChunkReader::ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
+                         const SizeVector& blockLengths, const ResultBlock& result, Caller caller,
+                         const WorkSizes& sizes)
+    : dataset_(dataset), block_(block), blockLengths_(blockLengths), result_(result),
+      caller_(caller), chunksInSlot_(sizes.chunksInSlot), slots_(sizes.slots),
+      decoders_(sizes.threads),
+      pool_(
+          sizes.threads, sizes.slots,
+          [this](std::size_t slot, std::size_t worker) { unpackAll(slots_[slot], worker); },
+          [this] { interruption_.check(); })
 {
-    Interruption interruption;
-    WorkerPool pool(
-        decoders_.size(), slots_.size(),
-        [this](std::size_t slot, std::size_t worker) { unpackAll(slots_[slot], worker); },
-        [&interruption] { interruption.check(); });
+}
+
+void ChunkReader::begin()
+{
     std::size_t current = 0;
     const auto handOut = [&] {
-        pool.submit(current);
+        pool_.submit(current, caller_);
         current = (current + 1) % slots_.size();
-        interruption.check();
-        pool.finish(current);
+        interruption_.check();
+        pool_.finish(current);
         slots_[current].clear();
     };
     for (ChunkWalk walk(block_, dataset_.chunkLengths()); !walk.isDone(); walk.next()) {
@@ -49,8 +51,7 @@ void ChunkReader::run()
             handOut();
         add(slots_[current], walk, size);
     }
-    pool.submit(current);
-    pool.finishAll();
+    pool_.submit(current, caller_);
 }
 
 // Whether one more chunk of that size in the file fits into the slot.

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // One read of a block of a chunked dataset: the calling thread gets the chunks from HDF5, and all
-// threads unpack them into the result.
+// threads unpack them into the result. The caller may do other work between begin and finish.
 #pragma once
 
 #include "chunks/chunk_walk.h"
 #include "chunks/chunked_dataset.h"
 #include "chunks/interruption.h"
 #include "chunks/result_block.h"
+#include "chunks/work_sizes.h"
 #include "chunks/worker_pool.h"
 
 #include <memory>
@@ -17,12 +18,14 @@ namespace Ovard::gridio {
 class ChunkReader {
 public:
     // The block must be within the dataset's extents. blockLengths are those of the result; the
-    // block may cover only its beginning along each dimension.
+    // block may cover only its beginning along each dimension. All arguments must exist as long as
+    // the reader.
     ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
-                const SizeVector& blockLengths, const ResultBlock& result);
+                const SizeVector& blockLengths, const ResultBlock& result, Caller caller);
 
-    // Throws DamagedChunk.
-    void run();
+    // Gets all chunks from HDF5. Both throw DamagedChunk.
+    void begin();
+    void finish() { pool_.finishAll(); }
 
 private:
     struct PendingChunk {
@@ -39,6 +42,10 @@ private:
         void clear() { used = count = 0; }
     };
 
+    ChunkReader(const ChunkedDataset& dataset, const BlockIndices& block,
+                const SizeVector& blockLengths, const ResultBlock& result, Caller caller,
+                const WorkSizes& sizes);
+
     bool fits(const Slot& slot, std::size_t size) const;
     void add(Slot& slot, const ChunkWalk& walk, std::size_t size);
     void unpackAll(const Slot& slot, std::size_t worker);
@@ -48,9 +55,12 @@ private:
     const BlockIndices& block_;
     const SizeVector& blockLengths_;
     const ResultBlock& result_;
+    Caller caller_;
     std::size_t chunksInSlot_;
     std::vector<Slot> slots_;
     std::vector<std::unique_ptr<ChunkDecoder>> decoders_; // one for each thread
+    Interruption interruption_;
+    WorkerPool pool_; // the last: its threads use the others
 };
 
 } // namespace Ovard::gridio

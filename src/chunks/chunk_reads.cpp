@@ -84,11 +84,80 @@ BlockIndices writtenPart(const BlockIndices& block, const SizeVector& extents)
     return written;
 }
 
-void readWritten(const ChunkedDataset& dataset, const BlockIndices& block,
-                 const SizeVector& blockLengths, const ResultBlock& result)
+} // namespace
+
+// A read that is not left to the library.
+class ChunkedRead {
+public:
+    ChunkedRead(Variable& variable, ChunkedDataset dataset, const BlockIndices& block,
+                const SizeVector& lengths, const ResultBlock& result)
+        : variable_(variable), dataset_(std::move(dataset)),
+          written_(writtenPart(block, dataset_.extents())), lengths_(lengths), result_(result)
+    {
+    }
+
+    // Both throw DamagedChunk.
+    void begin(Caller caller)
+    {
+        if (countOf(written_) > 0)
+            reader_.emplace(dataset_, written_, lengths_, result_, caller).begin();
+    }
+
+    void finish()
+    {
+        if (reader_)
+            reader_->finish();
+        fillUnwritten(written_, lengths_, unwrittenValue(variable_), result_);
+    }
+
+private:
+    Variable& variable_;
+    const ChunkedDataset dataset_;
+    const BlockIndices written_;
+    const SizeVector lengths_;
+    const ResultBlock result_;
+    std::optional<ChunkReader> reader_;
+};
+
+namespace {
+
+bool canLibraryRead(Variable& variable) { return readStatus(variable) != NC_ENOFILTER; }
+
+// Null for reads that are left to the library.
+std::unique_ptr<ChunkedRead> openChunkedRead(Variable& variable, const Block& block,
+                                             const ReadTarget& target, Reads reads)
 {
-    if (countOf(block) > 0)
-        ChunkReader(dataset, block, blockLengths, result).run();
+    const ElementType* element = findExternalType(variable.externalType());
+    if (variable.storageModel() != NC_FORMATX_NC_HDF5 || variable.rank() == 0 || element == nullptr)
+        return nullptr;
+    variable.requireAccessibleValues();
+    const auto indices = blockIndices(variable, block);
+    if (!indices)
+        return nullptr;
+    const int status = readStatus(variable);
+    const bool canLibrary = status != NC_ENOFILTER;
+    const bool isChoice = canLibrary && reads == Reads::whereFaster;
+    if ((canLibrary && status != NC_NOERR) ||
+        (isChoice && (isLibraryChosen() || countOf(*indices) * element->size < smallestBlock)))
+        return nullptr;
+    auto dataset = ChunkedDataset::open(variable);
+    if (!dataset || (isChoice && !isFaster(variable, *dataset, *indices)))
+        return nullptr;
+    return std::make_unique<ChunkedRead>(variable, std::move(*dataset), *indices, block.count,
+                                         ResultBlock(target.values, element->size, target.decoder));
+}
+
+// Does a step of a chunked read. Returns false if a chunk is damaged and the library can report it.
+template <class Step> bool reachesEnd(Variable& variable, Step step)
+{
+    try {
+        step();
+    } catch (const DamagedChunk&) {
+        if (canLibraryRead(variable))
+            return false;
+        raiseLibraryFailure(NC_EHDFERR, variable.entry());
+    }
+    return true;
 }
 
 } // namespace
@@ -101,34 +170,34 @@ void readValues(Variable& variable, const Block& block, const ReadTarget& target
 
 bool readChunked(Variable& variable, const Block& block, const ReadTarget& target, Reads reads)
 {
-    const ElementType* element = findExternalType(variable.externalType());
-    if (variable.storageModel() != NC_FORMATX_NC_HDF5 || variable.rank() == 0 || element == nullptr)
-        return false;
-    variable.requireAccessibleValues();
-    const auto indices = blockIndices(variable, block);
-    if (!indices)
-        return false;
-    const int status = readStatus(variable);
-    const bool canLibrary = status != NC_ENOFILTER;
-    const bool isChoice = canLibrary && reads == Reads::whereFaster;
-    if ((canLibrary && status != NC_NOERR) ||
-        (isChoice && (isLibraryChosen() || countOf(*indices) * element->size < smallestBlock)))
-        return false;
-    const auto dataset = ChunkedDataset::open(variable);
-    if (!dataset || (isChoice && !isFaster(variable, *dataset, *indices)))
-        return false;
+    const auto read = openChunkedRead(variable, block, target, reads);
+    return read != nullptr && reachesEnd(variable, [&] {
+               read->begin(Caller::waits);
+               read->finish();
+           });
+}
 
-    const ResultBlock result(target.values, element->size, target.decoder);
-    const BlockIndices written = writtenPart(*indices, dataset->extents());
-    try {
-        readWritten(*dataset, written, block.count, result);
-    } catch (const DamagedChunk&) {
-        if (canLibrary)
-            return false;
-        raiseLibraryFailure(NC_EHDFERR, variable.entry());
-    }
-    fillUnwritten(written, block.count, unwrittenValue(variable), result);
-    return true;
+PendingRead::PendingRead(Variable& variable, const Block& block, const ReadTarget& target)
+    : variable_(variable), block_(block), target_(target),
+      chunked_(openChunkedRead(variable, block, target, Reads::whereFaster))
+{
+    if (chunked_ != nullptr &&
+        reachesEnd(variable, [this] { chunked_->begin(Caller::hasOtherWork); }))
+        return;
+    chunked_.reset();
+    readInSlabs(variable_, block_, target_);
+}
+
+PendingRead::~PendingRead() = default;
+
+void PendingRead::finish()
+{
+    if (chunked_ == nullptr)
+        return;
+    const bool isRead = reachesEnd(variable_, [this] { chunked_->finish(); });
+    chunked_.reset();
+    if (!isRead)
+        readInSlabs(variable_, block_, target_);
 }
 
 } // namespace Ovard::gridio

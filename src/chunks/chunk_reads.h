@@ -7,6 +7,8 @@
 #include "cf/decoding.h"
 #include "data/elements/blocks.h"
 
+#include <memory>
+
 namespace Ovard::gridio {
 
 // The destination of a block: all its elements contiguously, in the library's order; without a
@@ -19,6 +21,27 @@ struct ReadTarget {
 // Reads a block of any variable of numbers or characters, in the fastest way. Raises the library's
 // failures as those of the variable's entry, NC_EBADTYPE for other types, and the host's interrupt.
 void readValues(Variable& variable, const Block& block, const ReadTarget& target);
+
+class ChunkedRead;
+
+// The same in two steps, between which the caller can do other work while other threads go on with
+// the read. Both raise what readValues raises.
+class PendingRead {
+public:
+    // The variable and the target must exist until the read is finished or destroyed.
+    PendingRead(Variable& variable, const Block& block, const ReadTarget& target);
+    ~PendingRead();
+    PendingRead(const PendingRead&) = delete;
+    PendingRead& operator=(const PendingRead&) = delete;
+
+    void finish();
+
+private:
+    Variable& variable_;
+    const Block block_;
+    const ReadTarget target_;
+    std::unique_ptr<ChunkedRead> chunked_; // null once the values are there
+};
 
 // The two ways.
 

@@ -23,11 +23,12 @@ std::size_t slotCount(std::size_t threads, std::size_t bytesInSlot)
 
 } // namespace
 
-WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize)
+WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize, Caller caller)
 {
     const std::size_t chunksInSlot = std::max<std::size_t>(workSize / chunkSize, 1);
     const std::size_t pieces = (chunks - 1) / chunksInSlot + 1;
-    const std::size_t threads = std::min(threadCount(), pieces);
+    const std::size_t busy = caller == Caller::hasOtherWork ? pieces + 1 : pieces;
+    const std::size_t threads = std::min(threadCount(), busy);
     return {threads, std::min(slotCount(threads, chunksInSlot * chunkSize), pieces), chunksInSlot};
 }
 

@@ -2,6 +2,8 @@
 // How the chunks of one read or write are divided between threads.
 #pragma once
 
+#include "chunks/worker_pool.h"
+
 #include <cstddef>
 
 namespace Ovard::gridio {
@@ -16,6 +18,7 @@ struct WorkSizes {
     std::size_t chunksInSlot; // of each piece
 };
 
-WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize);
+// One piece of work occupies another thread only if the caller does not wait for it.
+WorkSizes workSizes(std::size_t chunks, std::size_t chunkSize, Caller caller = Caller::waits);
 
 } // namespace Ovard::gridio

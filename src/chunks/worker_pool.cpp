@@ -38,7 +38,7 @@ WorkerPool::WorkerPool(std::size_t threads, std::size_t slots, Work work, Pause 
 
 WorkerPool::~WorkerPool() { stopWorkers(); }
 
-void WorkerPool::submit(std::size_t slot)
+void WorkerPool::submit(std::size_t slot, Caller caller)
 {
     bool needsWorker = false;
     {
@@ -46,8 +46,7 @@ void WorkerPool::submit(std::size_t slot)
         states_[slot] = State::waiting;
         waiting_[(firstWaiting_ + waitingCount_) % waiting_.size()] = slot;
         ++waitingCount_;
-        // The calling thread does a single piece of work itself.
-        needsWorker = waitingCount_ > 1 && idleWorkers_ == 0;
+        needsWorker = (waitingCount_ > 1 || caller == Caller::hasOtherWork) && idleWorkers_ == 0;
     }
     if (needsWorker && canStartMore_ && workers_.size() + 1 < threads_)
         startWorker();

@@ -15,6 +15,9 @@
 
 namespace Ovard::gridio {
 
+// What the calling thread does after it has submitted work.
+enum class Caller { waits, hasOtherWork };
+
 class WorkerPool {
 public:
     // Work is done on slots, which hold its data. worker is the number of the thread, below
@@ -32,8 +35,9 @@ public:
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
 
-    // Queues the work on that slot for any thread. The slot must not be in use.
-    void submit(std::size_t slot);
+    // Queues the work on that slot for any thread. The slot must not be in use. A caller that waits
+    // does a single piece of work itself, so that no thread is started for it.
+    void submit(std::size_t slot, Caller caller = Caller::waits);
 
     // Returns when the slot is no longer in use. Rethrows an exception of the work on any slot.
     void finish(std::size_t slot);

@@ -47,6 +47,15 @@ int openPart(double owner, const std::string& path, const OperationEntry* entry)
     return ncid;
 }
 
+cf::DecodingRules rulesOf(const Variable& variable, unsigned flags, const OperationEntry* entry)
+{
+    auto decoding = variableDecoding(variable, flags & ~unsigned{decodeToSingle});
+    if (!decoding)
+        raiseLibraryFailure(NC_EBADTYPE, entry);
+    decoding->rules.decoded = cf::DecodedType::float64;
+    return decoding->rules;
+}
+
 } // namespace
 
 std::string reasonOf(const msgcat::BaseMsgID& id)
@@ -109,9 +118,25 @@ JoinedParts::JoinedParts(const vxArray* a)
             vxErrMsgId(dataset::badArgument("lengths", "whole numbers"));
 }
 
+struct JoinedSource::OpenPart {
+    OpenPart(const JoinedParts& parts, std::size_t number, unsigned flags,
+             const OperationEntry* entry)
+        : variable(parts.owner, parts.paths[number], parts.name, entry),
+          decoder(rulesOf(variable.variable(), flags, entry))
+    {
+        if (!parts.units.empty())
+            conversion.emplace(TimeScale{parts.units[number], parts.calendars[number]}, parts.scale,
+                               parts.longUnits);
+    }
+
+    PartVariable variable;
+    const cf::Decoder decoder;
+    std::optional<TimeConversion> conversion;
+};
+
 void JoinedSource::forEachSlab(const Block& block, const Visit& visit)
 {
-    const std::size_t dimension = block.count.size() - parts_.dimension;
+    const std::size_t dimension = dimensionOf(block);
     const auto step = static_cast<std::size_t>(block.stride[dimension]);
     const std::size_t start = block.start[dimension];
     const std::size_t count = block.count[dimension];
@@ -121,33 +146,48 @@ void JoinedSource::forEachSlab(const Block& block, const Visit& visit)
         const std::size_t end = begin + static_cast<std::size_t>(parts_.lengths[part]);
         const std::size_t behind = end <= start ? 0 : std::min(count, (end - 1 - start) / step + 1);
         if (behind > first) {
-            visitPart({part, begin, first, behind - first}, dimension, block, visit);
+            if (parts_.isUsed[part] != 0)
+                readPart({part, begin, first, behind - first}, block, visit);
             first = behind;
         }
         begin = end;
     }
+    slabs_.drain();
 }
 
-void JoinedSource::visitPart(const Range& range, std::size_t dimension, const Block& block,
-                             const Visit& visit)
+// The slabs of a part are finished while the next part is read. If its read cannot begin, those
+// before it are finished first, since they may fail, too.
+void JoinedSource::readPart(const Range& range, const Block& block, const Visit& visit)
 {
-    if (parts_.isUsed[range.part] == 0)
-        return;
     try {
-        readPart(range, dimension, block, visit);
+        const auto part = std::make_shared<OpenPart>(parts_, range.part, flags_, entry_);
+        const Block own = blockOf(range, block);
+        if (part->variable.variable().rank() != own.count.size())
+            raiseLibraryFailure(NC_EBADTYPE, entry_);
+        const auto end = [this, part, range, &visit](PendingRead& read, const Spans& spans,
+                                                     double* values) {
+            try {
+                read.finish();
+                pass(*part, range, spans, values, visit);
+            } catch (const fnd::except::IMsgIDException& failure) {
+                throw FailedPart{range.part, reasonOf(failure.messageId())};
+            }
+        };
+        slabs_.read(part->variable.variable(), own, part->decoder, end);
     } catch (const fnd::except::IMsgIDException& failure) {
-        throw FailedPart{range.part, reasonOf(failure.messageId())};
+        const FailedPart failed{range.part, reasonOf(failure.messageId())};
+        slabs_.drain();
+        throw FailedPart(failed);
     }
 }
 
-void JoinedSource::readPart(const Range& range, std::size_t dimension, const Block& block,
-                            const Visit& visit)
+Block JoinedSource::blockOf(const Range& range, const Block& block) const
 {
-    PartVariable part(parts_.owner, parts_.paths[range.part], parts_.name, entry_);
+    const std::size_t dimension = dimensionOf(block);
     Block own = block;
     own.isWhole = false;
-    const auto at = static_cast<std::ptrdiff_t>(dimension);
     if (parts_.isNew) {
+        const auto at = static_cast<std::ptrdiff_t>(dimension);
         own.start.erase(own.start.begin() + at);
         own.count.erase(own.count.begin() + at);
         own.stride.erase(own.stride.begin() + at);
@@ -156,31 +196,23 @@ void JoinedSource::readPart(const Range& range, std::size_t dimension, const Blo
         own.start[dimension] = block.start[dimension] + range.first * step - range.begin;
         own.count[dimension] = range.count;
     }
-    auto decoding = variableDecoding(part.variable(), flags_ & ~unsigned{decodeToSingle});
-    if (!decoding || part.variable().rank() != own.count.size())
-        raiseLibraryFailure(NC_EBADTYPE, entry_);
-    decoding->rules.decoded = cf::DecodedType::float64;
-    const cf::Decoder decoder(decoding->rules);
+    return own;
+}
 
-    std::optional<TimeConversion> conversion;
-    if (!parts_.units.empty())
-        conversion.emplace(TimeScale{parts_.units[range.part], parts_.calendars[range.part]},
-                           parts_.scale, parts_.longUnits);
-    std::vector<double> converted;
-    VariableSource source(part.variable(), decoder);
-    source.forEachSlab(own, [&](const Spans& spans, const double* values) {
-        Spans joined = spans;
-        if (parts_.isNew)
-            joined.insert(joined.begin() + at, Span{0, 1, 1, range.first});
-        else
-            joined[dimension].target += range.first;
-        if (conversion) {
-            converted.assign(values, values + countOf(joined));
-            conversion->apply(converted.data(), converted.size());
-            values = converted.data();
-        }
-        visit(joined, values);
-    });
+// The spans are places in the part's block, those of the visit in the whole one.
+void JoinedSource::pass(const OpenPart& part, const Range& range, const Spans& spans,
+                        double* values, const Visit& visit) const
+{
+    const std::size_t dimension = spans.size() + (parts_.isNew ? 1 : 0) - parts_.dimension;
+    Spans joined = spans;
+    if (parts_.isNew)
+        joined.insert(joined.begin() + static_cast<std::ptrdiff_t>(dimension),
+                      Span{0, 1, 1, range.first});
+    else
+        joined[dimension].target += range.first;
+    if (part.conversion)
+        part.conversion->apply(values, countOf(joined));
+    visit(joined, values);
 }
 
 } // namespace Ovard::gridio

@@ -4,6 +4,7 @@
 
 #include "datasets/part_files.h"
 #include "datasets/reduction.h"
+#include "datasets/slab_queue.h"
 #include "datasets/structure_argument.h"
 #include "datasets/time_conversion.h"
 #include "vx/error.h"
@@ -76,14 +77,22 @@ private:
         std::size_t count;
     };
 
-    void visitPart(const Range& range, std::size_t dimension, const Block& block,
-                   const Visit& visit);
-    void readPart(const Range& range, std::size_t dimension, const Block& block,
-                  const Visit& visit);
+    // A part while its slabs are read.
+    struct OpenPart;
+
+    void readPart(const Range& range, const Block& block, const Visit& visit);
+    Block blockOf(const Range& range, const Block& block) const;
+    void pass(const OpenPart& part, const Range& range, const Spans& spans, double* values,
+              const Visit& visit) const;
+    std::size_t dimensionOf(const Block& block) const
+    {
+        return block.count.size() - parts_.dimension;
+    }
 
     const JoinedParts& parts_;
     unsigned flags_;
     const OperationEntry* entry_;
+    SlabQueue slabs_;
 };
 
 // What an error of the module says, for reports about one file of many.

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "datasets/reduction.h"
 
-#include "chunks/block_indices.h"
-#include "chunks/chunk_reads.h"
 #include "chunks/interruption.h"
-#include "chunks/slabs.h"
 #include "data/elements/shapes.h"
 #include "datasets/medians.h"
 #include "datasets/progress.h"
+#include "datasets/slab_queue.h"
 #include "datasets/slab_walk.h"
 
 #include <algorithm>
@@ -15,9 +13,6 @@
 
 namespace Ovard::gridio {
 namespace {
-
-// Values of a slab. It consists of whole chunks, so it may hold more.
-constexpr std::size_t slabElements = (std::size_t{16} << 20) / sizeof(double);
 
 void fillResults(const Accumulator& accumulator, std::size_t count, const ReductionResults& results)
 {
@@ -161,29 +156,15 @@ void medianOfPart(const ReducedBlock& reduced, const ReductionPlan& plan,
 
 } // namespace
 
-// Raises the library's failures.
 void VariableSource::forEachSlab(const Block& block, const Visit& visit)
 {
-    const auto indices = blockIndices(variable_, block);
-    const std::size_t count = productOf(block.count);
-    std::vector<double> values;
-    if (!indices || variable_.rank() == 0) {
-        values.resize(std::max<std::size_t>(count, 1));
-        readValues(variable_, block, {values.data(), &decoder_});
-        Spans whole(block.count.size());
-        for (std::size_t i = 0; i < whole.size(); ++i)
-            whole[i].count = block.count[i];
-        visit(whole, values.data());
-        return;
-    }
-    const SizeVector lengths = slabLengths(*indices, chunkLengths(variable_), slabElements);
-    Interruption interruption;
-    for (ChunkWalk walk(*indices, lengths); !walk.isDone(); walk.next()) {
-        interruption.check();
-        values.resize(std::max(values.size(), countOf(walk.spans())));
-        readValues(variable_, slabOf(*indices, walk.spans()), {values.data(), &decoder_});
-        visit(walk.spans(), values.data());
-    }
+    SlabQueue slabs;
+    slabs.read(variable_, block, decoder_,
+               [&](PendingRead& read, const Spans& spans, const double* values) {
+                   read.finish();
+                   visit(spans, values);
+               });
+    slabs.drain();
 }
 
 void reduceBlock(const ReducedBlock& reduced, const ReductionPlan& plan, Reduction reduction,

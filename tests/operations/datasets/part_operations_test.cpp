@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The operations of many files, with arguments as the classes pass them and as nobody should.
 #include "tests/operations/datasets/dataset_test.h"
+#include "tests/support/chunk_filters.h"
+#include "tests/support/chunked_file.h"
 
 #include <cmath>
 #include <filesystem>
@@ -169,6 +171,51 @@ TEST_F(Parts, AreNamedByNumberIfTheyFail)
     EXPECT_EQ(failed[2], Value::number(2));
     EXPECT_THAT(failed[3].toText(), HasSubstr("No such file"));
     results("closeParts", {1}, 0);
+}
+
+TEST_F(Parts, AreReducedWhileTheNextIsRead)
+{
+    const testsupport::ChunkedVariable variable;
+    const std::string path = folder.file("chunks.nc");
+    testsupport::makeChunked(path, variable);
+    const std::vector<std::string> paths{path, path, path};
+    const auto times = static_cast<double>(variable.lengths[0]);
+    Fields parts = partsOf(paths, {times, times, times});
+    parts[3].second = Value::number(3);
+    Values arguments = reduction(Value::structure(parts), Value::row<double>({0, 0, 0}),
+                                 Value::row<double>({70, 60, 3 * times}));
+    arguments[5] = Value::row<double>({1, 1, 1});
+    const auto last = static_cast<double>(testsupport::countOf(variable.lengths) - 1);
+    EXPECT_THAT(numbers(results("reduceParts", arguments, 4)[0]), ElementsAre(last / 2));
+    arguments[5] = Value::row<double>({1, 1, 0});
+    const std::vector<double> means = numbers(results("reduceParts", arguments, 4)[0]);
+    ASSERT_EQ(means.size(), 3 * variable.lengths[0]);
+    for (std::size_t i = 0; i < means.size(); ++i)
+        EXPECT_EQ(means[i], static_cast<double>(i % variable.lengths[0]) * 4200 + 4199 / 2.0);
+    results("closeParts", {1}, 0);
+}
+
+TEST_F(Parts, FailInTheirOrder)
+{
+    const testsupport::ChunkedVariable variable;
+    const std::string good = folder.file("chunks.nc");
+    const std::string damaged = folder.file("damaged.nc");
+    testsupport::makeChunked(good, variable);
+    testsupport::makeFiltered(damaged, variable,
+                              {testsupport::filterFor(Ovard::gridio::deflateFilter, 4),
+                               testsupport::filterFor(Ovard::gridio::fletcher32Filter, 4)},
+                              [](std::string& bytes) { bytes[bytes.size() / 2] ^= 0x55; });
+    for (const std::string& last : {good, damaged, std::string("nosuch.nc")}) {
+        Fields parts = partsOf({good, damaged, last}, {8, 8, 8});
+        parts[3].second = Value::number(3);
+        Values arguments = reduction(Value::structure(parts), Value::row<double>({0, 0, 0}),
+                                     Value::row<double>({70, 60, 24}));
+        arguments[5] = Value::row<double>({0, 0, 1});
+        const Values failed = results("reduceParts", arguments, 4);
+        EXPECT_EQ(failed[2], Value::number(2)) << last;
+        EXPECT_THAT(failed[3].toText(), HasSubstr("HDF error")) << last;
+        results("closeParts", {1}, 0);
+    }
 }
 
 TEST_F(Parts, RefuseStructuresThatAreNone)

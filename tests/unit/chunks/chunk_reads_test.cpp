@@ -312,6 +312,47 @@ TEST_F(ReadsOfChunks, RaiseAnErrorForChunksOfTheWrongSize)
     }
 }
 
+TEST_F(ReadsOfChunks, GoOnWhileTheirCallerBeginsOthers)
+{
+    const ChunkedVariable variable;
+    makeChunked(path(), variable);
+    makeChunked(folder.file("plain.nc"), {{4, 5, 6}, {}});
+    for (const std::size_t threads : {1U, 2U, 4U}) {
+        setThreadCount(threads);
+        const LibraryFile file = LibraryFile::open(path());
+        const LibraryFile plain = LibraryFile::open(folder.file("plain.nc"));
+        Variable opened(file.ncid(), file.varid("v"), &chunkEntry);
+        Variable contiguous(plain.ncid(), plain.varid("v"), &chunkEntry);
+        std::vector<int> first(countOf(variable.lengths), -1), second(4 * 5 * 6, -1),
+            third(first.size(), -1);
+        PendingRead one(opened, whole(variable), {first.data(), nullptr});
+        PendingRead two(contiguous, blockAt({0, 0, 0}, {4, 5, 6}), {second.data(), nullptr});
+        {
+            const PendingRead dropped(opened, whole(variable), {third.data(), nullptr});
+        }
+        PendingRead three(opened, whole(variable), {third.data(), nullptr});
+        three.finish();
+        two.finish();
+        one.finish();
+        one.finish();
+        EXPECT_EQ(first, upTo(first.size())) << threads;
+        EXPECT_EQ(second, upTo(second.size())) << threads;
+        EXPECT_EQ(third, first) << threads;
+    }
+}
+
+TEST_F(ReadsOfChunks, FailWhenTheyAreFinished)
+{
+    const ChunkedVariable variable;
+    makeFiltered(path(), variable, {filterFor(deflateFilter, 4), filterFor(fletcher32Filter, 4)},
+                 [](std::string& bytes) { bytes[bytes.size() / 2] ^= 0x55; });
+    const LibraryFile file = LibraryFile::open(path());
+    Variable opened(file.ncid(), file.varid("v"), &chunkEntry);
+    read.resize(countOf(variable.lengths));
+    PendingRead pending(opened, whole(variable), {read.data(), nullptr});
+    EXPECT_THAT(outcomeOf([&] { pending.finish(); }), failsWith("chunked", NC_EHDFERR));
+}
+
 TEST_F(ReadsOfChunks, SeeWhatWasJustWritten)
 {
     ChunkedVariable variable;

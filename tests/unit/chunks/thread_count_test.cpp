@@ -67,6 +67,7 @@ TEST_F(ThreadCount, IsNoLargerThanTheWork)
 {
     setThreadCount(8);
     EXPECT_EQ(workSizes(1, 1 << 20).threads, 1U);
+    EXPECT_EQ(workSizes(1, 1 << 20, Caller::hasOtherWork).threads, 2U);
     EXPECT_EQ(workSizes(3, 1 << 20).threads, 3U);
     EXPECT_EQ(workSizes(100, 1 << 20).threads, 8U);
     EXPECT_EQ(workSizes(100, 1024).threads, 1U) << "small chunks are handed out together";

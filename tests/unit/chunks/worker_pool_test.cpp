@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <future>
 #include <csignal>
 #include <set>
 #include <stdexcept>
@@ -85,6 +86,17 @@ TEST(WorkerPool, StartsNoThreadForASinglePieceOfWork)
     pool.submit(2);
     pool.finishAll();
     EXPECT_EQ(worker, std::this_thread::get_id());
+}
+
+TEST(WorkerPool, DoesASinglePieceOfWorkWhileItsCallerIsBusy)
+{
+    std::promise<std::thread::id> worker;
+    WorkerPool pool(
+        2, 1, [&](std::size_t, std::size_t) { worker.set_value(std::this_thread::get_id()); },
+        noPause);
+    pool.submit(0, Caller::hasOtherWork);
+    EXPECT_NE(worker.get_future().get(), std::this_thread::get_id());
+    pool.finishAll();
 }
 
 TEST(WorkerPool, ThrowsWhatWorkThrows)
