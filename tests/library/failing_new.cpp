@@ -4,16 +4,19 @@
 #include "tests/library/new_operators.h"
 #include "vx/plug.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace testsupport {
 namespace {
 
-long live = 0;
-std::size_t countdown = 0; // to the call that fails; 0: none
+// What the module's threads change.
+std::atomic<long> live{0};
+std::atomic<std::size_t> countdown{0}; // to the call that fails; 0: none
+std::atomic<bool> failed{false};
+
 Failing manner = Failing::once;
-bool failed = false;
 Where place = Where::inModule;
 bool moduleRuns = false;
 

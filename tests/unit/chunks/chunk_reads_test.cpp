@@ -341,7 +341,7 @@ TEST_F(ReadsOfChunks, GoOnWhileTheirCallerBeginsOthers)
     }
 }
 
-TEST_F(ReadsOfChunks, FailWhenTheyAreFinished)
+TEST_F(ReadsOfChunks, FailBeforeTheyAreFinished)
 {
     const ChunkedVariable variable;
     makeFiltered(path(), variable, {filterFor(deflateFilter, 4), filterFor(fletcher32Filter, 4)},
@@ -349,8 +349,11 @@ TEST_F(ReadsOfChunks, FailWhenTheyAreFinished)
     const LibraryFile file = LibraryFile::open(path());
     Variable opened(file.ncid(), file.varid("v"), &chunkEntry);
     read.resize(countOf(variable.lengths));
-    PendingRead pending(opened, whole(variable), {read.data(), nullptr});
-    EXPECT_THAT(outcomeOf([&] { pending.finish(); }), failsWith("chunked", NC_EHDFERR));
+    EXPECT_THAT(outcomeOf([&] {
+                    PendingRead pending(opened, whole(variable), {read.data(), nullptr});
+                    pending.finish();
+                }),
+                failsWith("chunked", NC_EHDFERR));
 }
 
 TEST_F(ReadsOfChunks, SeeWhatWasJustWritten)
