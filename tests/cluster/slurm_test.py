@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """gridio_reduce by jobs of a Slurm that the test starts itself. Status 77, with the reason, where that cannot run."""
+import os
 import pathlib
 import subprocess
 import sys
@@ -51,6 +52,14 @@ class Slurm(ClusterCase):
         self.assertEqual(self.left_in("kept"), 11)
         for name, when in old.items():
             self.assertEqual((self.folder / "kept" / name).stat().st_mtime_ns, when)
+
+    def test_gives_every_rank_that_srun_starts_the_same_bits(self):
+        for interface, library in (("pmi2", "mpich"), ("pmix", "openmpi")):
+            if (pathlib.Path(os.environ["GRIDIO_OCT_DIR"]) / f"__gridio_{library}__.oct").exists():
+                rows = self.results(run_in(self.folder, ["srun", f"--mpi={interface}", "-n", "3",
+                                                         *self.reduction("mpi", "good")]))
+                self.assertEqual(sorted(row["rank"] for row in rows), ["0", "1", "2"], library)
+                self.assertEqual({(row["hash"], row["ranks"]) for row in rows}, {(self.wanted, "3")}, library)
 
     def test_returns_functions_to_ask_later(self):
         (self.folder / "later.m").write_text(LATER)
