@@ -174,6 +174,29 @@ class Concatenation(unittest.TestCase):
         self.assertIn(f"{FILES} files, 1981-01-01 to {last}", self.printed.splitlines()[-1])
 
 
+class Ensemble(unittest.TestCase):
+    """Runs of a model over the same days, along a dimension that no file has."""
+
+    def test_means_and_deviations_are_those_of_cdo(self):
+        with tempfile.TemporaryDirectory() as folder:
+            rng = np.random.default_rng(3)
+            runs = [f"{folder}/run_{k}.nc" for k in range(7)]
+            for path in runs:
+                write_day(path, 0, rng, steps=4)
+            run_octave("""
+                ds = gridio_dataset ("run_*.nc", "new dimension", "member");
+                save_values ("mean", mean (ds.sst, "member"));
+                save_values ("deviation", std (ds.sst, "member"));
+                save_values ("most", max (ds.sst, "member"));
+            """, folder)
+            for name, operator in (("mean", "-ensmean"), ("deviation", "-ensstd1"), ("most", "-ensmax")):
+                target = f"{folder}/{name}.nc"
+                tool("cdo", "-s", "-O", "-b", "F64", operator, *runs, target)
+                with netCDF4.Dataset(target) as out:
+                    wanted = np.ma.filled(out["sst"][...], np.nan)
+                np.testing.assert_allclose(result(folder, name), wanted, rtol=1e-9)
+
+
 class Differences(unittest.TestCase):
     """Files that differ in units of time, packing and type, with two days missing."""
 
