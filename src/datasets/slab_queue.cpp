@@ -54,11 +54,12 @@ void SlabQueue::drain()
     finish(slabs_[1 - next_]);
 }
 
-// The slab is gone also when this fails.
+// The slab is gone also when this fails. The read is destroyed first: until then its threads may use
+// what the function keeps.
 void SlabQueue::finish(Slab& slab)
 {
-    const std::unique_ptr<PendingRead> read = std::move(slab.read);
     const End end = std::move(slab.end);
+    const std::unique_ptr<PendingRead> read = std::move(slab.read);
     if (read != nullptr)
         end(*read, slab.spans, reinterpret_cast<double*>(slab.values.data()));
 }
