@@ -17,12 +17,12 @@ namespace Ovard::gridio {
 bool misplacesStrings(std::string_view release);
 
 // Whether a value of the type holds such a string, at any depth.
-bool holdsStringBehindItsStart(int ncid, nc_type xtype);
+bool holdsStringBehindItsStart(int ncid, nc_type xtype, const OperationEntry* entry);
 
 // Raises NC_EBADTYPE for such a type where the release misplaces strings.
 void requirePlacedStrings(int ncid, nc_type xtype, const OperationEntry* entry);
 
-// The same for the type of an attribute, if there is one.
+// The same for the type of an attribute.
 void requirePlacedStringsIn(int ncid, int varid, const std::string& attribute,
                             const OperationEntry* entry);
 
