@@ -118,6 +118,9 @@ function [variables, complete] = define (source, target, netcdf4)
   for group = groups
     dimids = defineDimensions (group, dimids);
   endfor
+  if (netcdf4 && usesOtherDimensions (groups))
+    gridio ("sync", target);
+  endif
   NC_GLOBAL = gridio ("parameter", "NC_GLOBAL");
   [variables, complete] = deal ({}, true);
   for group = groups
@@ -150,6 +153,19 @@ function dimids = defineDimensions (group, dimids)
       len = gridio ("parameter", "NC_UNLIMITED");
     endif
     dimids(dimid + 1) = gridio ("defDim", group.target, name, len);
+  endfor
+endfunction
+
+% True if a variable is over a dimension of a group that it is not in. The library writes a group's
+% variables before the groups in it, and fails where such a dimension is not in the file yet.
+function answer = usesOtherDimensions (groups)
+  answer = false;
+  for group = groups
+    around = gridio ("inqDimIDs", group.source, true);
+    for varid = gridio ("inqVarIDs", group.source)
+      [~, ~, dims] = gridio ("inqVar", group.source, varid);
+      answer |= ! all (ismember (dims, around));
+    endfor
   endfor
 endfunction
 

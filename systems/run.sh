@@ -86,8 +86,14 @@ test_system() {
 # write_row SUITE FOLDER MINUTES: the row of the table, from the versions that the system reported and ctest's summaries.
 write_row() {
     local tests
-    tests=$(sed -n 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/\1 \2/p' "$2/log" |
-        awk '{ failed += $1; all += $2 } END { if (NR == 2) printf "%d of %d", all - failed, all; else print "not run to the end" }')
+    tests=$(sed -n -e 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/run \1 \2/p' \
+        -e 's/^\t *[0-9]* - .* (Skipped)$/skipped/p' "$2/log" | awk '
+        $1 == "run" { runs += 1; failed += $2; all += $3 }
+        $1 == "skipped" { skipped += 1 }
+        END {
+            if (runs != 2) print "not run to the end"
+            else printf "%d of %d%s", all - failed - skipped, all, skipped ? ", " skipped " skipped" : ""
+        }')
     [ -f "$2/versions" ] || return
     printf '| %s | %s | %s | %s min |\n' "$1" "$(cat "$2/versions")" "$tests" "$3" >"$2/row"
 }

@@ -7,6 +7,7 @@
 #include "data/elements/fill_attributes.h"
 #include "error_identifiers.h"
 #include "library/guards/mismatched_fill_values.h"
+#include "library/guards/misplaced_strings.h"
 #include "types/attribute_values.h"
 #include "types/value_writing.h"
 #include "types/variable_values.h"
@@ -42,6 +43,7 @@ void putAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* e
     if (type.isWrittenAlone && count > 1)
         vxErrMsgId(any::foreignType(type.name));
     requireMatchingFillValue(ncid, varid, name, xtype, count, entry);
+    requirePlacedStrings(ncid, xtype, entry);
     checkStatus(nc_put_att(ncid, varid, name.c_str(), xtype, count, values.get()), entry);
 }
 

@@ -5,6 +5,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "error_identifiers.h"
+#include "library/guards/misplaced_strings.h"
 #include "types/value_reading.h"
 #include "types/value_writing.h"
 #include "types/variable_values.h"
@@ -230,17 +231,25 @@ void defVarFill(int, vxArray*[], int, const vxArray* args[], const OperationEntr
     const TypeTree types(ncid, typeOf(ncid, varid, entry), entry);
     const OutgoingValues value(types.root(), args[3], 1);
     requireWritable(ncid, types.root(), entry);
+    requirePlacedStrings(ncid, types.root().id, entry);
     checkStatus(nc_def_var_fill(ncid, varid, NC_FILL, value.get()), entry);
 }
 
-void inqVarFill(int, vxArray* results[], int, const vxArray* args[], const OperationEntry* entry)
+void inqVarFill(int nlhs, vxArray* results[], int, const vxArray* args[],
+                const OperationEntry* entry)
 {
     const int ncid = readNcid(args[0]);
     const int varid = readIntScalar(args[1], "varid");
 
     const TypeTree types(ncid, typeOf(ncid, varid, entry), entry);
-    LibraryValues value(types.root(), 1);
     int noFill = 0;
+    if (nlhs < 2) {
+        checkStatus(nc_inq_var_fill(ncid, varid, &noFill, nullptr), entry);
+        results[0] = flagResult(noFill != 0);
+        return;
+    }
+    requirePlacedStrings(ncid, types.root().id, entry);
+    LibraryValues value(types.root(), 1);
     checkStatus(nc_inq_var_fill(ncid, varid, &noFill, value.data()), entry);
     results[0] = flagResult(noFill != 0);
     results[1] = readValues(types.root(), value.places(), {}, EnumerationForm::integers);

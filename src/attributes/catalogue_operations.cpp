@@ -4,6 +4,7 @@
 #include "convert/argument_readers.h"
 #include "convert/result_builders.h"
 #include "library/guards/copied_provenance.h"
+#include "library/guards/misplaced_strings.h"
 #include "library/guards/oversized_names.h"
 
 #include <netcdf.h>
@@ -73,9 +74,9 @@ void copyAtt(int, vxArray*[], int, const vxArray* args[], const OperationEntry* 
 
     const bool isOntoItself = fromNcid == toNcid && fromVarid == toVarid;
     if (isProvenanceAttribute(fromNcid, fromVarid, name) && !isOntoItself)
-        copyProvenance(fromNcid, toNcid, toVarid, entry);
-    else
-        checkStatus(nc_copy_att(fromNcid, fromVarid, name.c_str(), toNcid, toVarid), entry);
+        return copyProvenance(fromNcid, toNcid, toVarid, entry);
+    requirePlacedStringsIn(fromNcid, fromVarid, name, entry);
+    checkStatus(nc_copy_att(fromNcid, fromVarid, name.c_str(), toNcid, toVarid), entry);
 }
 
 } // namespace Ovard::gridio::operations

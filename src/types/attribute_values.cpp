@@ -3,6 +3,7 @@
 
 #include "check_status.h"
 #include "library/guards/generated_attributes.h"
+#include "library/guards/misplaced_strings.h"
 #include "types/library_values.h"
 
 namespace Ovard::gridio {
@@ -25,6 +26,7 @@ vxArray* Attribute::read(EnumerationForm form) const
 {
     if (type().kind == TypeKind::number || type().kind == TypeKind::character)
         return readElements();
+    requirePlacedStrings(name_.ncid, header_.xtype, entry_);
     LibraryValues values(type(), length());
     checkStatus(nc_get_att(name_.ncid, name_.varid, name_.name.c_str(), values.data()), entry_);
     return readValues(type(), values.places(), {{length()}, true}, form);

@@ -68,7 +68,7 @@ class Selections(Compared):
                 self.write_field("lon", lon, "degrees_east")
                 begins, widths = self.random.uniform(-360, 400, COUNT), self.random.uniform(1, 359, COUNT)
                 ranges = list(zip(begins, begins + widths))
-                lines = self.lines(f'select (ds.f, "lon", [{low!r} {high!r}]);' for low, high in ranges)
+                lines = self.lines(f'select (ds.f, "lon", [{low!s} {high!s}]);' for low, high in ranges)
                 for (low, high), values, longitudes in zip(ranges, lines[::2], lines[1::2]):
                     with self.subTest(begin=begin, isDown=isDown, low=low, high=high, values=values):
                         isIn = np.mod(lon - low, 360) <= high - low
@@ -91,8 +91,8 @@ class Selections(Compared):
                 field = xarray.load_dataset(self.path).f
                 points = self.random.uniform(lat.min(), lat.max(), COUNT)
                 ranges = np.sort(self.random.uniform(-80, 80, (COUNT, 2)), 1)
-                lines = self.lines([f'say (ds.f.at ("lat", {point!r}));' for point in points] +
-                                   [f'try, say (ds.f.at ("lat", [{low!r} {high!r}])); catch e, disp (e.identifier), end'
+                lines = self.lines([f'say (ds.f.at ("lat", {point!s}));' for point in points] +
+                                   [f'try, say (ds.f.at ("lat", [{low!s} {high!s}])); catch e, disp (e.identifier), end'
                                     for low, high in ranges])
                 wanted = [[float(field.sel(lat=point, method="nearest"))] for point in points]
                 wanted += [field.sel(lat=slice(*pair[::step])).values.tolist() for pair in ranges]
@@ -109,7 +109,7 @@ class Selections(Compared):
             file.createVariable("z_bounds", "f8", ("z", "b"))[:] = np.stack([edges[:-1], edges[1:]], 1)
             file.createVariable("f", "f8", ("z",))[:] = range(12)
         points = self.random.uniform(edges[0], edges[-1], COUNT)
-        lines = self.lines(f'say (ds.f.at ("z", {point!r}));' for point in points)
+        lines = self.lines(f'say (ds.f.at ("z", {point!s}));' for point in points)
         self.assertEqual([self.numbers(line) for line in lines], [[np.searchsorted(edges, point) - 1] for point in points])
 
     def test_take_texts_by_name(self):
@@ -133,8 +133,8 @@ class Selections(Compared):
         points = [(self.random.uniform(-80, 80), self.random.uniform(-360, 360)) for _ in range(COUNT)]
         boxes = [(*np.sort(self.random.uniform(-80, 80, 2)), west, west + self.random.uniform(5, 300))
                  for west in self.random.uniform(-200, 200, COUNT)]
-        lines = self.lines([f'select (ds.f, "lat", {a!r}, "lon", {b!r});' for a, b in points] +
-                           [f'select (ds.f, "lat", [{s!r} {n!r}], "lon", [{w!r} {e!r}]);' for s, n, w, e in boxes])
+        lines = self.lines([f'select (ds.f, "lat", {a!s}, "lon", {b!s});' for a, b in points] +
+                           [f'select (ds.f, "lat", [{s!s} {n!s}], "lon", [{w!s} {e!s}]);' for s, n, w, e in boxes])
         for number, (north, east) in enumerate(points):
             away = (np.sin(np.radians(lat)) * np.sin(np.radians(north)) +
                     np.cos(np.radians(lat)) * np.cos(np.radians(north)) * np.cos(np.radians(lon - east)))
@@ -161,7 +161,7 @@ class RealFiles(Compared):
                     if " since " in getattr(axis, "units", ""):
                         continue  # selected by texts below
                     for point in self.random.choice(values, 5):
-                        statements.append(f'[x, at] = ds("{name}").at ("{name}", {float(point)!r}); say (at.("{name}"));')
+                        statements.append(f'[x, at] = ds("{name}").at ("{name}", {float(point)!s}); say (at.("{name}"));')
                         wanted.append([point])
             if statements:
                 self.assertEqual([self.numbers(line) for line in self.lines(statements, path)], wanted, path)

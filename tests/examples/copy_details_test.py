@@ -69,7 +69,10 @@ def same_dumps(original, copy):
 
 
 def check_deep_groups(folder):
-    """The interpreter ends after 256 levels of recursion. A type and a dimension of a group below."""
+    """The interpreter ends after 256 levels of recursion. A type and a dimension of a group below.
+
+    Debian 12's library does not show the root's variable of the type of a group below, but that of bytes.
+    """
     original, copy = os.path.join(folder, "deep.nc"), os.path.join(folder, "copy.nc")
     ncid, group, xtype, dimid, varid = (ctypes.c_int() for _ in range(5))
     assert netcdf.nc_create(original.encode(), 0x1000, ctypes.byref(ncid)) == 0
@@ -78,8 +81,8 @@ def check_deep_groups(folder):
         assert netcdf.nc_def_grp(group, b"g", ctypes.byref(group)) == 0
     assert netcdf.nc_def_opaque(group, ctypes.c_size_t(3), b"code", ctypes.byref(xtype)) == 0
     assert netcdf.nc_def_dim(group, b"n", ctypes.c_size_t(2), ctypes.byref(dimid)) == 0
-    for where in (group, ncid):
-        assert netcdf.nc_def_var(where, b"v", xtype, 1, ctypes.byref(dimid), ctypes.byref(varid)) == 0
+    for where, name, of in ((group, b"v", xtype), (ncid, b"v", xtype), (ncid, b"w", 1)):
+        assert netcdf.nc_def_var(where, name, of, 1, ctypes.byref(dimid), ctypes.byref(varid)) == 0
         assert netcdf.nc_put_var(where, varid, b"abcdef") == 0
     assert netcdf.nc_close(ncid) == 0
     done = run(COPY, original, copy, cwd="/")

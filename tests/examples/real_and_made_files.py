@@ -7,6 +7,8 @@ import subprocess
 import sys
 import tempfile
 
+from library_release import library_release
+
 HEADERS = pathlib.Path(__file__).resolve().parent / "headers"
 MADE = [("attributes", "classic"), ("attributes", "64-bit offset"), ("attributes", "cdf5"),
         ("attributes", "netCDF-4 classic model"), ("attributes", "netCDF-4"),
@@ -25,6 +27,14 @@ def ncdump(*args):
     return done.stdout.decode("latin-1").split("\n")
 
 
+def source(name, folder):
+    """The CDL of a name, without the lines that crash the library of this machine (docs/limits.md) and therefore ncgen."""
+    lines = (HEADERS / f"{name}.cdl").read_text().splitlines(keepends=True)
+    path = pathlib.Path(folder, f"{name}.cdl")
+    path.write_text("".join(l for l in lines if not l.rstrip().endswith(f"// not with {library_release()}")))
+    return path
+
+
 def kind_of(path):
     return ncdump("-k", path)[0]
 
@@ -32,7 +42,7 @@ def kind_of(path):
 def made_files(folder):
     for name, kind in MADE:
         made = os.path.join(folder, f"{name} {kind}.nc")
-        ncgen(HEADERS / f"{name}.cdl", made, kind)
+        ncgen(source(name, folder), made, kind)
         yield made
 
 

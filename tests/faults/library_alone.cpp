@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Reproduces the library bugs of docs/limits.md without this project's code, each in its own
-// process. Reports which of them occur; fails if one of release 4.9.0 does not, since its guard or
-// warning may then be removed.
+// process. Reports which of them occur; fails if one does not with the release that it was seen in,
+// since its guard or warning may then be removed.
 #include <fcntl.h>
 #include <netcdf.h>
 #include <sys/file.h>
@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -55,6 +56,7 @@ void openAndClose()
 struct Fault {
     const char* name;
     bool (*shows)();
+    const char* release = "4.9.0";
 };
 
 const Fault faults[] = {
@@ -288,6 +290,36 @@ const Fault faults[] = {
          std::exit(0);
          return false;
      }},
+    {"an attribute of a compound type with a string behind another field: crash",
+     [] {
+         struct Port {
+             int depth;
+             const char* name;
+         };
+         const int ncid = create(NC_NETCDF4);
+         int type = 0;
+         nc_def_compound(ncid, sizeof(Port), "port", &type);
+         nc_insert_compound(ncid, type, "depth", offsetof(Port, depth), NC_INT);
+         nc_insert_compound(ncid, type, "name", offsetof(Port, name), NC_STRING);
+         const Port port = {7, "Bergen"};
+         nc_put_att(ncid, NC_GLOBAL, "a", type, 1, &port);
+         return false;
+     },
+     "4.9.3"},
+    {"an attribute of a compound type of two strings: the second one is lost",
+     [] {
+         const int ncid = create(NC_NETCDF4);
+         int type = 0;
+         nc_def_compound(ncid, sizeof(char* [2]), "pair", &type);
+         nc_insert_compound(ncid, type, "first", 0, NC_STRING);
+         nc_insert_compound(ncid, type, "second", sizeof(char*), NC_STRING);
+         const char* texts[] = {"a", "b"};
+         nc_put_att(ncid, NC_GLOBAL, "a", type, 1, texts);
+         char* read[2] = {};
+         nc_get_att(ncid, NC_GLOBAL, "a", read);
+         return read[1] == nullptr || std::strcmp(read[1], "b") != 0;
+     },
+     "4.9.3"},
 };
 
 // In a child process; the library's own output is dropped.
@@ -313,14 +345,15 @@ int main()
     if (mkdtemp(folder) == nullptr)
         return 2;
     file = std::string(folder) + "/file.nc";
-    const bool isKnown = std::strncmp(nc_inq_libvers(), "4.9.0 ", 6) == 0;
+    const std::string library = nc_inq_libvers(); // "4.9.0 of Sep  3 2022 ..."
+    const std::string release = library.substr(0, library.find(' '));
     int missing = 0;
     for (const Fault& fault : faults) {
         const bool isThere = shows(fault);
-        missing += isThere ? 0 : 1;
+        missing += !isThere && release == fault.release ? 1 : 0;
         std::printf("%-14s %s\n", isThere ? "shows:" : "does not show:", fault.name);
         std::remove(file.c_str());
     }
     rmdir(folder);
-    return isKnown && missing > 0 ? 1 : 0;
+    return missing > 0 ? 1 : 0;
 }

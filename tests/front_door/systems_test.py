@@ -70,6 +70,10 @@ class Systems(FrontDoorTest):
         self.assertTrue(done.stderr.endswith("gridio: failed on bookworm trixie\n"), done.stderr)
         self.assertEqual(done.stdout, HEAD + self.row("sid"))
 
+    def test_do_not_count_skipped_tests_as_passed(self):
+        self.inside(SUMMARY + r'; printf "The following tests did not run:\n\t  7 - a.b (Skipped)\n\t 12 - c (Skipped)\n"')
+        self.assertEqual(self.gridio("systems", "sid").stdout, HEAD + self.row("sid", "67 of 70, 2 skipped"))
+
     def test_have_no_count_of_tests_when_a_build_fails(self):
         self.inside("echo 'a compiler error'", "exit 1")
         done = self.gridio("systems", "trixie")
