@@ -287,10 +287,15 @@ int main(int count, char** words)
 
     int passed = 0;
     int failed = 0;
+    std::string written; // the operation that wrote values into the file since it was created
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line, '\t');
         const bool isAny = fields[0].compare(0, anyPrefix.size(), anyPrefix) == 0;
         const std::string operation = fields[0].substr(isAny ? anyPrefix.size() : 0);
+        if (!written.empty() && written != fields[0]) {
+            file.renew();
+            written.clear();
+        }
         std::vector<Value> arguments;
         for (std::size_t i = 1; i + 2 < fields.size(); ++i)
             arguments.push_back(valueOf(fields[i]));
@@ -317,8 +322,11 @@ int main(int count, char** words)
 
         const bool onlyLooks = operation.compare(0, 3, "inq") == 0 ||
                                operation.compare(0, 3, "get") == 0 || operation == "parameter";
-        // A call that is refused changes nothing.
-        if ((outcome.succeeded() && !onlyLooks) || !isGood) {
+        // A call that is refused changes nothing, and values that an operation writes change
+        // nothing for its other cases.
+        if (isGood && outcome.succeeded() && fields[0].compare(0, 3, "put") == 0) {
+            written = fields[0];
+        } else if ((outcome.succeeded() && !onlyLooks) || !isGood) {
             const bool opens = operation == "open" || operation == "create" ||
                                operation == "pOpen" || operation == "pCreate";
             if (outcome.succeeded() && opens)

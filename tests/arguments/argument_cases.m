@@ -223,7 +223,13 @@ function run_cases (cases, operations, outcomes)
   are_any = strncmp (operations, "any.", 4);
   operations = regexprep (operations, '^any\.', "");
   only_look = strncmp (operations, "inq", 3) | strncmp (operations, "get", 3) | strncmp (operations, "par", 3);
+  only_write = strncmp (operations, "put", 3) & ! are_any;
+  written = 0; % the operation that wrote values into the file since it was created
   for k = 1:rows (cases)
+    if (written && written != cases(k,1))
+      renew ();
+      written = 0;
+    end
     operation = operations{cases(k,1)};
     is_any = are_any(cases(k,1));
     if (is_any)
@@ -252,8 +258,10 @@ function run_cases (cases, operations, outcomes)
       printf ("FAILED: %s %s => %s\n", operation, disp (arguments), expected.line);
       disp (err);
     end
-    % A call that is refused changes nothing.
-    if (! good || (isempty (err) && ! only_look(cases(k,1))))
+    % A call that is refused changes nothing, and values that an operation writes change nothing for its other cases.
+    if (good && isempty (err) && only_write(cases(k,1)))
+      written = cases(k,1);
+    elseif (! good || (isempty (err) && ! only_look(cases(k,1))))
       if (isempty (err) && any (strcmp (operation, opening)))
         try_close (result);
       end

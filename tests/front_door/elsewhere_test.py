@@ -90,7 +90,8 @@ class OtherSystems(FrontDoorTest):
         # Codecs, plots, and what shows the manual are not necessary.
         optional = {("run", name) for name in ("libdeflate-dev", "libzstd-dev", "libblosc-dev", "liblz4-dev", "libbz2-dev",
                     "libaec-dev", "gnuplot-nox|gnuplot-qt|gnuplot-x11", "fonts-freefont-otf", "ghostscript")} | {
-                    ("package", "info"), ("test", "clang-format-14?"), ("test", "clang-tidy-14?"), ("fuzz", "libclang-rt-dev")}
+                    ("package", "info"), ("test", "clang-format-14?"), ("test", "clang-tidy-14?"), ("test", "ccache?"),
+                    ("fuzz", "libclang-rt-dev")}
         self.assertEqual({row for row in required if row not in named}, optional)
         self.assertEqual({len(row) for row in TABLE}, {7})
 

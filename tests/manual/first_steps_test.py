@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 
+import compile_once
 import examples_test
 import manual_source
 
@@ -38,12 +39,18 @@ def in_order(printed, expected):
         at = found + len(text)
 
 
+def compiled_package():
+    """Reads what Package.Installation compiled, if that was kept; else compiles without optimisation, which takes less time."""
+    once = compile_once.environment()
+    return {**once, "CCACHE_READONLY": "1"} if once else {"CXXFLAGS": "-O0"}
+
+
 def main():
     with tempfile.TemporaryDirectory() as home:
         script = "\n".join(["set -e", *commands()[:-1], 'exec octave-cli --interactive --no-line-editing --quiet'])
         environment = {**{k: v for k, v in os.environ.items() if k not in ("DISPLAY", "OCTAVE_PATH")},
                        "HOME": home,
-                       "CXXFLAGS": "-O0", # the package is compiled as everywhere in tests/package
+                       **compiled_package(),
                        "OCTAVE_HISTFILE": os.devnull, "XDG_DATA_HOME": f"{home}/.local/share"}
         done = subprocess.run(["bash", "-c", script], cwd=ROOT, env=environment, input=session(), timeout=900,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)

@@ -214,7 +214,7 @@ class Version(unittest.TestCase):
 
 
 class Manual(unittest.TestCase):
-    """In a copy of the source tree that has a manual or not; the package's is in package_test.py."""
+    """In a copy of the source tree that has a manual or not; the installed package's is checked by check.m."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()

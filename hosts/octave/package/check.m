@@ -1,6 +1,7 @@
 % SPDX-License-Identifier: BSD-3-Clause
-% check.m TARBALL: checks the requirements of a package index on this package: its files, and a real installation in the
-% current folder, with loading, help, tests, demos, unloading and uninstalling. Exit status 1 if any claim fails.
+% check.m TARBALL: checks the requirements of a package index on this package: its files, and a real installation for a user
+% whose home is the current folder, with loading, help, tests, demos, unloading and uninstalling. Exit status 1 if any claim
+% fails.
 1;
 
 function check (claim, holds)
@@ -165,6 +166,41 @@ function check_unloading ()
   pkg unload gridio
 end
 
+% The output of another session, which must end well and say nothing on its error channel.
+function said = session (varargin)
+  [status, said] = system (["octave-cli --norc --no-history --quiet " sprintf("'%s' ", varargin{:}) "2>errors"]);
+  check (["a session succeeds: " varargin{:} " " fileread("errors")], status == 0 && isempty (fileread ("errors")));
+  delete ("errors");
+end
+
+% What a new user does first, with the installed files.
+function check_first_use (folder, version)
+  ncid = gridio ("create", "own.nc", "netcdf4");
+  gridio ("putVarInt", ncid, gridio ("defVar", ncid, "depth", 4, gridio ("defDim", ncid, "x", 3)), int32 ([9 40 200]));
+  files = gridio_open_files ();
+  check ("open files are listed", strcmp (files.path, "own.nc") && strcmp (files.mode, "write"));
+  gridio ("close", ncid);
+  check ("gridio is that of the package", strncmp (which ("gridio"), [folder "/"], numel (folder) + 1)
+                                          && strcmp (which ("gridio")(end-10:end), "/gridio.oct"));
+  check ("the manual is that of the package", strcmp (gridio_manual (), fullfile (folder, "doc", "html", "index.html"))
+                                              && exist (gridio_manual (), "file") == 2);
+  examples = gridio_version ().examples;
+  check ("the examples are those of the package", strcmp (examples, fullfile (folder, "examples")));
+
+  load = "pkg load gridio; ";
+  said = session (fullfile (examples, "field.m"), "own.nc", "depth");
+  check (["an example runs: " said],
+         ! isempty (strfind (said, "\n3 values, 0 of them missing, from 9 to 200, mean 83\n")));
+  said = session ("--eval", [load "printf (\"%d\\n\", gridio_read (\"own.nc\", \"depth\"))"]);
+  check (["values of a dataset are read: " said], strcmp (said, "9\n40\n200\n"));
+  for name = {"gridio", "gridio_help"}
+    said = session ("--eval", [load "doc " name{1}]);
+    check (["doc " name{1} " shows the manual"], strncmp (said, "File: gridio.info,", 18)
+           && ! isempty (strfind (said(1:min (end, 10000)), ["This is the manual of gridio " version])));
+  end
+  delete ("own.nc");
+end
+
 function main (tarball)
   global passed = 0
   global failed = 0
@@ -174,22 +210,28 @@ function main (tarball)
   check_archive (tarball, name);
   unpack (tarball, pwd ());
   check_files (name, version);
+  confirm_recursive_rmdir (false, "local");
+  rmdir (name, "s");
 
-  mkdir ("prefix");
-  prefix = fullfile (pwd (), "prefix");
-  pkg ("prefix", prefix, prefix);
-  pkg ("local_list", fullfile (pwd (), "local"));
+  % Not that of the whole machine; and a superuser would install for everyone.
   pkg ("global_list", fullfile (pwd (), "global"));
+  own = {"-local"}(geteuid () == 0);
   lastwarn ("");
-  said = evalc ('pkg ("install", "-local", tarball)');
+  said = evalc ('pkg ("install", own{:}, tarball)');
   check (["installing warns about nothing: " lastwarn()], isempty (lastwarn ()));
   listed = pkg ("list", "gridio");
   check (["the package is installed: " said], numel (listed) == 1 && strcmp (listed{1}.version, version));
+  folder = listed{1}.dir;
+  check ("it is in the user's home", strncmp (folder, [pwd() "/"], numel (pwd ()) + 1));
   pkg load gridio
-  check_session (fullfile (prefix, name));
+  check_first_use (folder, version);
+  check_session (folder);
   check_unloading ();
-  pkg uninstall -local gridio
-  check ("uninstalling leaves nothing", isempty (pkg ("list", "gridio")) && numel (readdir (prefix)) == 2);
+  pkg ("uninstall", own{:}, "gridio");
+  check ("uninstalling leaves nothing", isempty (pkg ("list", "gridio")) && ! exist (folder, "dir"));
+  [~, left] = run ("find", ".", "!", "-type", "d", "-o", "-name", "*gridio*");
+  left = sort (strsplit (strtrim (left), "\n"));
+  check (["nothing else is left: " strjoin(left)], isequal (left, {"./fntests.log", "./global", "./left_open.nc", "./tests.log"}));
 
   printf ("%d passed, %d failed\n", passed, failed);
   exit (double (failed > 0));
