@@ -54,8 +54,8 @@ void SlabQueue::drain()
     finish(slabs_[1 - next_]);
 }
 
-// The slab is gone also when this fails. The read is destroyed first: until then its threads may use
-// what the function keeps.
+// The slab is gone also when this fails. The read is destroyed first: until then its threads may
+// use what the function keeps.
 void SlabQueue::finish(Slab& slab)
 {
     const End end = std::move(slab.end);
