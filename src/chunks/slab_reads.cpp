@@ -21,6 +21,9 @@ namespace {
 constexpr std::size_t decodedSlabSize = std::size_t{1} << 18;
 constexpr std::size_t plainSlabSize = std::size_t{16} << 20;
 
+// Bytes of stored values for each thread: with fewer, starting a thread takes longer than it saves.
+constexpr std::size_t threadShare = std::size_t{1} << 20;
+
 class SlabReader {
 public:
     SlabReader(Variable& variable, const ElementType& element, const BlockIndices& block,
@@ -30,15 +33,15 @@ public:
           lengths_(slabLengths(block, chunkLengths(variable),
                                (target.decoder == nullptr ? plainSlabSize : decodedSlabSize) /
                                    element.size)),
-          slots_(slotCount())
+          threads_(std::min(threadCount(), countOf(block) * element.size / threadShare + 1)),
+          slots_(slotCount(threads_))
     {
     }
 
     void run()
     {
         WorkerPool pool(
-            threadCount(), slots_.size(),
-            [this](std::size_t slot, std::size_t) { place(slots_[slot]); },
+            threads_, slots_.size(), [this](std::size_t slot, std::size_t) { place(slots_[slot]); },
             [this] { interruption_.check(); });
         std::size_t current = 0;
         for (ChunkWalk walk(block_, lengths_); !walk.isDone(); walk.next()) {
@@ -61,7 +64,7 @@ private:
         ByteBuffer bytes;
     };
 
-    static std::size_t slotCount() { return threadCount() == 1 ? 1 : 2 * threadCount() + 2; }
+    static std::size_t slotCount(std::size_t threads) { return threads == 1 ? 1 : 2 * threads + 2; }
 
     // The position of the slab in the result.
     RunWalk runsOf(const Spans& spans) const
@@ -107,6 +110,7 @@ private:
     const SizeVector& blockLengths_;
     const ResultBlock result_;
     const SizeVector lengths_;
+    const std::size_t threads_;
     std::vector<Slot> slots_;
     Interruption interruption_;
 };
