@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: BSD-3-Clause
 """costs_test.py PROGRAMS [--write]: holds each path of the gateway to the instructions and allocations in costs.txt.
 
-Instructions may differ by 5 percent, allocations not at all. A change that is worth its cost, or a gain to be kept, is
+Instructions may differ by 5 percent, or by as many as depend on where the linker places the texts that are compared;
+allocations not at all. A change that is worth its cost, or a gain to be kept, is
 written down with --write.
 """
 import pathlib
@@ -11,6 +12,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "bench"))
 import gateway_costs  # noqa: E402
 
+BY_PLACE = 20
 TABLE = pathlib.Path(__file__).with_name("costs.txt")
 HEADING = """# SPDX-License-Identifier: BSD-3-Clause
 # What each path of the gateway costs, written by costs_test.py: name | instructions in gridio's own code | instructions
@@ -39,7 +41,7 @@ def differences(expected, found):
             yield f"{name}: {before} became {now}"
             continue
         for what, old, new in zip(("own instructions", "instructions"), before, now):
-            if abs(new - old) > 0.05 * old:
+            if abs(new - old) > max(0.05 * old, BY_PLACE):
                 yield f"{name}: {old:,} {what} became {new:,}"
         if now[2] > 0:
             yield f"{name}: {now[2]} allocations of the gateway's own, where there are to be none"
