@@ -324,7 +324,7 @@ int main(int count, char** words)
                                operation.compare(0, 3, "get") == 0 || operation == "parameter";
         // A call that is refused changes nothing, and values that an operation writes change
         // nothing for its other cases.
-        if (isGood && outcome.succeeded() && fields[0].compare(0, 3, "put") == 0) {
+        if (isGood && outcome.succeeded() && fields[0].compare(0, 6, "putVar") == 0) {
             written = fields[0];
         } else if ((outcome.succeeded() && !onlyLooks) || !isGood) {
             const bool opens = operation == "open" || operation == "create" ||

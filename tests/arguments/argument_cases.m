@@ -223,7 +223,7 @@ function run_cases (cases, operations, outcomes)
   are_any = strncmp (operations, "any.", 4);
   operations = regexprep (operations, '^any\.', "");
   only_look = strncmp (operations, "inq", 3) | strncmp (operations, "get", 3) | strncmp (operations, "par", 3);
-  only_write = strncmp (operations, "put", 3) & ! are_any;
+  only_write = strncmp (operations, "putVar", 6) & ! are_any;
   written = 0; % the operation that wrote values into the file since it was created
   for k = 1:rows (cases)
     if (written && written != cases(k,1))
