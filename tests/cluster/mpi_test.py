@@ -28,7 +28,7 @@ class Mpi(ClusterCase):
         self.assertRegex(done.stderr, r"error: rank 2 of 3 on \S+: f08.nc: this file is bad")
 
     def test_names_what_each_rank_was_at_when_one_is_killed_and_goes_on(self):
-        # MPICH's launcher was seen to wait for good on a busy machine, once in a hundred runs: it ends the others by this time.
+        # On a busy machine MPICH's launcher once waited without end for the other ranks: it gives up after this many seconds.
         done = self.ranks(3, "dies", "folder", "kept", BAD="f10.nc", MPIEXEC_TIMEOUT="30")
         self.assertNotEqual(done.returncode, 0)
         if LIBRARY == "openmpi":  # the other launcher kills at once

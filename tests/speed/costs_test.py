@@ -2,8 +2,7 @@
 """costs_test.py PROGRAMS [--write]: holds each path of the gateway to the instructions and allocations in costs.txt.
 
 Instructions may differ by 5 percent, or by as many as depend on where the linker places the texts that are compared;
-allocations not at all. A change that is worth its cost, or a gain to be kept, is
-written down with --write.
+allocations not at all. A change that is worth its cost, or a gain to be kept, is written down with --write.
 """
 import pathlib
 import sys
