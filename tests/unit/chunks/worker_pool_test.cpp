@@ -5,8 +5,8 @@
 
 #include <atomic>
 #include <chrono>
-#include <future>
 #include <csignal>
+#include <future>
 #include <set>
 #include <stdexcept>
 

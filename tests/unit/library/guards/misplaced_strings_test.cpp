@@ -25,7 +25,7 @@ TEST(MisplacesStrings, IsTrueOfOneReleaseAlone)
 
 class HoldsStringBehindItsStart : public testing::Test {
 protected:
-    // A compound type of two fields, of which the second one is 8 bytes behind the first.
+    // Defines a compound type with fields at the offsets 0 and 8.
     nc_type pair(nc_type first, nc_type second)
     {
         nc_type type = NC_NAT;
