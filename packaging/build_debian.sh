@@ -2,8 +2,10 @@
 # SPDX-License-Identifier: BSD-3-Clause
 # build_debian.sh FOLDER: makes the Debian source package octave-gridio and its binary package in FOLDER, from the package
 # for the interpreter's package manager that this tree makes. Needs build-essential and the build dependencies of
-# debian/control; further arguments go to dpkg-buildpackage.
+# debian/control; further arguments go to dpkg-buildpackage. The maintainer is who makes it, as Debian's tools are told it:
+# by DEBFULLNAME and DEBEMAIL.
 set -eu
+maintainer="${DEBFULLNAME:-gridio developers} <${DEBEMAIL:-developers@gridio.invalid}>"
 here=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$(dirname "$here")
 mkdir -p "$1"
@@ -17,6 +19,8 @@ mv "$tarball" "$folder/octave-gridio_$version.orig.tar.gz"
 rm -rf "$tree"
 tar -C "$folder" -xf "$folder/octave-gridio_$version.orig.tar.gz"
 cp -R "$here/debian" "$tree/debian"
+control=$(<"$here/debian/control")
+printf '%s\n' "${control/@MAINTAINER@/"$maintainer"}" >"$tree/debian/control"
 
 # The licence as a field of debian/copyright: indented, with dots for empty lines.
 sed -e 's/^$/./' -e 's/^/ /' "$root/LICENSE" >"$folder/licence"
@@ -26,7 +30,7 @@ rm "$folder/licence"
 date=$(sed -n 's/^Date: *//p' "$tree/DESCRIPTION")
 {
     printf 'octave-gridio (%s-1) UNRELEASED; urgency=medium\n\n  * The release %s of gridio.\n\n' "$version" "$version"
-    printf ' -- gridio developers <developers@gridio.invalid>  %s\n' "$(LC_ALL=C date -u -R -d "$date")"
+    printf ' -- %s  %s\n' "$maintainer" "$(LC_ALL=C date -u -R -d "$date")"
 } >"$tree/debian/changelog"
 cd "$tree"
 dpkg-buildpackage -us -uc "$@"
