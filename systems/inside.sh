@@ -1,14 +1,21 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# inside.sh SUITE SCRATCH KEPT [MIRROR]: makes a Debian system in SCRATCH/system, clones the tree SCRATCH/tree (a git
-# bundle) into it, and runs "./gridio test" there as an ordinary user who may use sudo. run.sh calls it as root in
-# namespaces of its own, which undo the mounts. KEPT/versions gets what the table says of the system.
+# inside.sh SUITE SCRATCH KEPT PARTS [MIRROR]: makes a Debian system in SCRATCH/system, clones the tree SCRATCH/tree (a git
+# bundle) into it, and works there as an ordinary user who may use sudo. run.sh calls it as root in namespaces of its own,
+# which undo the mounts. PARTS are some of:
+#
+#   tests      runs "./gridio test"; KEPT/time gets how long that took, with the making of the system
+#   package    builds, checks, installs and uses the Debian package; KEPT/package gets how that went
+#   compilers  runs "./gridio compilers"; KEPT/compilers gets the names of those that passed
+#
+# KEPT/versions gets what the table says of the system.
 set -eu
 suite=$1
 system=$2/system
 tree=$2/tree
 kept=$3
-mirror=${4-}
+parts=$4
+mirror=${5-}
 user=ada
 
 # Everything that a program expects of the kernel, and nothing of this machine's own.
@@ -62,10 +69,54 @@ report_versions() {
         paste -sd ' ' | sed 's/\([^ ]*\) \([^ ]*\) \([^ ]*\) \([^ ]*\)/\1 | \2 | \3 | g++ \4/' >"$kept/versions"
 }
 
+# The Debian package is built from its source package, is without an error or a warning for lintian, and works once it is
+# installed.
+check_package() {
+    in_system "sudo apt-get -q -y --no-install-recommends install build-essential lintian &&
+        sudo apt-get -q -y --no-install-recommends build-dep ./gridio/packaging &&
+        gridio/packaging/build_debian.sh debian &&
+        lintian --display-info --pedantic --fail-on error,warning debian/*.changes &&
+        sudo apt-get -q -y --no-install-recommends install ./debian/octave-gridio_*.deb &&
+        octave-cli --norc --no-history debian_package.m"
+}
+
+# part NAME COMMAND...: its output goes to KEPT/NAME.log, and the end of that to the output if it fails.
+part() {
+    local name=$1
+    shift
+    if "$@" >"$kept/$name.log" 2>&1; then
+        return 0
+    fi
+    status=1
+    echo "inside.sh: failed in $name; the end of $kept/$name.log:"
+    tail -n 15 "$kept/$name.log"
+    return 1
+}
+
+is_asked() {
+    [[ " $parts " == *" $1 "* ]]
+}
+
 rm -f "$kept/versions"
 make_system
 add_user
 status=0
-in_system "export CCACHE_DIR=/compiled CMAKE_CXX_COMPILER_LAUNCHER=ccache; cd gridio && ./gridio test" || status=$?
+with_cache="export CCACHE_DIR=/compiled CMAKE_CXX_COMPILER_LAUNCHER=ccache; cd gridio &&"
+if is_asked tests; then
+    in_system "$with_cache ./gridio test" || status=$?
+    echo "$(((SECONDS + 30) / 60)) min" >"$kept/time"
+fi
 report_versions || echo "inside.sh: gridio does not run"
+if is_asked package; then
+    cp "$(dirname "${BASH_SOURCE[0]}")/debian_package.m" "$system/home/$user/"
+    outcome=failed
+    ! part package check_package || outcome="builds, no warning"
+    echo "$outcome" >"$kept/package"
+fi
+if is_asked compilers; then
+    part compilers in_system "$with_cache ./gridio compilers" || true
+    awk '/^(passed|failed) / { names[$1] = names[$1] (names[$1] ? ", " : "") $2 }
+        END { print names["passed"] (names["failed"] ? "; failed: " names["failed"] : "") }' "$kept/compilers.log" |
+        sed 's/++-/++ /g; s/-/ /g' >"$kept/compilers"
+fi
 exit "$status"

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# "./gridio systems": makes the Debian systems that are named, each in a scratch folder, and runs "./gridio test" in
-# each. What a system needs is mounted in a namespace of its own, which ends with the last process in it, so that
+# "./gridio systems": makes the Debian systems that are named, each in a scratch folder, and runs every test in each, builds the
+# Debian package, and tries the compilers. What a system needs is mounted in a namespace of its own, which ends with the last process in it, so that
 # nothing stays mounted whatever happens here.
 #
-# Under build/systems/NAME each system keeps the log of its last run, its row of the table, and what makes a second
+# Under build/systems/NAME each system keeps the logs of its last run, its cells of the table, and what makes a second
 # run faster: Debian's packages, and the compiler's results (ccache).
 set -u
 here=$(cd -P "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -64,47 +64,55 @@ run_alone() {
     return "$status"
 }
 
-# test_system SUITE: leaves its log and its row; fails if a test did.
+# test_system SUITE PARTS: leaves its logs and its cells; fails if a part did.
 test_system() {
-    local suite=$1 own=$kept/$1 start=$SECONDS passed
+    local suite=$1 parts=$2 own=$kept/$1 part passed
     mkdir -p "$own/packages" "$own/compiled"
-    rm -f "$own/row"
+    for part in $parts; do rm -f "$own/$part" "$own/$part.log"; done
     scratch=$(mktemp -d "${TMPDIR:-/var/tmp}/gridio-$suite.XXXXXX") || die "cannot make a scratch folder"
     # Readable for everyone, unlike a folder of mktemp: its users are those of the system.
     chmod 755 "$scratch"
     git -c safe.directory="$root" -C "$root" bundle create -q "$scratch/tree" HEAD || die "cannot copy the tree"
-    say "$suite: making the system and running every test in it; the output goes to $own/log"
-    run_alone "$here/inside.sh" "$suite" "$scratch" "$own" "$(mirror)" >"$own/log" 2>&1
+    say "$suite: making the system, then in it: $parts; the output goes to $own/log"
+    run_alone "$here/inside.sh" "$suite" "$scratch" "$own" "$parts" "$(mirror)" >"$own/log" 2>&1
     passed=$?
-    write_row "$suite" "$own" $(((SECONDS - start + 30) / 60))
+    [[ " $parts " != *" tests "* ]] || count_tests "$own/log" >"$own/tests"
     clean_up
     [ "$passed" -eq 0 ] || say "$suite: failed; the end of $own/log:"
     [ "$passed" -eq 0 ] || tail -n 15 "$own/log" | sed 's/^/    /' >&2
     return "$passed"
 }
 
-# write_row SUITE FOLDER MINUTES: the row of the table, from the versions that the system reported and ctest's summaries.
-write_row() {
-    local tests
-    tests=$(sed -n -e 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/run \1 \2/p' \
-        -e 's/^\t *[0-9]* - .* (Skipped)$/skipped/p' "$2/log" | awk '
+# count_tests LOG: how many passed, by ctest's summaries of the two builds.
+count_tests() {
+    sed -n -e 's/.* \([0-9]*\) tests failed out of \([0-9]*\)$/run \1 \2/p' \
+        -e 's/^\t *[0-9]* - .* (Skipped)$/skipped/p' "$1" | awk '
         $1 == "run" { runs += 1; failed += $2; all += $3 }
         $1 == "skipped" { skipped += 1 }
         END {
             if (runs != 2) print "not run to the end"
-            else printf "%d of %d%s", all - failed - skipped, all, skipped ? ", " skipped " skipped" : ""
-        }')
-    [ -f "$2/versions" ] || return
-    printf '| %s | %s | %s | %s min |\n' "$1" "$(cat "$2/versions")" "$tests" "$3" >"$2/row"
+            else printf "%d of %d%s\n", all - failed - skipped, all, skipped ? ", " skipped " skipped" : ""
+        }'
+}
+
+# row SUITE: nothing for a system that was never made.
+row() {
+    local own=$kept/$1 cell
+    [ -f "$own/versions" ] || return 0
+    printf '| %s | %s |' "$1" "$(cat "$own/versions")"
+    for cell in tests time package compilers; do
+        printf ' %s |' "$(cat "$own/$cell" 2>/dev/null || echo 'not run')"
+    done
+    echo
 }
 
 # The rows of the last run of each system, oldest release first.
 table() {
     local suite
-    echo '| system | Octave | netCDF | HDF5 | compiler | tests passed | time |'
-    echo '|---|---|---|---|---|---|---|'
+    echo '| system | Octave | netCDF | HDF5 | compiler | tests passed | time | Debian package | also compiled and tested with |'
+    echo '|---|---|---|---|---|---|---|---|---|'
     for suite in bookworm trixie sid; do
-        [ ! -f "$kept/$suite/row" ] || cat "$kept/$suite/row"
+        row "$suite"
     done
 }
 
@@ -127,14 +135,21 @@ write_table() {
 }
 
 main() {
-    local name suite suites=() failed=() is_written=
-    for name in "$@"; do
-        if [ "$name" = --table ]; then
-            is_written=yes
-        else
-            suite=$(suite_of "$name") || refuse "there is no system $name: name bookworm, trixie or sid"
+    local suite suites=() failed=() is_written='' parts="tests package compilers"
+    while [ $# -gt 0 ]; do
+        case $1 in
+        --table) is_written=yes ;;
+        --only)
+            [[ ${2-} == @(tests|package|compilers) ]] || refuse "--only needs one of tests, package and compilers"
+            parts=$2
+            shift
+            ;;
+        *)
+            suite=$(suite_of "$1") || refuse "there is no system $1: name bookworm, trixie or sid"
             suites+=("$suite")
-        fi
+            ;;
+        esac
+        shift
     done
     [ ${#suites[@]} -gt 0 ] || [ -n "$is_written" ] || suites=(bookworm trixie sid)
     if [ ${#suites[@]} -gt 0 ]; then
@@ -143,7 +158,7 @@ main() {
         trap 'exit 130' INT
         trap 'exit 143' TERM HUP
         for suite in "${suites[@]}"; do
-            test_system "$suite" || failed+=("$suite")
+            test_system "$suite" "$parts" || failed+=("$suite")
         done
     fi
     table

@@ -11,10 +11,22 @@ from front_door_case import FrontDoorTest
 from sandbox import ROOT
 
 BEGIN, END = "<!-- systems: begin -->", "<!-- systems: end -->"
-HEAD = "| system | Octave | netCDF | HDF5 | compiler | tests passed | time |\n|---|---|---|---|---|---|---|\n"
+HEAD = ("| system | Octave | netCDF | HDF5 | compiler | tests passed | time | Debian package | also compiled and tested with |\n"
+        "|---|---|---|---|---|---|---|---|---|\n")
 SUMMARY = 'echo "100% tests passed, 0 tests failed out of 30"; echo "97% tests passed, 1 tests failed out of 40"'
 # In the place of inside.sh: what it leaves, for the system that it is called with.
-INSIDE = '#!/bin/sh\nmkdir $2/system\n{body}\necho "9.4.0 | 4.9.3 | 1.14.5 | g++ 14.2.0" >$3/versions\n{end}\n'
+INSIDE = """#!/bin/sh
+mkdir $2/system
+{body}
+echo "9.4.0 | 4.9.3 | 1.14.5 | g++ 14.2.0" >$3/versions
+for part in $4; do
+    case $part in
+    tests) echo "21 min" >$3/time ;;
+    *) echo "$part seen" >$3/$part ;;
+    esac
+done
+{end}
+"""
 
 
 class Systems(FrontDoorTest):
@@ -41,8 +53,8 @@ class Systems(FrontDoorTest):
     def kept(self, suite):
         return self.sandbox.tree / "build" / "systems" / suite
 
-    def row(self, suite, tests="69 of 70"):
-        return f"| {suite} | 9.4.0 | 4.9.3 | 1.14.5 | g++ 14.2.0 | {tests} | 0 min |\n"
+    def row(self, suite, tests="69 of 70", time="21 min", package="package seen", compilers="compilers seen"):
+        return f"| {suite} | 9.4.0 | 4.9.3 | 1.14.5 | g++ 14.2.0 | {tests} | {time} | {package} | {compilers} |\n"
 
     def test_need_root_in_one_line(self):
         self.sandbox.write("uid", "1000")
@@ -54,6 +66,13 @@ class Systems(FrontDoorTest):
         self.gridio("systems", "debian12", "debian13", "sid")
         made = [line.split()[1] for line in self.sandbox.log(str(self.sandbox.tree))]
         self.assertEqual(made, ["bookworm", "trixie", "sid"])
+
+    def test_do_one_part_and_keep_what_is_known_of_the_others(self):
+        done = self.gridio("systems", "--only", "package", "sid")
+        not_run = self.row("sid", "not run", "not run", compilers="not run")
+        self.assertEqual((done.returncode, done.stdout), (0, HEAD + not_run), done.stderr)
+        self.assertEqual(self.gridio("systems", "--only", "tests", "sid").stdout, HEAD + self.row("sid", compilers="not run"))
+        self.assert_one_line(self.gridio("systems", "--only", "sid"), 2, "--only needs one of")
 
     def test_print_a_table_and_leave_nothing_but_their_logs(self):
         done = self.gridio("systems", "trixie")
