@@ -61,9 +61,10 @@ void requirePlacedStringsIn(int ncid, int varid, const std::string& attribute,
 {
     if (!isMisplacing())
         return;
+    // An attribute that there is not is nothing to the library where it is copied onto itself.
     nc_type xtype = NC_NAT;
-    checkStatus(nc_inq_atttype(ncid, varid, attribute.c_str(), &xtype), entry);
-    requirePlacedStrings(ncid, xtype, entry);
+    if (nc_inq_atttype(ncid, varid, attribute.c_str(), &xtype) == NC_NOERR)
+        requirePlacedStrings(ncid, xtype, entry);
 }
 
 } // namespace Ovard::gridio
