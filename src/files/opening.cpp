@@ -13,7 +13,9 @@ namespace Ovard::gridio {
 
 int refusalToOpen(const std::string& file, int mode)
 {
-    if (namesMissingMemory(mode) || isEndlessAddress(file))
+    if (const int refusal = refusalOfMissingMemory(mode); refusal != NC_NOERR)
+        return refusal;
+    if (isEndlessAddress(file))
         return NC_EINVAL;
     return isPipeOrDevice(file) ? NC_ENOTNC : NC_NOERR;
 }

@@ -68,6 +68,8 @@ TEST_F(CrashGuards, RefuseToOpenAFileInMemoryWithoutMemory)
                 raises("libraryFailure", {"open", "NC_EINVAL", "Invalid argument"}));
     EXPECT_THAT(attempt("pOpen", {folder.file("x.nc"), NC_INMEMORY | NC_WRITE, 4096}),
                 raises("libraryFailure", {"pOpen", "NC_EINVAL", "Invalid argument"}));
+    for (const int mode : {-128, NC_INMEMORY | NC_UDF0, NC_INMEMORY | NC_UDF1})
+        EXPECT_THAT(attempt("open", {folder.file("x.nc"), mode}), failsWith("open", NC_ENOTBUILT));
 }
 
 // The library itself refuses a file in memory with some of the flags in -1.
