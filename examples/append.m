@@ -1,6 +1,6 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Appends the machine's load to a log, a netCDF file that is made if it is not there.
 %   append.m FILE [N [SECONDS]]     N records, 1 by default, SECONDS apart, 1 by default
+% SPDX-License-Identifier: BSD-3-Clause
 1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio

@@ -1,4 +1,3 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Copies a netCDF file: types, groups, dimensions, attributes, values and storage.
 %   copy.m IN OUT      OUT must not exist yet
 %   copy.m -f IN OUT   replaces OUT, once the copy is complete
@@ -9,6 +8,7 @@
 % read but not write.
 %
 % Exit status: 0 all is copied; 1 an error, and no OUT is left behind; 3 something could not be kept.
+% SPDX-License-Identifier: BSD-3-Clause
 1;
 if (! exist ("gridio"))
   pkg load gridio

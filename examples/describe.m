@@ -1,4 +1,3 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % The header of a netCDF file as CDL, line by line what "ncdump -h" prints.
 %   describe.m FILE       types, groups, dimensions, variables and attributes
 %   describe.m FILE -s    also how the variables are stored, as special attributes (ncdump -hs)
@@ -6,6 +5,7 @@
 % It differs from ncdump where that prints what means something else: dimensions and types that nearer
 % ones of their name hide have their path, and within compound types "\v" and other control characters
 % stay what they are. Control characters beyond ASCII (C1), which ncdump sends to the terminal, are escaped.
+% SPDX-License-Identifier: BSD-3-Clause
 1;
 if (! exist ("gridio"))
   pkg load gridio

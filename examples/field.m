@@ -1,7 +1,7 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % What is in a netCDF file, or in some of its variables?
 %   field.m FILE                its dimensions, coordinates with their ranges, variables and attributes
 %   field.m FILE VARIABLE ...   each variable, its smallest and largest value, and its mean
+% SPDX-License-Identifier: BSD-3-Clause
 1;
 if (! exist ("gridio"))
   pkg load gridio

@@ -1,10 +1,10 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Draws a field over longitude and latitude into a PNG picture.
 %   map.m FILE VARIABLE OUT.png [NAME VALUE ...]
 %   map.m nemo.nc tos sst.png lon -30,30 lat 30,70 time 2015-01-16
 %
 % What is not selected of other dimensions, such as time, is drawn at its first position. The coordinates may
 % be fields themselves.
+% SPDX-License-Identifier: BSD-3-Clause
 1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio

@@ -1,7 +1,7 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Writes two small files with synthetic data into the current folder, to try things on: sea.nc, the monthly temperature of a
 % sea, and stations.nc, the water level at some places. The manual uses them.
 %   source (fullfile (gridio_version ().examples, "sample.m"))
+% SPDX-License-Identifier: BSD-3-Clause
 1;
 if (! exist ("gridio"))
   pkg load gridio

@@ -1,4 +1,3 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Draws a section, depths or pressures downwards, into a PNG picture.
 %   section.m FILE VARIABLE OUT.png [NAME VALUE ...]
 %   section.m ocean.nc thetao section.png lon -30 time 2015-01-16
@@ -6,6 +5,7 @@
 %
 % The levels may be the same for all profiles, or a field of their own, which "along NAME" names if the file does
 % not say which it is.
+% SPDX-License-Identifier: BSD-3-Clause
 1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio

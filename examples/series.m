@@ -1,6 +1,6 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Draws a series, perhaps at the point nearest to a place, into a PNG picture.
 %   series.m FILE VARIABLE OUT.png [LONGITUDE LATITUDE]
+% SPDX-License-Identifier: BSD-3-Clause
 1;  % a script, not a function
 if (! exist ("gridio"))
   pkg load gridio

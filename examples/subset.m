@@ -1,7 +1,7 @@
-% SPDX-License-Identifier: BSD-3-Clause
 % Cuts a part out of a variable, and writes it with its coordinates into a new file.
 %   subset.m FILE VARIABLE OUT.nc NAME VALUE ...
 %   subset.m era5.nc t2m may.nc time 2013-05 lat 40,60 lon -10,30
+% SPDX-License-Identifier: BSD-3-Clause
 1;
 if (! exist ("gridio"))
   pkg load gridio
