@@ -8,7 +8,7 @@
 #   package    builds, checks, installs and uses the Debian package; KEPT/package gets how that went
 #   compilers  runs "./gridio compilers"; KEPT/compilers gets the names of those that passed
 #
-# KEPT/versions gets what the table says of the system.
+# KEPT/versions gets what the table says of the system. The files of the folder GRIDIO_DATA are tested with, if it is set.
 set -eu
 suite=$1
 system=$2/system
@@ -17,6 +17,7 @@ kept=$3
 parts=$4
 mirror=${5-}
 user=ada
+setting="export CCACHE_DIR=/compiled CMAKE_CXX_COMPILER_LAUNCHER=ccache;"
 
 # Everything that a program expects of the kernel, and nothing of this machine's own.
 mount_kernel() {
@@ -48,6 +49,11 @@ make_system() {
     mkdir "$system/compiled"
     mount --bind "$kept/compiled" "$system/compiled"
     cp /etc/resolv.conf "$system/etc/resolv.conf"
+    if [ -n "${GRIDIO_DATA-}" ]; then
+        mkdir "$system/data"
+        mount --bind -o ro "$GRIDIO_DATA" "$system/data"
+        setting+=" export GRIDIO_DATA=/data;"
+    fi
 }
 
 # in_system COMMAND: run by the user, in a fresh session.
@@ -101,9 +107,8 @@ rm -f "$kept/versions"
 make_system
 add_user
 status=0
-with_cache="export CCACHE_DIR=/compiled CMAKE_CXX_COMPILER_LAUNCHER=ccache; cd gridio &&"
 if is_asked tests; then
-    in_system "$with_cache ./gridio test" || status=$?
+    in_system "$setting cd gridio && ./gridio test" || status=$?
     echo "$(((SECONDS + 30) / 60)) min" >"$kept/time"
 fi
 report_versions || echo "inside.sh: gridio does not run"
@@ -114,7 +119,7 @@ if is_asked package; then
     echo "$outcome" >"$kept/package"
 fi
 if is_asked compilers; then
-    part compilers in_system "$with_cache ./gridio compilers" || true
+    part compilers in_system "$setting cd gridio && ./gridio compilers" || true
     awk '/^(passed|failed) / { names[$1] = names[$1] (names[$1] ? ", " : "") $2 }
         END { print names["passed"] (names["failed"] ? "; failed: " names["failed"] : "") }' "$kept/compilers.log" |
         sed 's/++-/++ /g; s/-/ /g' >"$kept/compilers"

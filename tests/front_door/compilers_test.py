@@ -65,11 +65,11 @@ class Compilers(FrontDoorTest):
 
     def test_are_all_tried_when_one_fails(self):
         self.sandbox.write("broken", "clang++-14")
-        status, lines, told = self.compilers()
+        status, lines, said = self.compilers()
         self.assertEqual(status, 1)
         self.assertEqual([line for line in lines if "failed" in line], ["failed clang++-14"])
-        self.assertIn("    an error: unused variable\n", told)
-        self.assertIn("gridio: failed: clang++-14 (see ", told)
+        self.assertIn("    an error: unused variable\n", said)
+        self.assertIn("gridio: failed: clang++-14 (see ", said)
 
     def test_fail_where_the_tests_are_not_found(self):
         self.sandbox.write("count", "Total Tests: 3\n")
@@ -78,9 +78,9 @@ class Compilers(FrontDoorTest):
 
     def test_fail_in_one_line_where_they_cannot_be_installed(self):
         self.sandbox.remove("network")
-        status, lines, told = self.compilers()
+        status, lines, said = self.compilers()
         self.assertEqual((status, lines), (1, []))
-        self.assertIn("the compilers cannot be installed", told.splitlines()[-1])
+        self.assertIn("the compilers cannot be installed", said.splitlines()[-1])
 
 
 if __name__ == "__main__":

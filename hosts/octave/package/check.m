@@ -229,7 +229,8 @@ function main (tarball)
   check_unloading ();
   pkg ("uninstall", own{:}, "gridio");
   check ("uninstalling leaves nothing", isempty (pkg ("list", "gridio")) && ! exist (folder, "dir"));
-  [~, left] = run ("find", ".", "!", "-type", "d", "-o", "-name", "*gridio*");
+  % But for what the plots' library knows of the machine's fonts.
+  [~, left] = run ("find", ".", "!", "-type", "d", "!", "-path", "./.cache/fontconfig/*", "-o", "-name", "*gridio*");
   left = sort (strsplit (strtrim (left), "\n"));
   check (["nothing else is left: " strjoin(left)], isequal (left, {"./fntests.log", "./global", "./left_open.nc", "./tests.log"}));
 
