@@ -77,8 +77,19 @@ extern "C" {
     {                                                                                              \
         return faults::counts(faults::toHdf5, #name) ? static_cast<result>(-1) : __real_##name arguments; \
     }
+#define NO_CALL(result, name, parameters, arguments)
+#if H5_VERSION_GE(2, 0, 0)
+#define CALL_FROM_2 CALL
+#define CALL_BEFORE_2 NO_CALL
+#else
+#define CALL_FROM_2 NO_CALL
+#define CALL_BEFORE_2 CALL
+#endif
 // clang-format on
 #include "tests/chunk_faults/hdf5_calls.inc"
 #undef CALL
+#undef CALL_FROM_2
+#undef CALL_BEFORE_2
+#undef NO_CALL
 
 } // extern "C"
