@@ -163,7 +163,11 @@ function check_unloading ()
   ncid = gridio ("open", "left_open.nc", "nowrite");
   check ("and opens again after loading again", strcmp (gridio ("getAttText", ncid, -1, "title"), "kept"));
   gridio ("close", ncid);
+  ds = gridio_dataset ("whole.nc", "replace");
+  ds.put ("x", 1:3, {"n"});
   pkg unload gridio
+  check ("a dataset left open is completed", exist ("whole.nc", "file") == 2);
+  delete ("whole.nc");
 end
 
 % The output of another session, which must end well and say nothing on its error channel.

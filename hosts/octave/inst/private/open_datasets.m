@@ -1,12 +1,14 @@
 ## SPDX-License-Identifier: BSD-3-Clause
 
 ## -*- texinfo -*-
-## @deftypefn {} {} open_datasets (@var{what}, @var{guarded})
+## @deftypefn {} {} open_datasets ("add", @var{guarded})
+## @deftypefnx {} {} open_datasets ("sweep")
+## @deftypefnx {} {} open_datasets ("close", @var{isExiting})
 ## Undocumented internal function: remember which datasets are open, and close them at the end of the session, before the
 ## interpreter takes its functions down: a destructor that runs later may call none.
 ## @end deftypefn
 
-function open_datasets (what, guarded)
+function open_datasets (what, argument)
 
   persistent open = {};
   persistent isRegistered = false;
@@ -16,11 +18,13 @@ function open_datasets (what, guarded)
         atexit ("__gridio_close_datasets__");
         isRegistered = true;
       endif
-      open{end+1} = guarded;
+      open{end+1} = argument;
     case "sweep"
       open = open(cellfun (@(one) one.isOpen, open));
     case "close"
-      cellfun (@(one) close_guarded (one, true), open);
+      cellfun (@(one) close_guarded (one, argument), open);
+      open = {};
+      isRegistered = false;
   endswitch
 
 endfunction
