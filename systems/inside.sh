@@ -71,7 +71,7 @@ add_user() {
 
 # The columns of the table: interpreter, netCDF, HDF5, compiler.
 report_versions() {
-    in_system "cd gridio && ./gridio run systems/versions.m && g++ -dumpfullversion" |
+    in_system "$setting cd gridio && ./gridio run systems/versions.m && g++ -dumpfullversion" |
         paste -sd ' ' | sed 's/\([^ ]*\) \([^ ]*\) \([^ ]*\) \([^ ]*\)/\1 | \2 | \3 | g++ \4/' >"$kept/versions"
 }
 
