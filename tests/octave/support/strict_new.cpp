@@ -7,17 +7,20 @@
 #include <array>
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
-// Aligned blocks that are in use; there are few.
-std::array<std::atomic<void*>, 256> alignedBlocks;
+// Aligned blocks that are in use, by their addresses: each array of the interpreter is one where it has polymorphic
+// allocators.
+std::array<std::array<std::atomic<void*>, 16>, 1 << 16> alignedBlocks;
 
-bool replaceFirst(void* from, void* to)
+bool replaceFirst(const void* block, void* from, void* to)
 {
-    for (std::atomic<void*>& slot : alignedBlocks) {
+    const std::uint64_t mixed = reinterpret_cast<std::uintptr_t>(block) * 0x9E3779B97F4A7C15U;
+    for (std::atomic<void*>& slot : alignedBlocks[mixed >> 48]) {
         void* expected = from;
         if (slot.compare_exchange_strong(expected, to))
             return true;
@@ -46,21 +49,21 @@ void* allocateAligned(std::size_t size, std::align_val_t alignment)
             std::max<std::size_t>(static_cast<std::size_t>(alignment), alignof(std::max_align_t)),
             size) != 0)
         throw std::bad_alloc();
-    if (!replaceFirst(nullptr, block))
+    if (!replaceFirst(block, nullptr, block))
         fail("too many aligned blocks\n", 24);
     return block;
 }
 
 void release(void* block)
 {
-    if (block != nullptr && replaceFirst(block, nullptr))
+    if (block != nullptr && replaceFirst(block, block, nullptr))
         fail("a plain delete of an aligned block\n", 35);
     std::free(block);
 }
 
 void releaseAligned(void* block)
 {
-    if (block != nullptr && !replaceFirst(block, nullptr))
+    if (block != nullptr && !replaceFirst(block, block, nullptr))
         fail("an aligned delete of a plain block\n", 35);
     std::free(block);
 }
