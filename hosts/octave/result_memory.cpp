@@ -5,7 +5,8 @@
 
 #include <cstring>
 
-// clang before 19 declares these only where it calls them; the interpreter may have been compiled by another compiler.
+// clang before 19 declares these only where it calls them; the interpreter may have been compiled
+// by another compiler.
 void operator delete(void*, size_t) noexcept;
 void operator delete(void*, size_t, std::align_val_t) noexcept;
 

@@ -30,12 +30,6 @@ function count = open_files (folder)
   end
 end
 
-function warned = warning_of (call)
-  lastwarn ("");
-  evalc ("call ();"); # which also keeps the warning from the screen
-  warned = lastwarn ();
-end
-
 confirm_recursive_rmdir (false);
 folder = days_of (100);
 pattern = fullfile (folder, "day*.nc");
@@ -80,14 +74,14 @@ check_raises ("by reductions, too", "badFile", @() mean (ds.v, "time"), "day50.n
 check ("other files are read", isequal (ds.v(1,[49 51]), [491 511]));
 clear ds
 check_raises ("a damaged file is named", "badFile", @() gridio_dataset (pattern), "day60.nc.*cannot be joined.*skip");
-warned = warning_of (@() assignin ("base", "ds", gridio_dataset (pattern, "missing", "skip")));
+warned = raised_warning (@() assignin ("base", "ds", gridio_dataset (pattern, "missing", "skip")));
 check (["it is left out with a warning: " warned], ! isempty (strfind (warned, "day60.nc")));
 check ("and the others are joined", isequal (ds.v(1,:), 1 + 10 * [1:49, 51:59, 61:100]) && numel (ds.files ().leftOut) == 0);
 unlink (fullfile (folder, "day70.nc"));
-warned = warning_of (@() assignin ("base", "m", mean (ds.v, "time")));
+warned = raised_warning (@() assignin ("base", "m", mean (ds.v, "time")));
 check (["a file that goes later is left out, too: " warned], isequal (m(1), 1 + 10 * mean ([1:49, 51:59, 61:69, 71:100]))
        && ! isempty (strfind (warned, "day70.nc")));
-warned = warning_of (@() assignin ("base", "x", ds.v(:,67:69)));
+warned = raised_warning (@() assignin ("base", "x", ds.v(:,67:69)));
 check ("or missing where values are read", isequaln (x(1,:), [691 NaN 711]) && ! isempty (strfind (warned, "day70.nc")));
 clear ds
 rmdir (folder, "s");
@@ -159,13 +153,13 @@ list = gridio_catalogue (f ("[ab].nc"), f ("ab.catalogue.nc"));
 nc = gridio_dataset (f ("b.nc"), "write");
 nc.time(2) = datenum (2000, 3, 5);
 clear nc
-warned = warning_of (@() assignin ("base", "ds", gridio_dataset (list)));
+warned = raised_warning (@() assignin ("base", "ds", gridio_dataset (list)));
 check (["files that have changed are read again: " warned], isequal (ds.time(end), datenum (2000, 3, 5))
        && ! isempty (strfind (warned, "b.nc")));
 clear ds
 unlink (f ("b.nc"));
 check_raises ("files that are gone are named", "badFile", @() gridio_dataset (list), "b.nc");
-warned = warning_of (@() assignin ("base", "ds", gridio_dataset (list, "missing", "skip")));
+warned = raised_warning (@() assignin ("base", "ds", gridio_dataset (list, "missing", "skip")));
 check ("or left out", isequal (ds.time(:)', datenum (2000, 3, 1:3)));
 clear ds
 bytes = fopen (list, "r+");

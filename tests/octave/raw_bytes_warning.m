@@ -7,9 +7,14 @@ id = "Ovard:gridio:octave:rawBytes";
 
 % The identifier and the text of the warning that the call raises; empty without one.
 function [raised, text] = warning_of (varargin)
-  lastwarn ("", "");
-  evalc ("try, gridio (varargin{:}); catch, end");
-  [text, raised] = lastwarn ();
+  [text, raised] = raised_warning (@() attempt (varargin{:}));
+end
+
+function attempt (varargin)
+  try
+    gridio (varargin{:});
+  catch
+  end
 end
 
 function yes = warns (varargin)

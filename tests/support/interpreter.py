@@ -6,6 +6,7 @@ runs a script in a folder and with a home of its own, and ends with its status.
 """
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -16,6 +17,12 @@ FIELD = str(ROOT / "examples" / "field.m")
 
 # No start-up file of the user's is read, and no history.
 OPTIONS = ("--norc", "--no-history", "--quiet")
+
+
+def release():
+    """The first number of the interpreter's version."""
+    said = subprocess.run([os.environ.get("OCTAVE_CLI", "octave-cli"), "--version"], capture_output=True, text=True, check=True)
+    return int(re.search(r"version (\d+)", said.stdout)[1])
 
 
 def oct_folder():

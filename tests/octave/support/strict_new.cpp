@@ -13,8 +13,8 @@
 
 namespace {
 
-// Aligned blocks that are in use, by their addresses: each array of the interpreter is one where it has polymorphic
-// allocators.
+// Aligned blocks that are in use, by their addresses: each array of the interpreter is one where it
+// has polymorphic allocators.
 std::array<std::array<std::atomic<void*>, 16>, 1 << 16> alignedBlocks;
 
 bool replaceFirst(const void* block, void* from, void* to)

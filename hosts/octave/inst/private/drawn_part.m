@@ -14,7 +14,7 @@ function [x, at] = drawn_part (v, selection)
   shape = variable_shape (file, number);
   plan = select_positions (file, number, parse_selection (selection));
   wide = find (block_size (plan.lists, shape.lengths) > 1);
-  for place = setdiff (wide, picture_dimensions (file, number, shape, wide))
+  for place = setdiff (wide, picture_dimensions (file, number, shape, wide))(:)'
     first = plan.lists{place}(1);
     if (ischar (first))
       first = 1;

@@ -16,6 +16,7 @@ function open_datasets (what, argument)
     case "add"
       if (! isRegistered)
         atexit ("__gridio_close_datasets__");
+        nargin ("__gridio_close_datasets__"); # reads it, so that no warning of its text takes the place of the last one
         isRegistered = true;
       endif
       open{end+1} = argument;

@@ -24,7 +24,7 @@ function lines = plot_heading (at)
       named = [named, one.name, one.dimensions];
     endif
   endfor
-  for dimension = setdiff (at.about.dimensions, named, "stable")
+  for dimension = setdiff (at.about.dimensions, named, "stable")(:)'
     if (isscalar (at.(dimension{1})))
       places{end+1} = sprintf ("%s: position %d", dimension{1}, at.(dimension{1}));
     endif

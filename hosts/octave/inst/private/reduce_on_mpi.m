@@ -82,7 +82,7 @@ function r = collect (ranks, question, tree, failure, identity)
     bytes = pack_value (r, "the result");
   endif
   outcome = pack_value (struct ("failure", {{failure}}, "length", numel (bytes)), "");
-  for rank = setdiff (1:ranks.size - 1, gone)
+  for rank = setdiff (1:ranks.size - 1, gone)(:)'
     feval (ranks.mpi, "send", outcome, rank, ranks.outcome, ranks.leaving);
   endfor
   if (! isempty (failure))

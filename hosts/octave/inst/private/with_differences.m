@@ -24,7 +24,7 @@ function many = with_differences (file)
     path = many.paths{sample(n)};
     other = file_open (path);
     unwind_protect
-      for k = setdiff (joined, many.coordinate)
+      for k = setdiff (joined, many.coordinate)(:)'
         [difference, many.times{k,n}] = difference_of (file, other, k);
         if (isempty (many.refused{k}) && ! isempty (difference))
           many.refused{k} = sprintf ("in \"%s\" %s", shown_text (path), difference);
