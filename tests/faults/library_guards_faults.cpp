@@ -25,13 +25,16 @@ TEST_F(LibraryGuards, ReadGeneratedAttributesAsElementsOfAnySize)
     const int ncid = create("netcdf4");
     host.call("endDef", {ncid});
     for (const std::string name : {"_IsNetcdf4", "_SuperblockVersion"}) {
+        // Before release 4.10.1, 0 for the first in a file that was created.
+        const Value number = host.call("getAttInt", {ncid, NC_GLOBAL, name}).at(0);
+        const bool isZero = number == Value::scalar<std::int32_t>(0);
         for (const fuzz::Operation& operation : fuzz::operations()) {
             if (operation.parameters != "nvN" || operation.dataClass == vxUNKNOWN_CLASS)
                 continue;
             const Outcome outcome = host.attempt(operation.name, {ncid, NC_GLOBAL, name});
             ASSERT_THAT(outcome, testsupport::succeeds()) << operation.name << ' ' << name;
             // As text, the bytes of the int up to the first NUL.
-            const bool isEmpty = operation.dataClass == vxCHAR_CLASS && name == "_IsNetcdf4";
+            const bool isEmpty = operation.dataClass == vxCHAR_CLASS && isZero;
             EXPECT_EQ(outcome.results.at(0).numel(), isEmpty ? 0U : 1U) << operation.name << name;
         }
     }

@@ -58,14 +58,35 @@ void writeFile(const std::string& path, const std::string& name, std::size_t ran
 
 class HostileFiles : public OperationTest {
 protected:
+    // The library reads so much at once, and rejects header items larger than that.
+    static constexpr int chunkSizeHint = 1 << 22;
+
     int openFileOf(const std::string& name, std::size_t rank)
     {
-        // The library reads so much at once, and rejects header items larger than that.
-        constexpr int chunkSizeHint = 1 << 22;
         const std::string path = folder.file("h.nc");
         writeFile(path, name, rank);
         const Values opened = host.call("pOpen", {path, NC_NOWRITE, chunkSizeHint});
         return static_cast<int>(opened.at(1).toDouble());
+    }
+
+    bool isOpenedByTheLibrary(const std::string& name, std::size_t rank)
+    {
+        const std::string path = folder.file("h.nc");
+        writeFile(path, name, rank);
+        std::size_t hint = chunkSizeHint;
+        int ncid = 0;
+        const bool isOpened = nc__open(path.c_str(), NC_NOWRITE, &hint, &ncid) == NC_NOERR;
+        if (isOpened)
+            nc_close(ncid);
+        return isOpened;
+    }
+
+    // From release 4.10.1 on the library cuts off what is too long.
+    static std::string nameOfTheLibrary(int ncid, std::size_t length)
+    {
+        std::vector<char> name(length + 1);
+        nc_inq_dimname(ncid, 0, name.data());
+        return name.data();
     }
 };
 
@@ -80,9 +101,15 @@ TEST_F(HostileFiles, AreReadUpToTheHighestRank)
     EXPECT_EQ(got("getVar1Int", {ncid, 0, zeros}).numel(), 1U);
 }
 
+// From release 4.10.1 on the library does not open them.
 TEST_F(HostileFiles, AreDescribedButNotReadAboveTheHighestRank)
 {
     for (const std::size_t rank : {1025U, 5000U}) {
+        if (!isOpenedByTheLibrary("v", rank)) {
+            EXPECT_THAT(attempt("pOpen", {folder.file("h.nc"), NC_NOWRITE, chunkSizeHint}),
+                        failsWith("pOpen", NC_EMAXDIMS));
+            continue;
+        }
         const int ncid = openFileOf("v", rank);
         const Value zeros = Value::row(std::vector<double>(rank));
         const Value ones = Value::row(std::vector<double>(rank, 1));
@@ -114,13 +141,14 @@ TEST_F(HostileFiles, AreDescribedButNotReadAboveTheHighestRank)
 TEST_F(HostileFiles, AreDescribedWithNamesOfAnyLength)
 {
     for (const std::size_t length : {256U, 257U, 1000U, 300000U}) {
-        const std::string name(length, 'n');
-        const int ncid = openFileOf(name, 1);
+        const std::string written(length, 'n');
+        const int ncid = openFileOf(written, 1);
+        const std::string name = nameOfTheLibrary(ncid, length);
         EXPECT_EQ(host.call("inqDim", {ncid, 0}), (Values{name, 1})) << length;
         EXPECT_EQ(host.call("inqVar", {ncid, 0}), (Values{name, NC_INT, row({0}), 0})) << length;
         EXPECT_EQ(got("inqAttName", {ncid, NC_GLOBAL, 0}), Value(name)) << length;
-        EXPECT_EQ(number("inqVarID", {ncid, name}), 0) << length;
-        EXPECT_EQ(got("getAttInt", {ncid, NC_GLOBAL, name}), Value::scalar<std::int32_t>(7));
+        EXPECT_EQ(number("inqVarID", {ncid, written}), 0) << length;
+        EXPECT_EQ(got("getAttInt", {ncid, NC_GLOBAL, written}), Value::scalar<std::int32_t>(7));
         EXPECT_EQ(got("getVar1Int", {ncid, 0, 0}), Value::scalar<std::int32_t>(42)) << length;
         EXPECT_THAT(attempt("getVar1Int", {ncid, 0, row({0, 0})}),
                     raises("badIndexArgumentLength", {"START", name, 1L, 2L}));
