@@ -30,6 +30,12 @@ def run_in(folder, words, timeout=60, **variables):
                               env={**environment(home), **variables})
 
 
+def is_masked(library):
+    """Whether the interpreter has loaded another MPI library, as one does that has an HDF5 for MPI."""
+    done = subprocess.run(command(None, "--eval", f'disp (__gridio_{library}__ ("isOwn"))'), capture_output=True, text=True, check=True)
+    return done.stdout != "1\n"
+
+
 class ClusterCase(unittest.TestCase):
     @classmethod
     def setUpClass(cls):

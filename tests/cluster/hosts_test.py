@@ -6,7 +6,7 @@ import subprocess
 import sys
 import unittest
 
-from cluster_case import HERE, ClusterCase, run_in
+from cluster_case import HERE, ClusterCase, is_masked, run_in
 
 HOSTS = ("10.77.7.1:2", "10.77.7.2:2")
 
@@ -31,6 +31,9 @@ class Hosts(ClusterCase):
 
 if __name__ == "__main__":
     LIBRARY = sys.argv.pop()
+    if is_masked(LIBRARY):
+        print("the interpreter has loaded another MPI library")
+        sys.exit(77)
     if "LAUNCH_AGENT" not in os.environ:
         sys.exit(subprocess.run([HERE / "two_hosts_on_this_machine.sh", sys.executable, "-B", __file__, LIBRARY]).returncode)
     unittest.main()

@@ -4,7 +4,7 @@ import os
 import sys
 import unittest
 
-from cluster_case import ClusterCase, run_in
+from cluster_case import ClusterCase, is_masked, run_in
 
 
 class Mpi(ClusterCase):
@@ -53,6 +53,13 @@ class Mpi(ClusterCase):
         self.assertIn('error: place "mpi" needs a launcher', done.stderr)
 
 
+class MaskedMpi(Mpi):
+    def test_is_named_in_an_error(self):
+        done = self.ranks(2, "good")
+        self.assertNotEqual(done.returncode, 0)
+        self.assertIn("error: this interpreter has loaded another MPI library", done.stderr)
+
+
 if __name__ == "__main__":
     LIBRARY = sys.argv.pop()
-    unittest.main()
+    unittest.main(defaultTest="MaskedMpi.test_is_named_in_an_error" if is_masked(LIBRARY) else "Mpi")

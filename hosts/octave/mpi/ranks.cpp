@@ -9,7 +9,9 @@
 #include <mpi.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <string>
@@ -33,6 +35,23 @@ int ownRank()
     int rank = 0;
     check(MPI_Comm_rank(MPI_COMM_WORLD, &rank), "MPI_Comm_rank");
     return rank;
+}
+
+// Whether MPI's functions are those of the library that this was compiled for: an interpreter that
+// has loaded another one, with an HDF5 for MPI, calls the functions of that one. May be asked
+// before MPI is started.
+octave_value_list isOwn(const octave_value_list&)
+{
+    // Another library may write more than this one.
+    std::array<char, std::max(8192, MPI_MAX_LIBRARY_VERSION_STRING)> version{};
+    int length = 0;
+    check(MPI_Get_library_version(version.data(), &length), "MPI_Get_library_version");
+    const bool isOpenMpi = std::strstr(version.data(), "Open MPI") != nullptr;
+#ifdef OPEN_MPI
+    return ovl(isOpenMpi);
+#else
+    return ovl(!isOpenMpi);
+#endif
 }
 
 octave_value_list start(const octave_value_list&)
@@ -206,6 +225,7 @@ octave_value_list call(const octave_value_list& args)
 {
     // clang-format off
     static const std::map<std::string, Row> operations{
+        {"isOwn",     {1, isOwn}},
         {"start",     {1, start}},
         {"post",      {4, post}},
         {"send",      {5, send}},

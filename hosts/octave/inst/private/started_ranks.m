@@ -27,6 +27,10 @@ function [ranks, rank, size] = started_ranks ()
     fail ("noMpi", ["this gridio was built without the MPI library '%s'; install its development files (Debian: " ...
                     "libopenmpi-dev, libmpich-dev) and build it again"], visible_text (name));
   endif
+  if (! feval (mpi, "isOwn"))
+    fail ("noMpi", ["this interpreter has loaded another MPI library, whose functions take the place of those of '%s'; start the " ...
+                    "script by the launcher of the other one"], visible_text (name));
+  endif
   [rank, size] = feval (mpi, "start");
   if (calls == 0)
     atexit ("__gridio_end_ranks__");
