@@ -63,8 +63,11 @@ void requirePlacedStringsIn(int ncid, int varid, const std::string& attribute,
         return;
     // An attribute that there is not is nothing to the library where it is copied onto itself.
     nc_type xtype = NC_NAT;
-    if (nc_inq_atttype(ncid, varid, attribute.c_str(), &xtype) == NC_NOERR)
-        requirePlacedStrings(ncid, xtype, entry);
+    const int status = nc_inq_atttype(ncid, varid, attribute.c_str(), &xtype);
+    if (status == NC_ENOTATT)
+        return;
+    checkStatus(status, entry);
+    requirePlacedStrings(ncid, xtype, entry);
 }
 
 } // namespace Ovard::gridio
