@@ -58,11 +58,7 @@ def write_sources(folder):
 
 
 def run(*command, folder):
-    environment = dict(os.environ)
-    # makeinfo 7.3 complains where no language is chosen at all.
-    if not any(environment.get(name) for name in ("LC_ALL", "LC_MESSAGES", "LANG")):
-        environment["LC_ALL"] = "C.UTF-8"
-    done = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True, text=True, env=environment)
+    done = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, capture_output=True, text=True)
     if done.returncode != 0 or done.stderr:
         sys.exit(f"{' '.join(command)}:\n{done.stdout}{done.stderr}")
 

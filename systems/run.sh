@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
-# "./gridio systems": makes the Debian systems that are named, each in a scratch folder, and runs every test in each, builds the
-# Debian package, and tries the compilers. What a system needs is mounted in a namespace of its own, which ends with the last process in it, so that
-# nothing stays mounted whatever happens here.
+# "./gridio systems": makes the Debian systems that are named, each in a scratch folder, runs every test in each, builds
+# the Debian package and tries the compilers. What a system needs is mounted in a namespace of its own, which ends with
+# the last process in it, so that nothing stays mounted whatever happens here.
 #
 # Under build/systems/NAME each system keeps the logs of its last run, its cells of the table, and what makes a second
 # run faster: Debian's packages, and the compiler's results (ccache).
