@@ -45,7 +45,8 @@ class ClusterCase(unittest.TestCase):
         pathlib.Path(cls.base.name, "make.m").write_text(MADE)
         done = run_in(cls.files, cls.octave("../make.m"))
         assert done.returncode == 0, done
-        cls.wanted = cls.result(run_in(cls.files, cls.octave(HERE / "reduce_files.m", "here", "good")))["hash"]
+        here = cls.result(run_in(cls.files, cls.octave(HERE / "reduce_files.m", "here", "good")))
+        cls.wanted, cls.libraries = here["hash"], here["libraries"]
 
     @classmethod
     def tearDownClass(cls):
