@@ -104,6 +104,7 @@ is_asked() {
 }
 
 rm -f "$kept/versions"
+! is_asked tests || rm -f "$kept/time"
 make_system
 add_user
 status=0

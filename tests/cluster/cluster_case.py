@@ -78,7 +78,7 @@ class ClusterCase(unittest.TestCase):
         return rows[0]
 
     def assert_time_mean_agrees_with_cdo(self):
-        """CDO's own mean of the joined files, as text."""
+        """CDO's own mean of the joined files, as text. CDO 2.5 unpacks in single precision."""
         run = lambda *words: subprocess.run(words, cwd=self.folder, capture_output=True, text=True, check=True).stdout
         run("cdo", "-s", "mergetime", *sorted(path.name for path in self.folder.glob("f*.nc")), "all.nc")
         found = run("cdo", "-s", "outputf,%.10g,1", "mean.nc").split()

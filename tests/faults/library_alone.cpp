@@ -78,7 +78,8 @@ struct Fault {
 };
 
 const Fault faults[] = {
-    {"unregistered_formats", "nc_create with the flag of a user-defined format that there is not",
+    {"unregistered_formats",
+     "nc_create with the flag of a user-defined format that the program has not defined",
      [] {
          create(NC_UDF0);
          return false;

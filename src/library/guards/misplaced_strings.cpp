@@ -61,7 +61,7 @@ void requirePlacedStringsIn(int ncid, int varid, const std::string& attribute,
 {
     if (!isMisplacing())
         return;
-    // An attribute that there is not is nothing to the library where it is copied onto itself.
+    // The library decides: it succeeds when a missing attribute is copied onto itself.
     nc_type xtype = NC_NAT;
     const int status = nc_inq_atttype(ncid, varid, attribute.c_str(), &xtype);
     if (status == NC_ENOTATT)
