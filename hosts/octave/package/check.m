@@ -73,7 +73,7 @@ end
 function functions = indexed (folder)
   lines = lines_of (fullfile (folder, "INDEX"));
   check ("INDEX begins with the name", strncmp (lines{1}, "gridio >> ", 10));
-  is_function = isspace (cellfun (@(line) line(1), lines));
+  is_function = strncmp (lines, " ", 1);
   functions = strtrim (lines(is_function));
 end
 
