@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: BSD-3-Clause
 # build_debian.sh FOLDER: makes the Debian source package octave-gridio and its binary package in FOLDER, from the package
-# for the interpreter's package manager that this tree makes. Needs build-essential and the build dependencies of
+# for the interpreter's package manager that this tree makes. Needs build-essential, python3 and the build dependencies of
 # debian/control; further arguments go to dpkg-buildpackage. The maintainer is who makes it, by the
 # variables of Debian's tools: DEBFULLNAME and DEBEMAIL.
 set -eu

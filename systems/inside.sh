@@ -78,7 +78,7 @@ report_versions() {
 # The Debian package is built from its source package, is without an error or a warning for lintian, and works once it is
 # installed.
 check_package() {
-    in_system "sudo apt-get -q -y --no-install-recommends install build-essential lintian &&
+    in_system "sudo apt-get -q -y --no-install-recommends install build-essential lintian python3 &&
         sudo apt-get -q -y --no-install-recommends build-dep ./gridio/packaging &&
         gridio/packaging/build_debian.sh debian &&
         lintian --display-info --pedantic --fail-on error,warning debian/*.changes &&
