@@ -4,6 +4,8 @@ pkg load gridio
 found = gridio_version ();
 printf ("gridio %s, netCDF %s, HDF5 %s\n", found.gridio, found.netcdf, found.hdf5);
 assert (isempty (strfind (which ("gridio"), [filesep() "home" filesep()])));
+assert (exist (gridio_manual (), "file"), 2);
+assert (exist (fullfile (fileparts (which ("gridio")), "doc.info"), "file"), 2); # what "doc gridio" shows
 
 path = [tempname() ".nc"];
 values = reshape (1:12, 3, 4);
