@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace Ovard::gridio {
 namespace {
@@ -130,7 +131,7 @@ TEST(ChunkDecoder, DecompressesToWhereTheElementsBelong)
             const FilterPipeline pipeline = pipelineOf(filters);
             ChunkDecoder decoder(pipeline);
             const std::string stored = applyFilters(filters, elements);
-            std::basic_string<unsigned char> direct(chunkSize, 0);
+            std::vector<unsigned char> direct(chunkSize, 0);
             const ChunkElements got =
                 decoder.decode(bytesOf(stored), stored.size(), 0, direct.data());
             EXPECT_EQ(got.bytes == direct.data(), got.planeLength == 0) << show(filters);

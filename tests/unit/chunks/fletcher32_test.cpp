@@ -8,19 +8,20 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace Ovard::gridio {
 namespace {
 
 std::uint32_t checksumOf(const std::string& text)
 {
-    const std::basic_string<unsigned char> bytes(text.begin(), text.end());
+    const std::vector<unsigned char> bytes(text.begin(), text.end());
     return fletcher32(bytes.data(), bytes.size());
 }
 
-std::basic_string<unsigned char> withChecksum(const std::string& text)
+std::vector<unsigned char> withChecksum(const std::string& text)
 {
-    std::basic_string<unsigned char> bytes(text.begin(), text.end());
+    std::vector<unsigned char> bytes(text.begin(), text.end());
     bytes.resize(bytes.size() + checksumSize);
     appendChecksum(bytes.data(), text.size());
     return bytes;
