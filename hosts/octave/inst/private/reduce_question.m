@@ -21,12 +21,7 @@ function question = reduce_question (files, partial, combine, options)
   endif
   if (! isempty (question.keep))
     question.keep = make_absolute_filename (question.keep);
-    if (! isfolder (question.keep))
-      [isMade, reason] = mkdir (question.keep);
-      if (! isMade)
-        fail ("notWritten", "cannot create the folder '%s': %s", visible_text (question.keep), reason);
-      endif
-    endif
+    make_folder (question.keep);
     functions = hash ("sha256", char (pack_value ({partial_text(partial, options.scope), ...
                                                    partial_text(combine, options.scope)}, "")));
     question.keys = cell (1, question.count);
@@ -65,6 +60,21 @@ function text = file_identity (file)
     text = [file "\n"];
   else
     text = sprintf ("%s\n%d %.9f\n", make_absolute_filename (file), about.size, about.mtime);
+  endif
+
+endfunction
+
+## Another rank may have created the folder just before, or one above it: that is no failure, and the rest is still to do.
+function make_folder (folder)
+
+  for level = 1:numel (strfind (folder, filesep ()))
+    if (isfolder (folder))
+      return;
+    endif
+    [isMade, reason] = mkdir (folder);
+  endfor
+  if (! isMade && ! isfolder (folder))
+    fail ("notWritten", "cannot create the folder '%s': %s", visible_text (folder), reason);
   endif
 
 endfunction
